@@ -1,0 +1,29 @@
+// A picture in memory, as files and printers get it.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "canvas/colour.h"
+
+namespace gridwright {
+
+/// Rows from the top, each pixel 0x00BBGGRR. An empty picture has no pixels and both sizes 0.
+struct Bitmap {
+  int width = 0, height = 0;
+  std::vector<Colour> pixels;
+
+  [[nodiscard]] Colour at(int x, int y) const {
+    return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                  static_cast<std::size_t>(x)];
+  }
+  friend bool operator==(const Bitmap&, const Bitmap&) = default;
+};
+
+/// A picture of one colour.
+inline Bitmap plainBitmap(int width, int height, Colour colour) {
+  return {width, height,
+          std::vector<Colour>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), colour)};
+}
+
+}  // namespace gridwright

@@ -1,0 +1,128 @@
+#include "canvas/canvas.h"
+
+#include <algorithm>
+
+namespace gridwright {
+
+Canvas::Canvas()
+    : persistent_(static_cast<std::size_t>(kSide) * kSide, qb::white),
+      shown_(persistent_),
+      plane_(persistent_.data()) {}
+
+void Canvas::resize(Size size) {
+  width_ = std::clamp(size.width, 1, kSide);
+  height_ = std::clamp(size.height, 1, kSide);
+  touch(0, 0, width_ - 1, height_ - 1);
+}
+
+void Canvas::fill(int x1, int y1, int x2, int y2, Colour colour) {
+  const int left = std::max(std::min(x1, x2), 0);
+  const int top = std::max(std::min(y1, y2), 0);
+  const int right = std::min(std::max(x1, x2), kSide - 1);
+  const int bottom = std::min(std::max(y1, y2), kSide - 1);
+  if (left > right || top > bottom) return;
+  const Colour ink = (colour & kColourMask) | kCovered;
+  const auto run = static_cast<std::size_t>(right - left) + 1;
+  for (int y = top; y <= bottom; ++y) {
+    std::fill_n(shown_.data() + index(left, y), run, ink);
+    if (autoRedraw_) std::fill_n(persistent_.data() + index(left, y), run, ink);
+  }
+  touch(left, top, right, bottom);
+}
+
+void Canvas::line(int x1, int y1, int x2, int y2, Colour colour) {
+  if (x1 == x2 && y1 == y2) return;
+  if (y1 == y2) {
+    fill(x1, y1, x2 > x1 ? x2 - 1 : x2 + 1, y2, colour);
+  } else {
+    fill(x1, y1, x2, y2 > y1 ? y2 - 1 : y2 + 1, colour);
+  }
+}
+
+void Canvas::outline(int x1, int y1, int x2, int y2, Colour colour) {
+  fill(x1, y1, x2, y1, colour);
+  fill(x1, y2, x2, y2, colour);
+  fill(x1, y1, x1, y2, colour);
+  fill(x2, y1, x2, y2, colour);
+}
+
+void Canvas::cls() {
+  if (autoRedraw_) {
+    std::fill(persistent_.begin(), persistent_.end(), backColor_ & kColourMask);
+  }
+  shown_ = persistent_;  // same size: copies in place
+  touch(0, 0, kSide - 1, kSide - 1);
+}
+
+void Canvas::paintPicture(const Bitmap& source) {
+  const int columns = std::min(source.width, kSide);
+  const int rows = std::min(source.height, kSide);
+  if (columns <= 0 || rows <= 0) return;
+  for (int y = 0; y < rows; ++y) {
+    for (int x = 0; x < columns; ++x) {
+      const Colour ink = (source.at(x, y) & kColourMask) | kCovered;
+      shown_[index(x, y)] = ink;
+      if (autoRedraw_) persistent_[index(x, y)] = ink;
+    }
+  }
+  touch(0, 0, columns - 1, rows - 1);
+}
+
+void Canvas::setPicture(const Bitmap& picture) {
+  std::fill(persistent_.begin(), persistent_.end(), backColor_ & kColourMask);
+  const int columns = std::min(picture.width, kSide);
+  const int rows = std::min(picture.height, kSide);
+  for (int y = 0; y < rows; ++y) {
+    for (int x = 0; x < columns; ++x) {
+      persistent_[index(x, y)] = (picture.at(x, y) & kColourMask) | kCovered;
+    }
+  }
+  shown_ = persistent_;
+  touch(0, 0, kSide - 1, kSide - 1);
+}
+
+void Canvas::setBackColor(Colour colour) {
+  backColor_ = colour;
+  const Colour ground = colour & kColourMask;
+  for (auto* plane : {&persistent_, &shown_}) {
+    for (Colour& pixel : *plane) {
+      if ((pixel & kCovered) == 0) pixel = ground;
+    }
+  }
+  touch(0, 0, kSide - 1, kSide - 1);
+}
+
+Colour Canvas::shownPoint(int x, int y) const {
+  if (!inside(x, y)) return kOutside;
+  return shown_[index(x, y)] & kColourMask;
+}
+
+Bitmap Canvas::visiblePart(const std::vector<Colour>& plane) const {
+  Bitmap part = plainBitmap(width_, height_, 0);
+  auto out = part.pixels.begin();
+  for (int y = 0; y < height_; ++y) {
+    for (int x = 0; x < width_; ++x) *out++ = plane[index(x, y)] & kColourMask;
+  }
+  return part;
+}
+
+void Canvas::touch(int left, int top, int right, int bottom) {
+  if (dirty_.empty()) {
+    dirty_ = {left, top, right + 1, bottom + 1};
+    return;
+  }
+  dirty_.left = std::min(dirty_.left, left);
+  dirty_.top = std::min(dirty_.top, top);
+  dirty_.right = std::max(dirty_.right, right + 1);
+  dirty_.bottom = std::max(dirty_.bottom, bottom + 1);
+}
+
+Canvas::Dirty Canvas::takeDirty() {
+  Dirty taken = dirty_;
+  dirty_ = {};
+  taken.right = std::min(taken.right, width_);
+  taken.bottom = std::min(taken.bottom, height_);
+  return taken;
+}
+
+}  // namespace gridwright

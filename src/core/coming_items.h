@@ -1,0 +1,73 @@
+// Items whose subsystem is not built yet: they stand in the tree, disabled. The list shrinks.
+#pragma once
+
+#include <algorithm>
+#include <array>
+
+#include "core/menu_tree.h"
+
+namespace gridwright {
+
+inline constexpr auto kComingItems = std::to_array<Item>({
+    Item::rmazes,
+    Item::mazes3d1,
+    Item::mazes3d,
+    Item::newwallsize,
+    Item::sdrawing,
+    Item::ldrawing,
+    Item::create3d,
+    Item::create3dpipe,
+    Item::choosew,
+    Item::selectcolor,
+    Item::resetcolors,
+    Item::drawingon,
+    Item::drawingoff,
+    Item::turnsoff,
+    Item::horizontal,
+    Item::vertical,
+    Item::way4,
+    Item::printwithsolutions,
+    Item::printnosolutions,
+    Item::stopallprintings,
+    Item::rfinish,
+    Item::easymode,
+    Item::hardmode,
+    Item::leavetrail,
+    Item::playmodeoff,
+    Item::userplace,
+    Item::largestsolution,
+    Item::includeunderpasses,
+    Item::mostunderpasses,
+    Item::pnormal,
+    Item::plarge,
+    Item::mode1,
+    Item::mode2,
+    Item::mode3,
+    Item::mode4,
+    Item::mode5,
+    Item::mode6,
+    Item::pthick,
+    Item::pthin,
+    Item::crnd1,
+    Item::maxrnd,
+    Item::usernd,
+    Item::srndpatterns,
+    Item::resetsettings,
+    Item::editpatterns,
+    Item::rightpattern,
+    Item::uppattern,
+    Item::downpattern,
+    Item::crpattern,
+    Item::resetpattern,
+    Item::resetpatterns,
+    Item::makeidentical,
+    Item::savepatterns,
+    Item::loadpatterns,
+    Item::exitpattern,
+});
+
+constexpr bool isComing(Item item) {
+  return std::find(kComingItems.begin(), kComingItems.end(), item) != kComingItems.end();
+}
+
+}  // namespace gridwright

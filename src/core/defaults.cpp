@@ -1,0 +1,74 @@
+#include "core/defaults.h"
+
+#include "canvas/colour_repairs.h"
+#include "core/menu_rules.h"
+#include "core/panels.h"
+
+namespace gridwright {
+
+void resetsettings(Program& program) {
+  ProgramState& s = program.state;
+  MenuModel& menus = program.menus;
+  s.finishMethod = FinishMethod::user;
+  s.finishFound = false;
+  s.creationMode = CreationMode::user;
+  s.pathSize = 1;
+  s.difficultyLevel = 4;
+  s.autoMinimize = false;
+  s.minimizedNow = false;
+  s.patternState = PatternState::choose;
+  s.patternDirection = 0;
+  s.randomStepsTemporary = false;
+  s.randomPatternMode = 0;
+  s.stopAtFinish = false;
+  s.randomSizeVaries = false;
+  s.playMode = s.chosenPlayMode = PlayMode::off;
+  s.trailOff = false;
+  markOne(menus, {Item::pthick, Item::pthin}, Item::pthick);
+  markOne(menus, {Item::playmodeoff, Item::easymode, Item::hardmode}, Item::playmodeoff);
+  markOne(menus, {Item::aon, Item::aoff}, Item::aoff);
+  markOne(menus, {Item::usepattern, Item::dontusepattern, Item::crnd1}, Item::usepattern);
+  markOne(menus, {Item::maxrnd, Item::usernd}, Item::maxrnd);
+  markOne(menus, {Item::gofinish, Item::stopfinish}, Item::gofinish);
+  markSettings(program);
+  mazemenus(program);
+}
+
+void mbsub(Program& program) {
+  ProgramState& s = program.state;
+  resetsettings(program);
+  s.randomPatternSize = 5;
+  captionRandomSizes(program);
+  s.walker.channelPosition = 0;
+  s.symmetryMode = Symmetry::off;
+  s.drawingOff = false;
+  s.printTotal = s.printedCount = 0;
+  s.printMode = PrintMode::none;
+  program.steps.resetKind(s.mazeKind);
+  markSettings(program);
+  printStatus(program);
+}
+
+void forgetEverything(Program& program) {
+  ProgramState& s = program.state;
+  s.panelOpen = s.paused = false;
+  s.editedPattern = 0;
+  s.mazeMadeOnce = s.resumeMaze = s.keepPicture = s.nrefreshDue = false;
+  s.savedStartColorValid = s.savedFinishColorValid = false;
+  s.finishColor = 0;
+  s.patternState = PatternState::choose;
+  s.patternDirection = 0;
+  s.randomStepsTemporary = false;
+  s.randomPatternMode = 0;
+  s.randomFlagLeft = s.randomFlagRight = s.randomFlagUp = s.randomFlagDown = false;
+  s.tightForPipes = false;
+  s.walker = {};
+  s.ends = {};
+  s.solver = {};
+  s.print = {};
+  s.drawing = {};
+  hideAllPanels(program);
+  defaultColours(program);
+}
+
+}  // namespace gridwright

@@ -1,0 +1,29 @@
+// What a person does, as the tenants report it from inside the pump. Handlers change state; the
+// running loop acts on it. A menu command proceeds only while `keyBusy` is 0 and sets it, so one pump
+// takes one command and drops the rest; buttons, boxes, lists, swatches, timers and the close of the
+// window do not ask.
+#pragma once
+
+#include "core/program.h"
+
+namespace gridwright::input {
+
+/// Chooses an item. One that is disabled, hidden or only informs does nothing.
+void menuClick(Program& program, Item item);
+
+/// Presses a button; one that is not shown does nothing.
+/// \throws ProgramEnd for the button that quits the program.
+void buttonClick(Program& program, ControlId button);
+
+/// Puts text into a shown text box, as typing does.
+void textTyped(Program& program, ControlId box, std::string_view text);
+void enterPressed(Program& program, ControlId box);
+void escapePressed(Program& program, ControlId box);
+
+/// Chooses an entry of a shown file list: it goes into the panel's box, which gets the focus.
+void listClick(Program& program, ControlId list, int entry);
+
+/// The window's client area has a new size: the Canvas follows at the title and in drawing only.
+void resized(Program& program, Size size);
+
+}  // namespace gridwright::input

@@ -1,0 +1,52 @@
+#include "core/main_loop.h"
+
+#include "core/pump.h"
+#include "core/stages.h"
+
+namespace gridwright {
+
+void endProgram() { throw ProgramEnd{}; }
+
+void runProgram(Program& program) {
+  for (Stage stage = Stage::processStart;;) stage = runStage(program, stage);
+}
+
+Stage stageOf(Phase phase) {
+  switch (phase) {
+    case Phase::quitToTitle:
+    case Phase::title:
+      return Stage::title;
+    case Phase::drawing:
+      return Stage::drawing;
+    case Phase::making:
+      return Stage::making;
+    case Phase::placing:
+      return Stage::ends;
+    default:
+      return Stage::solving;
+  }
+}
+
+Stage runStage(Program& program, Stage stage) {
+  switch (stage) {
+    case Stage::processStart:
+      return processStartStage(program);
+    case Stage::title:
+      return titleStage(program);
+    case Stage::leaveTitle:
+      return leaveTitleStage(program);
+    case Stage::drawing:
+      return drawingStage(program);
+    case Stage::checks:
+      return checksStage(program);
+    case Stage::making:
+      return makingStage(program);
+    case Stage::ends:
+      return endsStage(program);
+    case Stage::solving:
+      return solvingStage(program);
+  }
+  return Stage::title;
+}
+
+}  // namespace gridwright

@@ -1,0 +1,16 @@
+// The spine: one long sequence of stages, each of which prepares a phase, calls its owner loop and
+// says where the program goes on.
+#pragma once
+
+#include "core/program.h"
+
+namespace gridwright {
+
+/// Lives as long as the program does.
+/// \throws ProgramEnd when the window is closed, from wherever the program stands.
+[[noreturn]] void runProgram(Program& program);
+
+/// Ends the process at once: "Click to Quit Program", and both close events of the window.
+[[noreturn]] void endProgram();
+
+}  // namespace gridwright

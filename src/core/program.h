@@ -1,0 +1,48 @@
+// Everything one run of the program holds. There are no globals: a test makes as many as it likes.
+//
+// The routines are free functions over it; a handler changes state and leaves acting on it to the
+// running loop's next pass.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "canvas/canvas.h"
+#include "canvas/colour_sets.h"
+#include "core/controls.h"
+#include "core/menu_tree.h"
+#include "core/program_state.h"
+#include "core/random.h"
+#include "files/work_folder.h"
+#include "files/work_pictures.h"
+#include "patterns/step_files.h"
+#include "platform/platform.h"
+
+namespace gridwright {
+
+struct Program {
+  /// \param workFolder where every file lies; it must exist.
+  Program(Platform& desktop, const std::filesystem::path& workFolder)
+      : Program(desktop, std::make_unique<WorkFolder>(workFolder)) {}
+  Program(Platform& desktop, std::unique_ptr<WorkFolder> folder)
+      : platform(desktop), files(std::move(folder)), pictures(desktop, *files), steps(*files) {}
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  ProgramState state;
+  Canvas canvas;
+  Bitmap pictureHolder;  ///< Holds a picture on its way to the Canvas.
+  ColourSets colours;
+  MenuModel menus;
+  ControlModel controls;
+  Random random;
+  Platform& platform;
+  std::unique_ptr<WorkFolder> files;
+  WorkPictures pictures;
+  StepFiles steps;
+
+  [[nodiscard]] Pixels pixels() const { return {canvas, colours}; }
+};
+
+}  // namespace gridwright

@@ -1,0 +1,13 @@
+// Menu items that only store a setting and move a check mark, and the quit.
+#pragma once
+
+#include "core/program.h"
+
+namespace gridwright {
+
+void aon(Program& program);
+void aoff(Program& program);
+
+void quit2(Program& program);  ///< "Quit to Main Menu"
+
+}  // namespace gridwright

@@ -1,0 +1,73 @@
+#include "core/wall_size.h"
+
+#include <algorithm>
+#include <string>
+
+#include "core/grid.h"
+#include "core/menu_rules.h"
+#include "core/panels.h"
+#include "maze/makemaze2.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr int kSmallest = 5;
+constexpr int kLargest = 50;
+
+/// A new wall size means a new grid: the brush goes to the first cell and no end is placed.
+void startNewGrid(ProgramState& s, int wallSize) {
+  s.wallWidth = s.wallHeight = wallSize;
+  pitchFromKind(s);
+  s.cur = s.prev = s.drawing.savedCur = firstCell(s);
+  s.start = {0, 0, -5, -5};
+  s.finish = {0, 0, -3, -3};
+  s.drawing.skipPaintOnce = true;
+  s.symmetryMode = Symmetry::off;
+  s.drawingOff = false;
+}
+
+}  // namespace
+
+void repairBackColor(Program& program) {
+  const ColourSets& sets = program.colours;
+  const Colour back = program.canvas.backColor();
+  if (!sets.isMaze(back) && !sets.isBackground(back)) return;
+  const auto& border = sets.border();
+  const auto* plain = std::find_if(border.begin(), border.end(),
+                                   [&](Colour c) { return !sets.isMaze(c) && !(c >= 299 && c <= 401); });
+  if (plain != border.end()) program.canvas.setBackColor(*plain);
+}
+
+void changewallsize(Program& program) {
+  openPanel(program, kWallSizePanel, std::to_string(program.state.wallWidth));
+}
+
+void wallSizeEntered(Program& program) {
+  ProgramState& s = program.state;
+  const int wallSize = std::clamp(numberTyped(program.controls[ControlId::Text2].text), kSmallest, kLargest);
+  Canvas& canvas = program.canvas;
+  program.platform.maximise();
+  if (s.phase != Phase::drawing) paintWorkPicture(program, "drawing1.bmp");  // not the half-made maze
+  canvas.setAutoRedraw(false);
+  canvas.cls();
+  closePanel(program, kWallSizePanel);
+  s.phase = Phase::drawing;
+  if (!s.mazeMadeOnce) {
+    canvas.clearPicture();
+    s.creationMode = CreationMode::user;
+  }
+  startNewGrid(s, wallSize);
+  program.pictures.save("drawing1.bmp", canvas.image());
+  program.pictures.save("drawing1b.bmp", canvas.image());
+  repairBackColor(program);
+  s.drawColor = canvas.backColor();
+  s.drawing.savedDrawColor = s.drawColor;
+}
+
+void wallSizeEscaped(Program& program) {
+  closePanel(program, kWallSizePanel);
+  program.state.drawing.newSizeRequest = false;
+}
+
+}  // namespace gridwright

@@ -1,0 +1,63 @@
+#include "drawing/mirror.h"
+
+#include "core/grid.h"
+
+namespace gridwright {
+
+namespace {
+
+/// Lines of the grid along one axis, and the one that the square stands on or has last passed.
+struct Lines {
+  int last = 0;   ///< Position of the last line.
+  int count = 0;  ///< How many there are, from 1.
+  int own = 1;    ///< The square's, from 1.
+};
+
+Lines walkLines(int wall, int pitch, int extent, int position) {
+  Lines lines{wall, 1, 1};
+  for (;;) {
+    if (lines.last <= position) lines.own = lines.count;
+    if (lines.last + pitch > extent - pitch) return lines;
+    ++lines.count;
+    lines.last += pitch;
+  }
+}
+
+void setMirrorUp(ProgramState& s, int column, int row) {
+  DrawingState& d = s.drawing;
+  const bool pipe = s.mazeKind == MazeKind::pipe;
+  d.mirror.left = s.gridRight - column * s.stepX + s.wallWidth - s.squareWidth - 1 + (pipe ? s.stepX : 0);
+  d.mirror.right = d.mirror.left + s.squareWidth;
+  d.centreLeft = (s.gridColumns - 1) / 2 * s.stepX - s.wallWidth;
+  d.mirror.top = s.gridBottom - row * s.stepY + s.wallHeight - s.squareHeight - 1;
+  if (s.wallHeight != 5) d.mirror.top -= s.stepY;
+  if (pipe) d.mirror.top += 2 * s.stepY;
+  d.mirror.bottom = d.mirror.top + s.squareHeight;
+  d.centreTop = (s.gridRows - 1) / 2 * s.stepY - s.wallHeight;
+  d.prevMirror = d.mirror;
+}
+
+}  // namespace
+
+void measureDrawing(Program& program) {
+  ProgramState& s = program.state;
+  const int width = program.canvas.scaleWidth();
+  const int height = program.canvas.scaleHeight();
+  pitchFromKind(s);
+  if (s.cur.right >= width || s.cur.bottom >= height) s.cur = s.prev = firstCell(s);
+  s.squareWidth = s.cur.right - s.cur.left;
+  s.squareHeight = s.cur.bottom - s.cur.top;
+  const Lines columns = walkLines(s.wallWidth, s.stepX, width, s.cur.left);
+  const Lines rows = walkLines(s.wallHeight, s.stepY, height, s.cur.top);
+  s.gridRight = columns.last;
+  s.gridColumns = columns.count;
+  s.gridBottom = rows.last;
+  s.gridRows = rows.count;
+  // Rows go one further than columns do, but for pipes: the mirror is told from there.
+  if (s.mazeKind != MazeKind::pipe) s.gridBottom += s.stepY;
+  s.canvasWidth = width;
+  s.canvasHeight = height;
+  setMirrorUp(s, columns.own, rows.own);
+}
+
+}  // namespace gridwright

@@ -1,0 +1,31 @@
+#include "files/import_drawing.h"
+
+#include "core/menu_rules.h"
+#include "core/panels.h"
+
+namespace gridwright {
+
+void importdrawing(Program& program) {
+  refreshList(program, ControlId::File5, ".bmp");
+  openPanel(program, kImportPanel, nameToOffer(program, ControlId::File5, ""));
+}
+
+void importEntered(Program& program) {
+  ProgramState& s = program.state;
+  const std::string name = baseName(program.controls[ControlId::Text8].text) + ".bmp";
+  closePanel(program, kImportPanel);
+  const auto picture = program.platform.loadBitmap(program.files->resolve(name));
+  if (!picture) {
+    program.platform.messageBox("Error: can't find bitmap.");
+    return;
+  }
+  program.canvas.setPicture(picture.value());
+  s.drawing.skipPaintOnce = s.drawing.firstPaint = true;
+  program.platform.maximise();
+  s.mazeMadeOnce = true;
+  showCreateItems(program);
+}
+
+void importEscaped(Program& program) { closePanel(program, kImportPanel); }
+
+}  // namespace gridwright

@@ -1,0 +1,11 @@
+// The window on paper.
+#pragma once
+
+#include "core/program.h"
+
+namespace gridwright {
+
+/// "print the window": the Canvas as it is shown now, one page, a document of its own.
+void printfff(Program& program);
+
+}  // namespace gridwright

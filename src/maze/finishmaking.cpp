@@ -1,0 +1,35 @@
+#include "maze/finishmaking.h"
+
+namespace gridwright {
+
+void resetfillcursor(ProgramState& state) {
+  state.scanX = state.wallWidth + 1 - state.stepX;
+  state.scanY = state.wallHeight + 1 - state.stepY;
+  state.walker.freeCellMetSinceStep = false;
+}
+
+bool isFreeForMaze(const Program& program, int x, int y) {
+  const ProgramState& s = program.state;
+  const Colour corner = program.canvas.point(x, y);
+  if (!program.colours.isFree(corner) || corner == kCursorColour) return false;
+  if (!s.mazeMadeOnce) return true;
+  return program.pixels().allFree(x - 1, y - 1, x + s.wallWidth - 2, y + s.wallHeight - 2, kCursorColour);
+}
+
+void finishmaking(Program& program) {
+  ProgramState& s = program.state;
+  if (!isFreeForMaze(program, s.scanX, s.scanY)) return;
+  resetfillcursor(s);
+  s.walker.freeCellMetSinceStep = true;
+}
+
+bool advancefillcursor(ProgramState& state) {
+  state.scanX += state.stepX;
+  if (state.scanX > state.canvasWidth) {
+    state.scanX = state.wallWidth + 1 - state.stepX;
+    state.scanY += state.stepY;
+  }
+  return state.scanY <= state.canvasHeight;
+}
+
+}  // namespace gridwright

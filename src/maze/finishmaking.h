@@ -1,0 +1,22 @@
+// When is a maze done? Nothing counts its cells: a fill cursor moves one cell a pass over the whole
+// grid, and every free cell it meets sends it back to the beginning. When it gets through, the maze
+// is done.
+#pragma once
+
+#include "core/program.h"
+
+namespace gridwright {
+
+/// Puts the fill cursor one pitch before the first cell.
+void resetfillcursor(ProgramState& state);
+
+/// Whether the cell whose square begins at (x, y) is wholly free: no carved pixel, no cursor.
+bool isFreeForMaze(const Program& program, int x, int y);
+
+/// Tests the cell under the fill cursor and resets the cursor when it is free.
+void finishmaking(Program& program);
+
+/// One cell on. \returns false when the cursor has got through the whole Canvas.
+bool advancefillcursor(ProgramState& state);
+
+}  // namespace gridwright

@@ -1,0 +1,345 @@
+#include "maze/makemaze.h"
+
+#include "core/menu_rules.h"
+#include "core/pump.h"
+#include "maze/finishmaking.h"
+#include "maze/makemaze2.h"
+#include "maze/mixcolors.h"
+#include "maze/notrap1.h"
+#include "maze/regular_step.h"
+#include "maze/stranded.h"
+#include "maze/walk_paint.h"
+
+namespace gridwright {
+
+namespace {
+
+/// Where a pass goes on. The jumps of the walker are all here.
+enum class At {
+  status,         // a full pass: everything from the menus on
+  finishPassed,   // past the finish test, after a walk back ended on free ground
+  shortPass,      // after the menus: the walker did not even try to step
+  choosePattern,  // a step file has ended: choose the next within the same pass
+  drawStep,       // a random step was refused: draw again, with all that follows
+  readStep,       // the next number of the step file
+  tryStep,        // a step is chosen
+  leave,
+};
+
+/// Step files are read through channel 1; closing it is to forget how far it was read.
+void closeChannel(ProgramState& s) { s.walker.channelPosition = 0; }
+
+void status(Program& program) {
+  rescueIfStranded(program);
+  printStatus(program);
+  declaremenus1(program);
+  showCreateItems(program);
+}
+
+/// Works unseen when asked to: a minimised window needs no repainting.
+void minimiseOnce(Program& program) {
+  ProgramState& s = program.state;
+  if (s.autoMinimize && !s.paused) {
+    if (s.creationMode == CreationMode::user) {
+      s.minimizedNow = false;
+    } else if (!s.minimizedNow) {
+      program.platform.setWindowState(WindowState::minimised);
+      s.minimizedNow = true;
+    }
+  }
+  if (!s.paused) program.canvas.setAutoRedraw(true);
+}
+
+/// On the finish the walker paints it and goes back to the origin, so that the finish stays a dead
+/// end. \returns whether the maze is done, because both ends are reached and that was asked for.
+bool finishReached(Program& program) {
+  ProgramState& s = program.state;
+  if (s.walkMode == WalkMode::carve && !s.panelOpen) paintJoin(program);
+  mixcolors(program);
+  if (!s.panelOpen) boxSquare(program, s.cur);
+  const Pixels pixels = program.pixels();
+  if (s.stopAtFinish && pixels.maze(s.start.left, s.start.top) && pixels.maze(s.finish.left, s.finish.top)) {
+    if (!s.panelOpen) boxSquare(program, s.prev);
+    s.phase = Phase::placing;
+    return true;
+  }
+  s.cur = s.walker.walkStart;
+  s.walkMode = WalkMode::back;
+  return false;
+}
+
+/// A pipe's new cell may lie in another background than the one before it.
+void remixPipe(Program& program) {
+  ProgramState& s = program.state;
+  s.cur = s.cur.moved(-s.deltaX, -s.deltaY);
+  s.walker.previousMazeColor = s.mazeColor;
+  mixcolors(program);
+  s.cur = s.cur.moved(s.deltaX, s.deltaY);
+  if (s.mazeColor == s.walker.previousMazeColor) return;
+  program.canvas.fill(s.cur.left, s.cur.top, s.cur.right - s.deltaX, s.cur.bottom - s.deltaY, s.mazeColor);
+  program.canvas.fill(s.cur.left - s.deltaX, s.cur.top - s.deltaY, s.cur.right, s.cur.bottom, s.mazeColor);
+}
+
+/// Paints what the last step carved, and settles the colours of the square left behind.
+void paintEntry(Program& program) {
+  ProgramState& s = program.state;
+  const bool moved = walkerMoved(s);
+  if (s.creationMode == CreationMode::user && !s.panelOpen) boxSquare(program, s.prev);
+  mixcolors2(program);
+  s.walker.cellColorAtEntry = program.canvas.point(s.cur.left, s.cur.top);
+  if (s.walkMode == WalkMode::carve && moved && !s.panelOpen) paintJoin(program);
+  if (s.mazeKind == MazeKind::pipe && s.walkMode == WalkMode::carve && moved) remixPipe(program);
+
+  if (s.walker.lastWalkMode != s.walkMode && s.walkMode == WalkMode::back &&
+      s.patternState != PatternState::random) {
+    takeUpRandomSteps(s);
+    closeChannel(s);
+  }
+  const bool modeChanged = s.walker.lastWalkMode != s.walkMode;
+  const bool userWalksBack = s.creationMode == CreationMode::user && s.walkMode == WalkMode::back;
+  if ((moved && (modeChanged || userWalksBack)) || s.creationMode != s.walker.lastCreationMode) {
+    boxSquare(program, s.prev);
+  }
+  if (moved) s.walker.lastWalkMode = s.walkMode;
+  const Colour here = program.canvas.point(s.cur.left, s.cur.top);
+  if (userWalksBack && moved && s.walkMode == s.walker.lastWalkMode && here != kCursorColour) {
+    s.mazeColor = here;
+  }
+}
+
+/// The corridor keeps its own colour when the walker leaves it.
+void colourUnderSquare(Program& program) {
+  ProgramState& s = program.state;
+  if (s.paused || !walkerMoved(s)) return;
+  if (program.colours.isMaze(s.walker.coveredColor)) s.mazeColor = s.walker.coveredColor;
+  const Colour here = program.canvas.point(s.cur.left, s.cur.top);
+  if (here != kCursorColour) s.walker.coveredColor = here;
+}
+
+void choosePattern(Program& program) {
+  ProgramState& s = program.state;
+  if (s.patternState == PatternState::choose) {
+    closeChannel(s);
+    s.patternDirection = program.random.oneTo(4);  // drawn even where it is overwritten at once
+    if (s.walkMode == WalkMode::back) takeUpRandomSteps(s);
+  }
+  s.walker.lastStepCode = s.stepCode;
+  s.stepCode = step::none;
+  if (s.creationMode == CreationMode::user && s.patternState == PatternState::choose) s.patternDirection = 0;
+}
+
+void drawStep(Program& program) {
+  ProgramState& s = program.state;
+  if (s.patternState == PatternState::random) s.stepCode = program.random.oneTo(4);
+  if (s.creationMode == CreationMode::user) s.stepCode = step::none;
+}
+
+/// A carved square with one open side is a dead end; the last one is a finish of last resort.
+void rememberDeadEnd(Program& program) {
+  ProgramState& s = program.state;
+  const Pixels pixels = program.pixels();
+  const Square& q = s.cur;
+  const int closedSides = !pixels.maze(q.left - 1, q.top) + !pixels.maze(q.right + 1, q.top) +
+                          !pixels.maze(q.left, q.top - 1) + !pixels.maze(q.left, q.bottom + 1);
+  const bool deadEnd = closedSides == 3 && s.walkMode == WalkMode::carve;
+  if ((!deadEnd && s.walker.stopSeen) || q.sameCorner(s.start)) return;
+  if (s.walkMode == WalkMode::carve) s.walker.stopSeen = true;
+  s.walker.lastStop = q;
+}
+
+void wipeCursor(Program& program) {
+  ProgramState& s = program.state;
+  if (s.creationMode != CreationMode::computer) return;
+  for (const Square& square : {s.cur, s.prev}) {
+    if (program.canvas.point(square.left + 1, square.top + 1) == kCursorColour) boxSquare(program, square);
+  }
+}
+
+/// The user's maze may wait for a key once the fill sweep has met a free cell with no step since:
+/// until then the sweep must run on, because it can end the maze.
+Pace paceOf(const ProgramState& s) {
+  const bool waits = s.creationMode == CreationMode::user && s.walker.freeCellMetSinceStep &&
+                     s.patternState != PatternState::reading && !walkerMoved(s);
+  return s.paused || waits ? Pace::idle : Pace::working;
+}
+
+/// The fill sweep, the yield, and what handlers may have changed in it. \returns whether to go on.
+bool sweepAndYield(Program& program) {
+  ProgramState& s = program.state;
+  s.walker.lastCreationMode = s.creationMode;
+  finishmaking(program);
+  if (!advancefillcursor(s)) {
+    s.phase = Phase::placing;
+    return false;
+  }
+  const bool wasPaused = s.paused;
+  yield(program, paceOf(s));
+  if (wasPaused && !s.paused && s.creationMode == CreationMode::user)
+    program.canvas.fill(s.cur, kCursorColour);
+  if (s.walker.stopMaking) return false;
+  rememberDeadEnd(program);
+  wipeCursor(program);
+  if (s.phase == Phase::quitToTitle) return false;
+  if (s.creationMode != s.walker.lastCreationMode) boxSquare(program, s.prev);
+  return s.phase != Phase::drawing && s.phase != Phase::placing;
+}
+
+/// Opens the step file of the direction drawn.
+void openPattern(ProgramState& s) {
+  if (s.patternState == PatternState::choose) {
+    if (s.patternDirection != 0) {
+      s.walker.channelPosition = 0;
+      s.walker.lastStop = s.cur;
+    }
+    s.patternState = PatternState::reading;
+  }
+  if (s.patternDirection == 0 && s.patternState != PatternState::random) {
+    s.patternState = PatternState::choose;
+    s.stepCode = step::none;
+  }
+}
+
+At readStep(Program& program) {
+  ProgramState& s = program.state;
+  if (s.patternDirection == 0 || s.patternState == PatternState::random) return At::tryStep;
+  const Steps& steps = program.steps.steps(s.mazeKind, s.patternDirection);
+  const std::size_t position = s.walker.channelPosition++;
+  s.walker.patternValue = position < steps.size() ? steps[position] : step::endMark;
+  if (s.walker.patternValue == step::endMark) {
+    s.patternState = PatternState::choose;
+    s.patternDirection = 0;
+    s.walker.lastStop = s.cur;
+    return At::choosePattern;
+  }
+  if (s.patternState != PatternState::choose) s.stepCode = s.walker.patternValue;
+  return At::tryStep;
+}
+
+/// A carving walker never reverses on itself, and none repeats a step that has just failed.
+bool isRefused(const ProgramState& s) {
+  const auto opposites = [](int a, int b) {
+    return a >= step::left && a <= step::down && (a - 1) == ((b - 1) ^ 1);
+  };
+  return (!walkerMoved(s) && s.stepCode == s.walker.lastStepCode) ||
+         (s.walkMode == WalkMode::carve && opposites(s.stepCode, s.walker.lastStepCode));
+}
+
+/// After a refused underpass the codes 1 to 5 are tried in turn, until the walker leaves the square.
+void sweepStep(ProgramState& s) {
+  if (!s.walker.sweepActive) return;
+  if (!s.paused) ++s.walker.sweepCode;
+  const bool exhausted = s.walker.sweepCode > step::walkBack;
+  if (s.cur.left != s.sweepX || s.cur.top != s.sweepY || exhausted) s.walker.sweepActive = false;
+  if (exhausted) s.walkMode = WalkMode::back;
+  if (s.walker.sweepActive) s.stepCode = s.walker.sweepCode;
+}
+
+/// Turns the step into an offset. \returns whether a pattern ordered the walk back instead.
+bool offsetFromStep(ProgramState& s) {
+  s.prev = s.cur;
+  s.deltaX = s.deltaY = 0;
+  if (s.paused) s.stepCode = step::none;
+  switch (s.stepCode) {
+    case step::left:
+      s.deltaX = -s.wallWidth;
+      break;
+    case step::right:
+      s.deltaX = s.wallWidth;
+      break;
+    case step::up:
+      s.deltaY = -s.wallHeight;
+      break;
+    case step::down:
+      s.deltaY = s.wallHeight;
+      break;
+    case step::walkBack:
+      if (s.walker.sweepActive) break;
+      s.walkMode = s.walker.lastWalkMode = WalkMode::back;
+      return true;
+    default:
+      break;
+  }
+  return false;
+}
+
+At makeStep(Program& program) {
+  ProgramState& s = program.state;
+  hopOverBorder(program);
+  leadFromDelta(s);
+  notrap1(program);
+  if (s.stepCode == step::none) return At::status;
+  if (s.walkMode != WalkMode::back &&
+      program.pixels().noGround(s.walker.leadX + s.deltaX, s.walker.leadY + s.deltaY)) {
+    return At::status;
+  }
+  return regularStep(program) == StepResult::walkBackEnded ? At::finishPassed : At::status;
+}
+
+At chooseStep(Program& program) {
+  ProgramState& s = program.state;
+  if (!s.walker.sweepActive && isRefused(s)) {
+    if (s.patternDirection != 0 && s.patternState != PatternState::random && !s.paused) return At::readStep;
+    if (s.patternState == PatternState::random) return At::drawStep;
+  }
+  sweepStep(s);
+  if (offsetFromStep(s)) return At::readStep;
+  if (s.deltaX == 0 && s.deltaY == 0 && s.stepCode != step::walkBack) return At::shortPass;
+  s.walker.freeCellMetSinceStep = false;
+  return makeStep(program);
+}
+
+/// From the choice of a pattern to the yield and the step file.
+At fromPatternOn(Program& program, bool choosing) {
+  if (choosing) choosePattern(program);
+  drawStep(program);
+  if (!sweepAndYield(program)) return At::leave;
+  openPattern(program.state);
+  return At::readStep;
+}
+
+At wholePass(Program& program, At from) {
+  ProgramState& s = program.state;
+  if (from == At::status) status(program);
+  if (from != At::finishPassed) {
+    minimiseOnce(program);
+    if (s.cur.sameCorner(s.finish) && finishReached(program)) return At::leave;
+  }
+  paintEntry(program);
+  colourUnderSquare(program);
+  if (!s.paused && s.creationMode == CreationMode::user) program.canvas.fill(s.cur, kCursorColour);
+  return At::choosePattern;
+}
+
+At goOn(Program& program, At at) {
+  switch (at) {
+    case At::status:
+    case At::shortPass:
+    case At::finishPassed:
+      return wholePass(program, at);
+    case At::choosePattern:
+      colourUnderSquare(program);
+      return fromPatternOn(program, true);
+    case At::drawStep:
+      return fromPatternOn(program, false);
+    case At::readStep:
+      return readStep(program);
+    case At::tryStep:
+      return chooseStep(program);
+    case At::leave:
+      break;
+  }
+  return At::leave;
+}
+
+}  // namespace
+
+void makemaze(Program& program) {
+  ProgramState& s = program.state;
+  s.walker.stopMaking = false;
+  makemaze2(program);
+  if (s.phase == Phase::quitToTitle) return;
+  for (At at = At::status; at != At::leave;) at = goOn(program, at);
+  if (s.phase != Phase::quitToTitle) s.mazeMadeOnce = s.walker.savedMazeMadeOnce;
+}
+
+}  // namespace gridwright

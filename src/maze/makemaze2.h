@@ -1,0 +1,27 @@
+// How a maze begins and begins again. A program that has only pixels for data keeps its history in
+// pictures, and restarting is loading the right one.
+#pragma once
+
+#include <string_view>
+
+#include "core/program.h"
+
+namespace gridwright {
+
+/// Prepares the walker at each entry of `makemaze`: picture, square, patterns and colours. Returns
+/// with `phase` 1 and `walkMode` walking back, also for a maze that is resumed.
+void makemaze2(Program& program);
+
+/// The part of it that forgets the step in hand.
+void makemaze1(Program& program);
+
+/// Paints a work picture over the Canvas, persistent.
+void paintWorkPicture(Program& program, std::string_view name);
+
+/// Short underpasses for a maze that begins; long ones only in pipes that ask for them.
+void chooseUnderpassLength(Program& program);
+
+/// The user's own square, shown where the user makes the maze and nothing holds the window.
+void showCursorSquare(Program& program);
+
+}  // namespace gridwright

@@ -1,0 +1,186 @@
+#include "maze/maze_commands.h"
+
+#include "core/grid.h"
+#include "core/menu_rules.h"
+#include "maze/finishmaking.h"
+#include "maze/makemaze2.h"
+#include "solve/saved_finish.h"
+
+namespace gridwright {
+
+namespace {
+
+/// What every restart forgets of the step in hand.
+void forgetStep(ProgramState& s) {
+  resetfillcursor(s);
+  s.walker.passesSinceCarved = 0;
+  s.stepCode = step::none;
+  s.patternDirection = 0;
+}
+
+/// In the drawing phase a create command for another kind only switches the kind; the one of the
+/// present kind starts the maze. Neither starts one under a panel.
+void createInDrawing(Program& program, MazeKind kind) {
+  ProgramState& s = program.state;
+  if (kind == s.mazeKind) {
+    if (!s.panelOpen) s.phase = Phase::making;
+    return;
+  }
+  if (s.mazeKind == MazeKind::pipe) s.drawing.skipPaintOnce = true;
+  s.mazeKind = kind;
+  markKind(program);
+  pitchFromKind(s);
+  captionDrawing(program);
+  mazemenus(program);
+}
+
+/// Outside it the maze starts anew in the bare drawing, unless the item is marked already.
+void createAnew(Program& program, MazeKind kind, Item item) {
+  ProgramState& s = program.state;
+  if (program.menus.checked(item)) return;
+  s.nrefreshDue = false;
+  s.shortUnderpasses = true;
+  s.mazeKind = kind;
+  markKind(program);
+  pitchFromKind(s);
+  captionMaking(program);
+  forgetStep(s);
+  s.walker.phaseAtRestart = s.phase;
+  paintWorkPicture(program, "drawing1.bmp");
+  s.cur = s.walker.walkStart = s.start;
+  program.pictures.save("drawing1b.bmp", program.canvas.image());
+  showCursorSquare(program);
+  s.phase = Phase::making;
+}
+
+}  // namespace
+
+void newmaze(Program& program) {
+  ProgramState& s = program.state;
+  if (s.panelOpen) return;
+  restoreSavedFinish(program);
+  s.walker.phaseAtRestart = s.phase;
+  s.walker.stopSeen = false;
+  forgetStep(s);
+  if (!s.nrefreshDue) chooseUnderpassLength(program);
+  if (s.phase == Phase::making) {
+    paintWorkPicture(program, "drawing1b.bmp");
+    s.cur = s.walker.walkStart;
+    showCursorSquare(program);
+  }
+  s.phase = Phase::making;
+  if (s.nrefreshDue) {
+    s.walker.lastStop = s.walker.keptStop;
+    s.walker.stopSeen = true;
+    s.walkMode = WalkMode::back;
+  }
+}
+
+void nrefresh(Program& program) {
+  ProgramState& s = program.state;
+  restoreSavedFinish(program);
+  s.walker.phaseAtRestart = s.phase;
+  s.walker.stopSeen = false;
+  forgetStep(s);
+  chooseUnderpassLength(program);
+  s.walker.walkStartKept = false;
+  if (s.phase != Phase::drawing) {
+    paintWorkPicture(program, "drawing1.bmp");
+    s.cur = s.walker.walkStart = s.start;
+  }
+  program.pictures.save("drawing1b.bmp", program.canvas.image());
+  showCursorSquare(program);
+  s.phase = Phase::making;
+  s.nrefreshDue = false;
+}
+
+void mpdrawing(Program& program) {
+  ProgramState& s = program.state;
+  s.walker.keptStop = s.walker.lastStop;
+  s.walker.walkStartKept = true;
+  const bool redraw = program.canvas.autoRedraw();
+  if (s.panelOpen) program.canvas.setAutoRedraw(true);
+  program.canvas.fill(s.cur, s.mazeColor);
+  program.pictures.save("drawing1b.bmp", program.canvas.image());
+  if (s.creationMode == CreationMode::user) program.canvas.fill(s.cur, kCursorColour);
+  program.canvas.setAutoRedraw(redraw);
+  s.nrefreshDue = true;
+}
+
+void backtodrawing(Program& program) {
+  ProgramState& s = program.state;
+  restoreSavedFinish(program);
+  s.drawing.skipPaintOnce = true;
+  s.phase = Phase::drawing;
+  s.nrefreshDue = false;
+}
+
+void backtomaze(Program& program) {
+  ProgramState& s = program.state;
+  restoreSavedFinish(program);
+  s.walker.backToMaze = true;
+  s.keepPicture = true;
+  paintWorkPicture(program, "drawing3.bmp");
+  s.mazeStage = s.phase;
+  s.phase = Phase::making;
+  s.resumeMaze = true;
+  s.walker.stopSeen = true;
+  s.walkMode = WalkMode::back;
+}
+
+void createreg(Program& program) {
+  ProgramState& s = program.state;
+  if (s.phase == Phase::drawing) {
+    createInDrawing(program, MazeKind::regular);
+  } else {
+    createAnew(program, MazeKind::regular, Item::createreg);
+  }
+}
+
+void setCreationMode(Program& program, CreationMode mode) {
+  ProgramState& s = program.state;
+  if (mode == CreationMode::user && s.creationMode != mode && s.phase == Phase::making) {
+    const Pixels pixels = program.pixels();
+    const Square& q = s.cur;
+    const int open = pixels.maze(q.left - 1, q.top) + pixels.maze(q.right + 1, q.top) +
+                     pixels.maze(q.left, q.top - 1) + pixels.maze(q.left, q.bottom + 1);
+    if (open >= 2) s.walkMode = WalkMode::back;
+  }
+  s.creationMode = mode;
+  program.menus.setChecked(Item::ugenerate, mode == CreationMode::user);
+  program.menus.setChecked(Item::cgenerate, mode == CreationMode::computer);
+}
+
+void ugenerate(Program& program) { setCreationMode(program, CreationMode::user); }
+void cgenerate(Program& program) { setCreationMode(program, CreationMode::computer); }
+
+void usepattern(Program& program) {
+  ProgramState& s = program.state;
+  if (program.menus.checked(Item::usepattern)) return;
+  s.randomPatternMode = 0;
+  s.patternState = PatternState::choose;
+  s.patternDirection = 0;
+  markOne(program.menus, {Item::dontusepattern, Item::usepattern, Item::crnd1}, Item::usepattern);
+}
+
+void dontusepattern(Program& program) {
+  ProgramState& s = program.state;
+  if (program.menus.checked(Item::dontusepattern)) return;
+  s.randomStepsTemporary = false;
+  s.patternState = PatternState::random;
+  s.patternDirection = step::up;
+  s.randomPatternMode = 0;
+  markOne(program.menus, {Item::dontusepattern, Item::usepattern, Item::crnd1}, Item::dontusepattern);
+}
+
+void gofinish(Program& program) {
+  program.state.stopAtFinish = false;
+  markOne(program.menus, {Item::gofinish, Item::stopfinish}, Item::gofinish);
+}
+
+void stopfinish(Program& program) {
+  program.state.stopAtFinish = true;
+  markOne(program.menus, {Item::gofinish, Item::stopfinish}, Item::stopfinish);
+}
+
+}  // namespace gridwright

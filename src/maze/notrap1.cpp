@@ -1,0 +1,102 @@
+#include "maze/notrap1.h"
+
+#include <array>
+
+#include "maze/walk_paint.h"
+
+namespace gridwright {
+
+namespace {
+
+struct Point {
+  int x, y;
+};
+
+/// What one direction of the carving test looks at.
+struct Direction {
+  int dx, dy;    ///< The neighbour's offset.
+  Point sample;  ///< Stands in for the scan while no maze was made yet.
+  std::array<Point, 4> edges;
+};
+
+// The samples are measured now from the near and now from the far side of the square, so they stand
+// as a table and not as a rotation.
+std::array<Direction, 4> directionsAround(const Square& q, int w, int h) {
+  return {
+      {{-w,
+        0,
+        {q.left - w, q.top},
+        {{{q.left - w - 1, q.top},
+          {q.left - 1, q.top},
+          {q.left - w, q.top - 1},
+          {q.left - w, q.bottom + 1}}}},
+       {w,
+        0,
+        {q.right + w, q.top},
+        {{{q.left + w - 1, q.top},
+          {q.right + w + 1, q.top},
+          {q.right + w, q.top - 1},
+          {q.right + w, q.bottom + 1}}}},
+       {0,
+        -h,
+        {q.left, q.top - h},
+        {{{q.left, q.top - h - 1}, {q.left, q.top - 1}, {q.left - 1, q.top - h}, {q.right + 1, q.top - h}}}},
+       {0,
+        h,
+        {q.left, q.bottom + h},
+        {{{q.left, q.bottom + h + 1},
+          {q.left, q.bottom + 1},
+          {q.left - 1, q.bottom + h},
+          {q.right + 1, q.bottom + h}}}}}};
+}
+
+bool isBlocked(const Program& program, const Direction& d) {
+  const Pixels pixels = program.pixels();
+  const Square cell = program.state.cur.moved(d.dx, d.dy);
+  if (program.state.mazeMadeOnce) {
+    if (!pixels.allFree(cell.left - 1, cell.top - 1, cell.right + 1, cell.bottom + 1)) return true;
+  } else if (pixels.closed(d.sample.x, d.sample.y)) {
+    return true;
+  }
+  for (const Point& edge : d.edges) {
+    if (pixels.closed(edge.x, edge.y)) return true;
+  }
+  return false;
+}
+
+void carvingTest(Program& program) {
+  ProgramState& s = program.state;
+  s.testCount = 0;
+  for (const Direction& d : directionsAround(s.cur, s.wallWidth, s.wallHeight)) {
+    if (isBlocked(program, d)) ++s.testCount;
+  }
+  if (s.testCount <= 3) return;
+  boxSquare(program, s.cur);
+  s.walkMode = WalkMode::back;
+}
+
+// All points are taken from the square's top left, so right and down are measured from there too.
+void pipeTest(Program& program) {
+  ProgramState& s = program.state;
+  const Pixels pixels = program.pixels();
+  const int w = s.wallWidth;
+  const int h = s.wallHeight;
+  for (const Point& d : std::array<Point, 4>{{{-w, 0}, {w, 0}, {0, -h}, {0, h}}}) {
+    const bool farIsNoGround = pixels.noGround(s.cur.left + 2 * d.x, s.cur.top + 2 * d.y);
+    if (!farIsNoGround && !pixels.closed(s.cur.left + d.x, s.cur.top + d.y)) return;
+  }
+  s.walkMode = WalkMode::back;
+}
+
+}  // namespace
+
+void notrap1(Program& program) {
+  const ProgramState& s = program.state;
+  if (s.mazeKind == MazeKind::pipe) {
+    pipeTest(program);
+  } else if (s.walkMode == WalkMode::carve) {
+    carvingTest(program);
+  }
+}
+
+}  // namespace gridwright

@@ -1,0 +1,264 @@
+#include "platform/headless/headless_desktop.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <iostream>
+#include <utility>
+
+#include "core/enable_table.h"
+#include "core/input.h"
+#include "core/program.h"
+#include "platform/images/image_files.h"
+
+namespace gridwright {
+
+namespace {
+constexpr std::int64_t kPatience = 50'000'000;  // pumps that `until` waits
+}
+
+HeadlessDesktop::HeadlessDesktop(std::string scriptName, std::string_view source, HeadlessOptions options)
+    : scriptName_(std::move(scriptName)), lines_(readScript(source)), options_(std::move(options)) {}
+
+Size HeadlessDesktop::maximise() {
+  windowState_ = WindowState::maximised;
+  return options_.size;
+}
+
+// The two waits that run through millions of pumps come first: a pump with nothing due costs a few
+// comparisons.
+void HeadlessDesktop::doEvents(Program& program, Pace pace) {
+  if (pace == Pace::housekeeping) return;
+  while (waits(program, pace) == Turn::again) {
+    if (next_ == lines_.size()) throw ProgramEnd{};
+    line_ = &lines_[next_++];
+    if (runLine(program, *line_) == Turn::givePump) return;
+  }
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::waits(Program& program, Pace pace) {
+  if (awaited_ != nullptr) {
+    if (awaited_->read(program) == awaitedValue_) {
+      awaited_ = nullptr;
+      pumpsLeft_ = 0;
+      return Turn::again;
+    }
+    if (pace == Pace::idle)
+      fail("nothing more happens, and it is " + std::to_string(awaited_->read(program)));
+    if (--pumpsLeft_ < 0) fail("not in time, it is " + std::to_string(awaited_->read(program)));
+    return Turn::givePump;
+  }
+  if (pumpsLeft_ > 0) {
+    --pumpsLeft_;
+    return Turn::givePump;
+  }
+  if (settling_ && pace != Pace::idle) return Turn::givePump;
+  settling_ = false;
+  return Turn::again;
+}
+
+struct HeadlessDesktop::Verb {
+  std::string_view name;
+  Turn (HeadlessDesktop::*run)(Program&, const ScriptLine&);
+};
+
+HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLine& line) {
+  static constexpr auto kVerbs = std::to_array<Verb>({
+      {"click", &HeadlessDesktop::click},
+      {"menu", &HeadlessDesktop::menu},
+      {"type", &HeadlessDesktop::type},
+      {"enter", &HeadlessDesktop::enter},
+      {"escape", &HeadlessDesktop::escape},
+      {"pick", &HeadlessDesktop::pick},
+      {"resize", &HeadlessDesktop::resize},
+      {"minimize", &HeadlessDesktop::minimize},
+      {"restore", &HeadlessDesktop::restore},
+      {"seed", &HeadlessDesktop::seed},
+      {"pumps", &HeadlessDesktop::pumps},
+      {"settle", &HeadlessDesktop::settle},
+      {"until", &HeadlessDesktop::until},
+      {"expect", &HeadlessDesktop::expect},
+      {"show", &HeadlessDesktop::show},
+      {"snapshot", &HeadlessDesktop::snapshot},
+      {"image", &HeadlessDesktop::image},
+      {"close", &HeadlessDesktop::close},
+  });
+  applyEnableTableIfChanged(program);
+  const auto* verb =
+      std::find_if(kVerbs.begin(), kVerbs.end(), [&](const Verb& v) { return v.name == line.words[0]; });
+  if (verb == kVerbs.end()) refuse("unknown command: " + line.words[0]);
+  return (this->*verb->run)(program, line);
+}
+
+void HeadlessDesktop::refuse(const std::string& reason) const {
+  throw ScriptStop{2, scriptName_ + ":" + std::to_string(line_->number) + ": " + reason};
+}
+
+void HeadlessDesktop::fail(const std::string& reason) const {
+  std::string line;
+  for (const std::string& word : line_->words) line += word + " ";
+  if (line_->hasText) line += "\"" + line_->text + "\" ";
+  throw ScriptStop{1, scriptName_ + ":" + std::to_string(line_->number) + ": " + line + "failed: " + reason};
+}
+
+void HeadlessDesktop::compare(const std::string& what, std::string_view is, std::string_view wanted) const {
+  if (is != wanted) fail(what + " is \"" + std::string(is) + "\"");
+}
+
+const std::string& HeadlessDesktop::word(std::size_t i) const {
+  if (i >= line_->words.size()) refuse("a word is missing");
+  return line_->words[i];
+}
+
+std::int64_t HeadlessDesktop::number(std::size_t i) const {
+  const auto value = wholeNumber(word(i));
+  if (!value) refuse(value.fault().words);
+  return value.value();
+}
+
+const std::string& HeadlessDesktop::text() const {
+  if (!line_->hasText) refuse("a text in double quotes is missing");
+  return line_->text;
+}
+
+ControlId HeadlessDesktop::liveControl(const Program& program, ControlKind kind) const {
+  const auto id = controlNamed(word(1));
+  if (!id || rowOf(*id).kind != kind) refuse("no such control here: " + word(1));
+  if (!program.controls[*id].visible || !program.controls[*id].enabled) refuse(word(1) + " is not shown");
+  return *id;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::click(Program& program, const ScriptLine&) {
+  input::buttonClick(program, liveControl(program, ControlKind::button));
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::menu(Program& program, const ScriptLine&) {
+  const auto item = itemNamed(word(1));
+  if (!item) refuse("no such menu item: " + word(1));
+  if (hasChildren(*item)) refuse(word(1) + " opens a submenu");
+  if (!program.menus.available(*item)) refuse(word(1) + " is disabled or hidden");
+  input::menuClick(program, *item);
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::type(Program& program, const ScriptLine&) {
+  input::textTyped(program, liveControl(program, ControlKind::textBox), text());
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::enter(Program& program, const ScriptLine&) {
+  input::enterPressed(program, liveControl(program, ControlKind::textBox));
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::escape(Program& program, const ScriptLine&) {
+  input::escapePressed(program, liveControl(program, ControlKind::textBox));
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::pick(Program& program, const ScriptLine&) {
+  const ControlId list = liveControl(program, ControlKind::fileList);
+  const auto& entries = program.controls[list].entries;
+  const auto entry = std::find(entries.begin(), entries.end(), text());
+  if (entry == entries.end()) refuse("no such entry: " + text());
+  input::listClick(program, list, static_cast<int>(entry - entries.begin()));
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::resize(Program& program, const ScriptLine&) {
+  const auto size = sizeWord(word(1));
+  if (!size) refuse(size.fault().words);
+  options_.size = {size.value().first, size.value().second};
+  input::resized(program, options_.size);
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::minimize(Program&, const ScriptLine&) {
+  windowState_ = WindowState::minimised;
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::restore(Program& program, const ScriptLine&) {
+  windowState_ = WindowState::normal;
+  input::resized(program, options_.size);
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::seed(Program& program, const ScriptLine&) {
+  const std::int64_t value = number(1);
+  if (value < 0 || value > 0xFFFFFFFFLL) refuse("not a 32-bit number: " + word(1));
+  seed_ = static_cast<std::uint32_t>(value);
+  program.random.seed(seed_);
+  return Turn::again;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::pumps(Program&, const ScriptLine&) {
+  pumpsLeft_ = number(1);
+  return Turn::again;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::settle(Program&, const ScriptLine&) {
+  settling_ = true;
+  return Turn::again;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::until(Program&, const ScriptLine& line) {
+  awaited_ = fieldNamed(word(1));
+  if (awaited_ == nullptr) refuse("no such field: " + word(1));
+  awaitedValue_ = number(2);
+  pumpsLeft_ = line.words.size() > 3 ? number(3) : kPatience;
+  return Turn::again;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::show(Program& program, const ScriptLine& line) {
+  for (std::size_t i = 1; i < line.words.size(); ++i) {
+    const FieldName* field = fieldNamed(line.words[i]);
+    if (field == nullptr) refuse("no such field: " + line.words[i]);
+    std::cout << field->name << ' ' << field->read(program) << '\n';
+  }
+  std::cout.flush();
+  return Turn::again;
+}
+
+void HeadlessDesktop::savePicture(const Program& program, const Bitmap& picture) {
+  if (!writeBitmapFile(picture, program.files->resolve(word(1)))) refuse("cannot be written: " + word(1));
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::snapshot(Program& program, const ScriptLine&) {
+  savePicture(program, program.canvas.shownImage());
+  return Turn::again;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::image(Program& program, const ScriptLine&) {
+  savePicture(program, program.canvas.image());
+  return Turn::again;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::close(Program&, const ScriptLine&) { throw ProgramEnd{}; }
+
+Outcome<Bitmap> HeadlessDesktop::loadBitmap(const std::filesystem::path& path) {
+  return readBitmapFile(path);
+}
+
+Outcome<Done> HeadlessDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
+  return writeBitmapFile(picture, path);
+}
+
+void HeadlessDesktop::printForm(const Bitmap& picture) {
+  ++pages_;
+  if (options_.pdfFile) document_.push_back(picture);
+  if (!options_.pagesFolder) return;
+  std::array<char, 32> name{};
+  std::snprintf(name.data(), name.size(), "page-%04lld.bmp", static_cast<long long>(pages_));
+  if (!writeBitmapFile(picture, *options_.pagesFolder / name.data())) {
+    throw ScriptStop{2, "cannot be written: " + (*options_.pagesFolder / name.data()).string()};
+  }
+}
+
+Outcome<Done> HeadlessDesktop::writeDocument() {
+  if (!options_.pdfFile || document_.empty()) return Done{};
+  return writePdf(document_, *options_.pdfFile);
+}
+
+}  // namespace gridwright

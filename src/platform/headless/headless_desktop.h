@@ -1,0 +1,112 @@
+// The twin without a screen: the same program, driven by a script.
+//
+// Each input has a pump of its own; what the script asks or shows is looked at in the pump after, when
+// the program has taken the input. Pumps that take no command are no pumps to the script.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/field_names.h"
+#include "platform/headless/script.h"
+#include "platform/platform.h"
+
+namespace gridwright {
+
+/// The script stopped before its end: 1 for an expectation that failed, 2 for an input that a person
+/// could not give.
+struct ScriptStop {
+  int status;
+  std::string message;  ///< Begins with `SCRIPT:LINE: `.
+};
+
+struct HeadlessOptions {
+  Size size{800, 600};
+  std::optional<std::filesystem::path> pagesFolder;  ///< Each page as page-0001.bmp and so on.
+  std::optional<std::filesystem::path> pdfFile;      ///< All pages in one document.
+};
+
+class HeadlessDesktop : public Platform {
+ public:
+  /// \param scriptName what messages call the script.
+  HeadlessDesktop(std::string scriptName, std::string_view source, HeadlessOptions options);
+
+  void doEvents(Program& program, Pace pace) override;
+  Size clientSize() override { return options_.size; }
+  WindowState windowState() override { return windowState_; }
+  void setWindowState(WindowState state) override { windowState_ = state; }
+  Size maximise() override;
+  void raise() override {}
+  void messageBox(std::string_view text) override { lastMessage_ = text; }
+  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
+  void printForm(const Bitmap& picture) override;
+  void endOfPages() override {}
+  std::uint32_t clockSeed() override { return seed_; }
+
+  /// Writes the collected pages, if a document was asked for.
+  Outcome<Done> writeDocument();
+
+ private:
+  enum class Turn { again, givePump };  // whether the script goes on within this pump
+  struct Verb;
+
+  Turn runLine(Program& program, const ScriptLine& line);
+  Turn waits(Program& program, Pace pace);
+
+  Turn click(Program& program, const ScriptLine& line);
+  Turn menu(Program& program, const ScriptLine& line);
+  Turn type(Program& program, const ScriptLine& line);
+  Turn enter(Program& program, const ScriptLine& line);
+  Turn escape(Program& program, const ScriptLine& line);
+  Turn pick(Program& program, const ScriptLine& line);
+  Turn resize(Program& program, const ScriptLine& line);
+  Turn minimize(Program& program, const ScriptLine& line);
+  Turn restore(Program& program, const ScriptLine& line);
+  Turn seed(Program& program, const ScriptLine& line);
+  Turn pumps(Program& program, const ScriptLine& line);
+  Turn settle(Program& program, const ScriptLine& line);
+  Turn until(Program& program, const ScriptLine& line);
+  Turn expect(Program& program, const ScriptLine& line);
+  Turn show(Program& program, const ScriptLine& line);
+  Turn snapshot(Program& program, const ScriptLine& line);
+  Turn image(Program& program, const ScriptLine& line);
+  Turn close(Program& program, const ScriptLine& line);
+
+  void expectPixel(const Program& program);
+  void expectMenu(const Program& program);
+  void expectControl(const Program& program);
+  void expectText(const Program& program);
+
+  // Refuse an input (2) or fail an expectation (1) at the present line.
+  [[noreturn]] void refuse(const std::string& reason) const;
+  [[noreturn]] void fail(const std::string& reason) const;
+  void compare(const std::string& what, std::string_view is, std::string_view wanted) const;
+  [[nodiscard]] const std::string& word(std::size_t i) const;
+  [[nodiscard]] std::int64_t number(std::size_t i) const;
+  [[nodiscard]] const std::string& text() const;
+  [[nodiscard]] ControlId liveControl(const Program& program, ControlKind kind) const;
+  void savePicture(const Program& program, const Bitmap& picture);
+
+  std::string scriptName_;
+  std::vector<ScriptLine> lines_;
+  std::size_t next_ = 0;
+  const ScriptLine* line_ = nullptr;  // the one in hand
+  HeadlessOptions options_;
+  WindowState windowState_ = WindowState::normal;
+  std::string lastMessage_;
+  std::uint32_t seed_ = 0;
+
+  std::int64_t pumpsLeft_ = 0;  // of `pumps` or of `until`
+  bool settling_ = false;
+  const FieldName* awaited_ = nullptr;
+  std::int64_t awaitedValue_ = 0;
+
+  std::vector<Bitmap> document_;
+  std::int64_t pages_ = 0;
+};
+
+}  // namespace gridwright

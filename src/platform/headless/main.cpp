@@ -1,0 +1,120 @@
+// gridwright-headless: the program without a screen, driven by a script.
+#include <QGuiApplication>
+#include <array>
+#include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/main_loop.h"
+#include "core/program.h"
+#include "platform/headless/headless_desktop.h"
+
+namespace {
+
+using namespace gridwright;
+
+constexpr int kBadInput = 2;
+
+struct CommandLine {
+  std::filesystem::path workFolder = std::filesystem::current_path();
+  HeadlessOptions options;
+  std::string script;
+};
+
+int complain(const std::string& words) {
+  std::cerr << words << '\n';
+  return kBadInput;
+}
+
+constexpr std::string_view kUsage =
+    "usage: gridwright-headless [--work DIR] [--size WxH] [--pages DIR | --pdf FILE] SCRIPT\n"
+    "       (- reads the script from standard input)";
+
+/// \returns words of complaint, empty when all was understood.
+std::string readCommandLine(const std::vector<std::string>& words, CommandLine& line) {
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    if (word.size() > 1 && word[0] == '-') {
+      if (i + 1 == words.size()) return std::string(kUsage);
+      const std::string& value = words[++i];
+      if (word == "--work") {
+        line.workFolder = value;
+      } else if (word == "--pages") {
+        line.options.pagesFolder = value;
+      } else if (word == "--pdf") {
+        line.options.pdfFile = value;
+      } else if (word == "--size") {
+        const auto size = sizeWord(value);
+        if (!size) return size.fault().words;
+        line.options.size = {size.value().first, size.value().second};
+      } else {
+        return std::string(kUsage);
+      }
+    } else if (line.script.empty()) {
+      line.script = word;
+    } else {
+      return std::string(kUsage);
+    }
+  }
+  if (line.options.pagesFolder && line.options.pdfFile) return std::string(kUsage);
+  return line.script.empty() ? std::string(kUsage) : std::string();
+}
+
+Outcome<std::string> readSource(const std::string& name) {
+  if (name == "-")
+    return std::string((std::istreambuf_iterator<char>(std::cin)), std::istreambuf_iterator<char>());
+  std::ifstream in(name, std::ios::binary);
+  std::error_code failed;
+  if (!in || std::filesystem::is_directory(name, failed))
+    return Fault{Fault::Kind::notReadable, "cannot be read: " + name};
+  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+/// Fonts and paper need Qt's application object; it must not look for a display.
+std::unique_ptr<QGuiApplication> applicationWithoutScreen() {
+  static std::array<char, 20> name{"gridwright-headless"};
+  static std::array<char, 10> option{"-platform"};
+  static std::array<char, 10> value{"offscreen"};
+  static std::array<char*, 4> arguments{name.data(), option.data(), value.data(), nullptr};
+  static int count = 3;
+  return std::make_unique<QGuiApplication>(count, arguments.data());
+}
+
+int run(const CommandLine& line, const std::string& source) {
+  HeadlessDesktop desktop(line.script, source, line.options);
+  int status = 0;
+  auto program = std::make_unique<Program>(desktop, line.workFolder);
+  try {
+    runProgram(*program);
+  } catch (const ProgramEnd&) {
+    status = 0;
+  } catch (const ScriptStop& stop) {
+    std::cerr << stop.message << '\n';
+    status = stop.status;
+  }
+  std::unique_ptr<QGuiApplication> application;
+  if (line.options.pdfFile) application = applicationWithoutScreen();
+  if (!desktop.writeDocument()) return complain("cannot be written: " + line.options.pdfFile->string());
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CommandLine line;
+  const std::string complaint = readCommandLine({argv + 1, argv + argc}, line);
+  if (!complaint.empty()) return complain(complaint);
+  const auto source = readSource(line.script);
+  if (!source) return complain(source.fault().words);
+  std::error_code failed;
+  if (!std::filesystem::is_directory(line.workFolder, failed)) {
+    return complain("no such folder: " + line.workFolder.string());
+  }
+  return run(line, source.value());
+}

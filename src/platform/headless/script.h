@@ -1,0 +1,31 @@
+// The script language of the headless twin: one command a line.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/outcome.h"
+
+namespace gridwright {
+
+/// One line of a script, cut into words; the text between the first and the last double quote of the
+/// line stands apart.
+struct ScriptLine {
+  int number = 0;  ///< From 1, as an editor counts.
+  std::vector<std::string> words;
+  std::string text;
+  bool hasText = false;
+};
+
+/// The lines that hold a command; blank ones and comments are left out.
+std::vector<ScriptLine> readScript(std::string_view source);
+
+/// A whole number, decimal, with an optional sign, and nothing else.
+Outcome<std::int64_t> wholeNumber(std::string_view word);
+
+/// A size such as 800x600.
+Outcome<std::pair<int, int>> sizeWord(std::string_view word);
+
+}  // namespace gridwright

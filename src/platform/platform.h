@@ -1,0 +1,74 @@
+// The one door to the operating system. Behind it stand two tenants: the window that people use, and
+// a headless twin that runs the same program from a script. Neither is asked for the truth: menus and
+// controls are models that a tenant mirrors inside `doEvents`.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+#include "canvas/bitmap.h"
+#include "canvas/geometry.h"
+#include "core/modes.h"
+#include "core/outcome.h"
+
+namespace gridwright {
+
+struct Program;
+
+/// What the running loop has in mind when it lets events run.
+enum class Pace {
+  working,       ///< There is more to do by itself: handle what is pending and come back.
+  idle,          ///< Only an event can change anything: the pump may wait for one.
+  housekeeping,  ///< Repaints, timers and resizes alone; keys and commands wait for the next pump.
+};
+
+/// Thrown by the pump when the window is closed: the program ends from wherever it stands, and the
+/// destructors on the way leave every file whole.
+struct ProgramEnd {};
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  /// Delivers pending events through core/input.h and shows what changed. With `Pace::working` it
+  /// returns at once when nothing is pending.
+  /// \throws ProgramEnd when the window was closed.
+  virtual void doEvents(Program& program, Pace pace) = 0;
+
+  /// Client area in pixels of the Canvas, before the Canvas's own limits.
+  virtual Size clientSize() = 0;
+
+  virtual WindowState windowState() = 0;
+
+  /// Minimises the window or gives it back its size; the program does it to work unseen.
+  virtual void setWindowState(WindowState state) = 0;
+
+  /// Maximises and lets the new size arrive (at most 200 ms), without delivering any input.
+  /// \returns the client size from then on.
+  virtual Size maximise() = 0;
+
+  /// Brings the window to the front, wholly repainted.
+  virtual void raise() = 0;
+
+  /// Tells a person one line; returns when it was read.
+  virtual void messageBox(std::string_view text) = 0;
+
+  /// Decodes a bitmap file of any depth to exact 24-bit colour, cut at 1000 by 1000.
+  /// \returns a Fault, and nothing else happens, when it cannot be opened or is not whole.
+  virtual Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) = 0;
+
+  /// Writes a 24-bit bitmap file. On failure no complete file is promised at `path`.
+  virtual Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) = 0;
+
+  /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
+  virtual void printForm(const Bitmap& picture) = 0;
+
+  /// The pages since the last call are one document, complete now.
+  virtual void endOfPages() = 0;
+
+  /// A number from the clock, to seed Rnd with.
+  virtual std::uint32_t clockSeed() = 0;
+};
+
+}  // namespace gridwright

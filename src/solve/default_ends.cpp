@@ -1,0 +1,75 @@
+#include "solve/default_ends.h"
+
+#include "core/grid.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr Square kNowhere{-10, -10, -10, -10};
+
+bool isGoodStart(const Program& program, const Square& q) {
+  const ProgramState& s = program.state;
+  const Pixels pixels = program.pixels();
+  return isPlaced(q) &&
+         pixels.allFree(q.left - 1, q.top - 1, q.left + s.wallWidth - 2, q.top + s.wallHeight - 2) &&
+         !pixels.border(q.left, q.top);
+}
+
+bool isGoodFinish(const Program& program, const Square& q, const Square& start) {
+  const ProgramState& s = program.state;
+  const Pixels pixels = program.pixels();
+  const Colour corner = program.canvas.point(q.left, q.top);
+  return q.left != q.right && q.top != q.bottom && !q.sameCorner(start) &&
+         pixels.allFree(q.right - s.wallWidth + 2, q.bottom - s.wallHeight + 2, q.right + 1, q.bottom + 1) &&
+         (!program.colours.isBorder(corner) || corner == program.colours.extraBackground());
+}
+
+Square searchStart(const Program& program, const CellGrid& grid) {
+  const auto cell = grid.first([&](Corner at) { return isFreeCell(program, grid, at); });
+  return cell ? grid.squareIn(*cell) : kNowhere;
+}
+
+Square searchFinish(const Program& program, const CellGrid& grid, const Square& start, bool pipe,
+                    const Square& otherwise) {
+  const auto test = [&](Corner at) {
+    if (pipe && !grid.onPipeGrid(at)) return false;
+    const Square square = grid.squareIn(at);
+    return !square.sameCorner(start) && program.pixels().background(square.right, square.bottom) &&
+           program.pixels().allFree(at.x, at.y, at.x + grid.wallWidth - 1, at.y + grid.wallHeight - 1);
+  };
+  const auto cell = grid.fromFarCorner(test);
+  return cell ? grid.squareIn(*cell) : otherwise;
+}
+
+bool onPipeGrid(const CellGrid& grid, const Square& square) {
+  return grid.onPipeGrid({square.left - 1, square.top - 1});
+}
+
+}  // namespace
+
+bool isPlaced(const Square& q) {
+  return q.left != q.right && q.top != q.bottom && q.left >= 0 && q.top >= 0 && q.right >= 0 && q.bottom >= 0;
+}
+
+void placedefaultends(Program& program) {
+  ProgramState& s = program.state;
+  const CellGrid grid = presentGrid(s);
+  if (!isGoodStart(program, s.start)) s.start = searchStart(program, grid);
+  if (!isGoodFinish(program, s.finish, s.start)) {
+    s.finish = searchFinish(program, grid, s.start, s.mazeKind == MazeKind::pipe, s.finish);
+  }
+}
+
+void placepipefinish(Program& program) {
+  ProgramState& s = program.state;
+  const CellGrid grid = pipeGrid(program);
+  s.ends.pipeStart = s.ends.pipeFinish = kNowhere;
+  const bool keepStart = isGoodStart(program, s.start) && onPipeGrid(grid, s.start);
+  s.ends.pipeStart = keepStart ? s.start : searchStart(program, grid);
+  const bool keepFinish = isGoodFinish(program, s.finish, s.ends.pipeStart) && onPipeGrid(grid, s.finish);
+  s.ends.pipeFinish =
+      keepFinish ? s.finish : searchFinish(program, grid, s.ends.pipeStart, true, s.ends.pipeFinish);
+}
+
+}  // namespace gridwright

@@ -1,0 +1,19 @@
+// Start and finish before a maze exists: kept where they are good, else searched for.
+#pragma once
+
+#include "core/program.h"
+
+namespace gridwright {
+
+/// Whether the square is placed: sides apart and none negative.
+bool isPlaced(const Square& square);
+
+/// Reads the Canvas and the grid; leaves `start` and `finish` on free cells. Without a free cell the
+/// start is -10 on all sides and the finish stays as it was.
+void placedefaultends(Program& program);
+
+/// The same on the grid of twice the wall size, whatever the kind, for the pipe squares alone: a later
+/// switch to pipes finds valid ends.
+void placepipefinish(Program& program);
+
+}  // namespace gridwright

@@ -1,0 +1,25 @@
+// The trail: the solution lives in the Canvas alone, as strokes in the start colour from cell centre
+// to cell centre.
+#pragma once
+
+#include "core/program.h"
+
+namespace gridwright {
+
+/// A pixel the solver may go over: an end square, the trail, or carved ground. The rest is wall.
+bool isWay(const Program& program, int x, int y);
+
+/// Centre of a cell box, rounded as everywhere.
+int centreX(const ProgramState& state, const Square& box);
+int centreY(const ProgramState& state, const Square& box);
+
+/// Whether the solver's cell differs from the one the trail was drawn up to.
+inline bool cellChanged(const ProgramState& state) { return !state.cur.sameCorner(state.prev); }
+
+/// `testCount`: 0 when the previous cell is closed on all sides, which only a crossing reaches.
+void closedCellTest(Program& program);
+
+/// Draws the trail up to the current cell, or takes it back where the walk retraces it.
+void updateTrail(Program& program);
+
+}  // namespace gridwright
