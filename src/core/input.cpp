@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/enable_table.h"
+#include "core/keys.h"
 #include "core/main_loop.h"
 #include "core/menu_commands.h"
 #include "core/panels.h"
@@ -24,6 +25,13 @@ struct ListOfPanel {
 constexpr std::array kLists = {ListOfPanel{ControlId::File5, ControlId::Text8}};
 
 }  // namespace
+
+void keyDown(Program& program, int code) {
+  ProgramState& s = program.state;
+  if (s.paused || program.controls.focus() || s.keyBusy) return;
+  s.keyBusy = true;
+  dispatchKey(program, code);
+}
 
 void menuClick(Program& program, Item item) {
   applyEnableTableIfChanged(program);

@@ -8,6 +8,10 @@
 
 namespace gridwright::input {
 
+/// A key goes down with this code. Lost while a panel or an editor holds the work, while a text box has
+/// the keyboard, and when a command was taken in this pump already.
+void keyDown(Program& program, int code);
+
 /// Chooses an item. One that is disabled, hidden or only informs does nothing.
 void menuClick(Program& program, Item item);
 

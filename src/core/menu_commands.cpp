@@ -3,12 +3,17 @@
 #include <algorithm>
 #include <array>
 
+#include "core/defaults.h"
 #include "core/setting_commands.h"
 #include "core/wall_size.h"
+#include "drawing/new_drawing.h"
 #include "files/import_drawing.h"
 #include "files/print_window.h"
 #include "maze/maze_commands.h"
+#include "patterns/random_size.h"
+#include "solve/finish_methods.h"
 #include "solve/placesandf.h"
+#include "solve/rfinish.h"
 
 namespace gridwright {
 
@@ -40,6 +45,24 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::usepattern, usepattern},
     {Item::gofinish, gofinish},
     {Item::stopfinish, stopfinish},
+    {Item::resetsettings, resetsettings},
+    {Item::srndpatterns, srndpatterns},
+    {Item::usernd, usernd},
+    {Item::maxrnd, maxrnd},
+    {Item::userplace, userplace},
+    {Item::rfinish, rfinish},
+    {Item::way4, way4},
+    {Item::vertical, vertical},
+    {Item::horizontal, horizontal},
+    {Item::turnsoff, turnsoff},
+    {Item::drawingoff, drawingoff},
+    {Item::drawingon, drawingon},
+    {Item::create3dpipe, create3dpipe},
+    {Item::create3d, create3d},
+    {Item::mazes3d, mazes3d},
+    {Item::mazes3d1, mazes3d1},
+    {Item::rmazes, rmazes},
+    {Item::newwallsize, newwallsize},
 });
 
 }  // namespace

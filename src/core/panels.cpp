@@ -8,12 +8,13 @@
 
 #include "core/wall_size.h"
 #include "files/import_drawing.h"
+#include "patterns/random_size.h"
 
 namespace gridwright {
 
 namespace {
 
-constexpr std::array kPanels = {kWallSizePanel, kImportPanel};
+constexpr std::array kPanels = {kWallSizePanel, kRandomSizePanel, kImportPanel};
 
 struct Handlers {
   ControlId box;
@@ -22,6 +23,7 @@ struct Handlers {
 };
 constexpr std::array kHandlers = {
     Handlers{ControlId::Text2, wallSizeEntered, wallSizeEscaped},
+    Handlers{ControlId::Text7, randomSizeEntered, randomSizeEscaped},
     Handlers{ControlId::Text8, importEntered, importEscaped},
 };
 
@@ -48,7 +50,15 @@ void openPanel(Program& program, const Panel& panel, std::string_view content) {
   program.controls.setFocus(panel.box);
 }
 
+void openPanelOverScreen(Program& program, const Panel& panel, std::string_view content) {
+  program.state.panelKeptRedraw = program.canvas.autoRedraw();
+  program.canvas.setAutoRedraw(false);
+  openPanel(program, panel, content);
+}
+
 void closePanel(Program& program, const Panel& panel) {
+  if (program.state.panelKeptRedraw) program.canvas.setAutoRedraw(*program.state.panelKeptRedraw);
+  program.state.panelKeptRedraw.reset();
   program.state.panelOpen = program.state.paused = false;
   hidePanel(program, panel);
   program.controls.setText(panel.box, "");

@@ -15,12 +15,16 @@ struct Panel {
 };
 
 inline constexpr Panel kWallSizePanel{ControlId::Text2, ControlId::Label4, std::nullopt};
+inline constexpr Panel kRandomSizePanel{ControlId::Text7, ControlId::Label10, std::nullopt};
 inline constexpr Panel kImportPanel{ControlId::Text8, ControlId::Label11, ControlId::File5};
 
 /// Holds the window: the running loop stands still, and the long list of commands is off.
 void openPanel(Program& program, const Panel& panel, std::string_view content);
 
-/// Gives the window back.
+/// The same, with strokes going to the screen alone until the panel closes.
+void openPanelOverScreen(Program& program, const Panel& panel, std::string_view content);
+
+/// Gives the window back, and the drawing mode that the opening kept.
 void closePanel(Program& program, const Panel& panel);
 
 void hideAllPanels(Program& program);

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "canvas/colour.h"
 #include "canvas/geometry.h"
@@ -97,7 +98,8 @@ struct ProgramState {
   bool keyBusy = false;  ///< A command was taken in this pump; only the next clears it.
   bool panelOpen = false;
   bool paused = false;
-  int editedPattern = 0;  ///< 0 none, 1 left, 2 right, 3 up, 4 down.
+  std::optional<bool> panelKeptRedraw;  ///< `AutoRedraw` as the open panel found it.
+  int editedPattern = 0;                ///< 0 none, 1 left, 2 right, 3 up, 4 down.
   Phase phaseBeforePatterns = Phase::drawing;
   Phase mazeStage = Phase::drawing;  ///< How far the present maze has come.
   bool mazeMadeOnce = false;

@@ -26,6 +26,27 @@ void aoff(Program& program) {
   markOne(program.menus, {Item::aon, Item::aoff}, Item::aoff);
 }
 
+namespace {
+
+void setDrawingOff(Program& program, bool off) {
+  program.state.drawingOff = off;
+  markSettings(program);
+}
+
+void setSymmetry(Program& program, Symmetry symmetry) {
+  program.state.symmetryMode = symmetry;
+  markSettings(program);
+}
+
+}  // namespace
+
+void drawingon(Program& program) { setDrawingOff(program, false); }
+void drawingoff(Program& program) { setDrawingOff(program, true); }
+void turnsoff(Program& program) { setSymmetry(program, Symmetry::off); }
+void horizontal(Program& program) { setSymmetry(program, Symmetry::horizontal); }
+void vertical(Program& program) { setSymmetry(program, Symmetry::vertical); }
+void way4(Program& program) { setSymmetry(program, Symmetry::fourWay); }
+
 void quit2(Program& program) {
   ProgramState& s = program.state;
   s.editedPattern = 0;

@@ -29,6 +29,12 @@ void startNewGrid(ProgramState& s, int wallSize) {
 
 }  // namespace
 
+void fillWithBackColor(Canvas& canvas) {
+  canvas.setAutoRedraw(true);
+  canvas.fill(0, 0, canvas.scaleWidth() - 1, canvas.scaleHeight() - 1, canvas.backColor());
+  canvas.setAutoRedraw(false);
+}
+
 void repairBackColor(Program& program) {
   const ColourSets& sets = program.colours;
   const Colour back = program.canvas.backColor();
@@ -43,6 +49,11 @@ void changewallsize(Program& program) {
   openPanel(program, kWallSizePanel, std::to_string(program.state.wallWidth));
 }
 
+void newwallsize(Program& program) {
+  program.state.drawing.newSizeRequest = true;
+  changewallsize(program);
+}
+
 void wallSizeEntered(Program& program) {
   ProgramState& s = program.state;
   const int wallSize = std::clamp(numberTyped(program.controls[ControlId::Text2].text), kSmallest, kLargest);
@@ -53,6 +64,10 @@ void wallSizeEntered(Program& program) {
   canvas.cls();
   closePanel(program, kWallSizePanel);
   s.phase = Phase::drawing;
+  if (s.drawing.newSizeRequest) {
+    fillWithBackColor(canvas);
+    s.mazeMadeOnce = s.drawing.newSizeRequest = false;
+  }
   if (!s.mazeMadeOnce) {
     canvas.clearPicture();
     s.creationMode = CreationMode::user;

@@ -2,6 +2,7 @@
 
 #include "core/menu_rules.h"
 #include "core/pump.h"
+#include "maze/finish_reached.h"
 #include "maze/finishmaking.h"
 #include "maze/makemaze2.h"
 #include "maze/mixcolors.h"
@@ -48,24 +49,6 @@ void minimiseOnce(Program& program) {
     }
   }
   if (!s.paused) program.canvas.setAutoRedraw(true);
-}
-
-/// On the finish the walker paints it and goes back to the origin, so that the finish stays a dead
-/// end. \returns whether the maze is done, because both ends are reached and that was asked for.
-bool finishReached(Program& program) {
-  ProgramState& s = program.state;
-  if (s.walkMode == WalkMode::carve && !s.panelOpen) paintJoin(program);
-  mixcolors(program);
-  if (!s.panelOpen) boxSquare(program, s.cur);
-  const Pixels pixels = program.pixels();
-  if (s.stopAtFinish && pixels.maze(s.start.left, s.start.top) && pixels.maze(s.finish.left, s.finish.top)) {
-    if (!s.panelOpen) boxSquare(program, s.prev);
-    s.phase = Phase::placing;
-    return true;
-  }
-  s.cur = s.walker.walkStart;
-  s.walkMode = WalkMode::back;
-  return false;
 }
 
 /// A pipe's new cell may lie in another background than the one before it.

@@ -4,6 +4,7 @@
 #include "core/menu_rules.h"
 #include "maze/finishmaking.h"
 #include "maze/makemaze2.h"
+#include "solve/finish_methods.h"
 #include "solve/saved_finish.h"
 
 namespace gridwright {
@@ -18,6 +19,18 @@ void forgetStep(ProgramState& s) {
   s.patternDirection = 0;
 }
 
+/// The brush stays where one of its corners lies on the pipe grid; ends off it are unset.
+void putOnPipeGrid(Program& program) {
+  ProgramState& s = program.state;
+  const CellGrid grid = pipeGrid(program);
+  const bool topLeft = grid.onPipeGrid({s.cur.left, s.cur.top});
+  const bool bottomRight = grid.onPipeGrid({s.cur.right - s.wallWidth + 1, s.cur.bottom - s.wallHeight + 1});
+  if (!topLeft && !bottomRight) s.cur = s.prev = firstCell(s);
+  for (Square* end : {&s.start, &s.finish}) {
+    if (!grid.onPipeGrid({end->left - 1, end->top - 1})) *end = {-10, -10, -10, -10};
+  }
+}
+
 /// In the drawing phase a create command for another kind only switches the kind; the one of the
 /// present kind starts the maze. Neither starts one under a panel.
 void createInDrawing(Program& program, MazeKind kind) {
@@ -26,31 +39,62 @@ void createInDrawing(Program& program, MazeKind kind) {
     if (!s.panelOpen) s.phase = Phase::making;
     return;
   }
-  if (s.mazeKind == MazeKind::pipe) s.drawing.skipPaintOnce = true;
+  s.drawing.skipPaintOnce = true;
   s.mazeKind = kind;
-  markKind(program);
   pitchFromKind(s);
+  if (kind == MazeKind::pipe) putOnPipeGrid(program);
+  keepFinishMethodPossible(program);
+  markKind(program);
   captionDrawing(program);
   mazemenus(program);
+}
+
+/// Off the pipe grid start and finish are kept in the pipe squares, and come back with the pipes.
+void exchangePipeEnds(Program& program, MazeKind kind) {
+  ProgramState& s = program.state;
+  if (s.mazeKind == MazeKind::pipe) {
+    s.ends.pipeStart = s.start;
+    s.ends.pipeFinish = s.finish;
+    s.drawing.skipPaintOnce = true;
+  } else if (kind == MazeKind::pipe && s.ends.pipeStart.left > 0) {
+    s.start = s.walker.walkStart = s.ends.pipeStart;
+    s.finish = s.ends.pipeFinish;
+  }
 }
 
 /// Outside it the maze starts anew in the bare drawing, unless the item is marked already.
 void createAnew(Program& program, MazeKind kind, Item item) {
   ProgramState& s = program.state;
-  if (program.menus.checked(item)) return;
+  if (program.menus.checked(item) || (kind == MazeKind::pipe && s.tightForPipes)) return;
+  restoreSavedFinish(program);
   s.nrefreshDue = false;
-  s.shortUnderpasses = true;
-  s.mazeKind = kind;
-  markKind(program);
-  pitchFromKind(s);
-  captionMaking(program);
-  forgetStep(s);
   s.walker.phaseAtRestart = s.phase;
+  exchangePipeEnds(program, kind);
+  s.mazeKind = kind;
+  pitchFromKind(s);
+  chooseUnderpassLength(program);
+  if (kind == MazeKind::pipe) {
+    s.gridRight = lastGridLine(s.wallWidth, s.stepX, s.canvasWidth);
+    s.gridBottom = lastGridLine(s.wallHeight, s.stepY, s.canvasHeight);
+  }
+  keepFinishMethodPossible(program);
+  markKind(program);
+  captionMaking(program);
+  mazemenus(program);
+  forgetStep(s);
   paintWorkPicture(program, "drawing1.bmp");
   s.cur = s.walker.walkStart = s.start;
   program.pictures.save("drawing1b.bmp", program.canvas.image());
   showCursorSquare(program);
   s.phase = Phase::making;
+}
+
+void create(Program& program, MazeKind kind, Item item) {
+  if (program.state.phase == Phase::drawing) {
+    createInDrawing(program, kind);
+  } else {
+    createAnew(program, kind, item);
+  }
 }
 
 }  // namespace
@@ -128,14 +172,9 @@ void backtomaze(Program& program) {
   s.walkMode = WalkMode::back;
 }
 
-void createreg(Program& program) {
-  ProgramState& s = program.state;
-  if (s.phase == Phase::drawing) {
-    createInDrawing(program, MazeKind::regular);
-  } else {
-    createAnew(program, MazeKind::regular, Item::createreg);
-  }
-}
+void createreg(Program& program) { create(program, MazeKind::regular, Item::createreg); }
+void create3d(Program& program) { create(program, MazeKind::threeD, Item::create3d); }
+void create3dpipe(Program& program) { create(program, MazeKind::pipe, Item::create3dpipe); }
 
 void setCreationMode(Program& program, CreationMode mode) {
   ProgramState& s = program.state;

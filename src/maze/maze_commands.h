@@ -12,6 +12,8 @@ void mpdrawing(Program& program);      ///< "Make current maze part of every maz
 void backtodrawing(Program& program);  ///< "Go back to Drawing"
 void backtomaze(Program& program);     ///< "Go back to Maze"
 void createreg(Program& program);      ///< "Create regular 2-d mazes inside drawing"
+void create3d(Program& program);       ///< "Create 3d-mazes inside drawing"
+void create3dpipe(Program& program);   ///< "Create 3d-pipe-mazes inside drawing"
 
 void ugenerate(Program& program);  ///< "(1)-User creates maze"
 void cgenerate(Program& program);  ///< "(2)-Computer creates maze"

@@ -51,6 +51,21 @@ void makeStartGood(Program& program) {
   if (!standsOnCarved(program, s.start)) s.start = s.walker.walkStart;
 }
 
+/// The last cell but the start's, its inner corner on maze, background or cursor, that passes.
+template <class Test>
+Square searchFromFarCorner(const Program& program, Test test) {
+  const ProgramState& s = program.state;
+  const CellGrid grid = presentGrid(s);
+  const auto cell = grid.fromFarCorner([&](Corner at) {
+    const Square square = grid.squareIn(at);
+    if (square.sameCorner(s.start)) return false;
+    if (s.mazeKind == MazeKind::pipe && !grid.onPipeGrid(at)) return false;
+    const Colour corner = program.canvas.point(square.right, square.bottom);
+    return (!program.colours.isNoGround(corner) || corner == kCursorColour) && test(at);
+  });
+  return cell ? grid.squareIn(*cell) : Square{};
+}
+
 void readCover(const Program& program, const Square& square, Colour endColour, Colour& under, Colour& cover) {
   const Colour pixel = program.canvas.point(square.left, square.top);
   if (program.colours.isMaze(pixel) && pixel != endColour) under = cover = pixel;
@@ -63,18 +78,17 @@ bool standsOnCarved(const Program& program, const Square& square) {
 }
 
 Square searchCarvedFinish(const Program& program) {
-  const ProgramState& s = program.state;
-  const CellGrid grid = presentGrid(s);
-  const auto test = [&](Corner at) {
-    const Square square = grid.squareIn(at);
-    if (square.sameCorner(s.start)) return false;
-    if (s.mazeKind == MazeKind::pipe && !grid.onPipeGrid(at)) return false;
-    const Colour corner = program.canvas.point(square.right, square.bottom);
-    if (program.colours.isNoGround(corner) && corner != kCursorColour) return false;
+  return searchFromFarCorner(program, [&](Corner at) {
+    const ProgramState& s = program.state;
     return program.pixels().allCarved(at.x + 2, at.y + 2, at.x + s.wallWidth - 3, at.y + s.wallHeight - 3);
-  };
-  const auto cell = grid.fromFarCorner(test);
-  return cell ? grid.squareIn(*cell) : Square{};
+  });
+}
+
+Square searchFinishToBeCarved(const Program& program) {
+  return searchFromFarCorner(program, [&](Corner at) {
+    const ProgramState& s = program.state;
+    return program.pixels().allGroundOrCursor(at.x, at.y, at.x + s.wallWidth - 1, at.y + s.wallHeight - 1);
+  });
 }
 
 void makeEndsGood(Program& program) {

@@ -12,6 +12,9 @@ bool standsOnCarved(const Program& program, const Square& square);
 /// \returns an unplaced square (all 0) when there is none.
 Square searchCarvedFinish(const Program& program);
 
+/// The same while the maze is still made: a cell that is carved or still free serves.
+Square searchFinishToBeCarved(const Program& program);
+
 /// Leaves `finish` and `start` on carved squares where there are any, and reads the cover colours.
 void makeEndsGood(Program& program);
 

@@ -52,6 +52,7 @@ HeadlessDesktop::Turn HeadlessDesktop::waits(Program& program, Pace pace) {
     --pumpsLeft_;
     return Turn::givePump;
   }
+  if (keysLeft_ > 0) return pressKey(program);
   if (settling_ && pace != Pace::idle) return Turn::givePump;
   settling_ = false;
   return Turn::again;
@@ -64,23 +65,16 @@ struct HeadlessDesktop::Verb {
 
 HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLine& line) {
   static constexpr auto kVerbs = std::to_array<Verb>({
-      {"click", &HeadlessDesktop::click},
-      {"menu", &HeadlessDesktop::menu},
-      {"type", &HeadlessDesktop::type},
-      {"enter", &HeadlessDesktop::enter},
-      {"escape", &HeadlessDesktop::escape},
-      {"pick", &HeadlessDesktop::pick},
-      {"resize", &HeadlessDesktop::resize},
-      {"minimize", &HeadlessDesktop::minimize},
-      {"restore", &HeadlessDesktop::restore},
-      {"seed", &HeadlessDesktop::seed},
-      {"pumps", &HeadlessDesktop::pumps},
-      {"settle", &HeadlessDesktop::settle},
-      {"until", &HeadlessDesktop::until},
-      {"expect", &HeadlessDesktop::expect},
-      {"show", &HeadlessDesktop::show},
-      {"snapshot", &HeadlessDesktop::snapshot},
-      {"image", &HeadlessDesktop::image},
+      {"click", &HeadlessDesktop::click},       {"menu", &HeadlessDesktop::menu},
+      {"key", &HeadlessDesktop::key},           {"type", &HeadlessDesktop::type},
+
+      {"enter", &HeadlessDesktop::enter},       {"escape", &HeadlessDesktop::escape},
+      {"pick", &HeadlessDesktop::pick},         {"resize", &HeadlessDesktop::resize},
+      {"minimize", &HeadlessDesktop::minimize}, {"restore", &HeadlessDesktop::restore},
+      {"seed", &HeadlessDesktop::seed},         {"pumps", &HeadlessDesktop::pumps},
+      {"settle", &HeadlessDesktop::settle},     {"until", &HeadlessDesktop::until},
+      {"expect", &HeadlessDesktop::expect},     {"show", &HeadlessDesktop::show},
+      {"snapshot", &HeadlessDesktop::snapshot}, {"image", &HeadlessDesktop::image},
       {"close", &HeadlessDesktop::close},
   });
   applyEnableTableIfChanged(program);
@@ -139,6 +133,21 @@ HeadlessDesktop::Turn HeadlessDesktop::menu(Program& program, const ScriptLine&)
   if (hasChildren(*item)) refuse(word(1) + " opens a submenu");
   if (!program.menus.available(*item)) refuse(word(1) + " is disabled or hidden");
   input::menuClick(program, *item);
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::key(Program& program, const ScriptLine& line) {
+  const std::int64_t code = number(1);
+  keysLeft_ = line.words.size() > 2 ? number(2) : 1;
+  if (code < 1 || code > 255) refuse("no key code from 1 to 255: " + word(1));
+  if (keysLeft_ < 1) refuse("no count: " + word(2));
+  keyCode_ = static_cast<int>(code);
+  return pressKey(program);
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::pressKey(Program& program) {
+  --keysLeft_;
+  input::keyDown(program, keyCode_);
   return Turn::givePump;
 }
 

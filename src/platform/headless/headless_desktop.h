@@ -59,6 +59,8 @@ class HeadlessDesktop : public Platform {
 
   Turn click(Program& program, const ScriptLine& line);
   Turn menu(Program& program, const ScriptLine& line);
+  Turn pressKey(Program& program);
+  Turn key(Program& program, const ScriptLine& line);
   Turn type(Program& program, const ScriptLine& line);
   Turn enter(Program& program, const ScriptLine& line);
   Turn escape(Program& program, const ScriptLine& line);
@@ -100,6 +102,8 @@ class HeadlessDesktop : public Platform {
   std::string lastMessage_;
   std::uint32_t seed_ = 0;
 
+  std::int64_t keysLeft_ = 0;  // of `key CODE COUNT`
+  int keyCode_ = 0;
   std::int64_t pumpsLeft_ = 0;  // of `pumps` or of `until`
   bool settling_ = false;
   const FieldName* awaited_ = nullptr;

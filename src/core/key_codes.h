@@ -1,0 +1,12 @@
+// The key codes by which scripts and tenants name keys: letters by their capital, whatever the shift.
+#pragma once
+
+namespace gridwright::key {
+
+inline constexpr int enter = 13, escape = 27;
+inline constexpr int left = 37, up = 38, right = 39, down = 40;
+inline constexpr int A = 65, C = 67, D = 68, F = 70, G = 71, H = 72, I = 73, J = 74, K = 75, L = 76, M = 77,
+                     N = 78, S = 83, T = 84, W = 87, X = 88, Z = 90;
+inline constexpr int comma = 188, period = 190, slash = 191, quote = 222;
+
+}  // namespace gridwright::key

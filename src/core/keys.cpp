@@ -1,0 +1,35 @@
+#include "core/keys.h"
+
+#include "core/key_codes.h"
+#include "drawing/brush_keys.h"
+#include "maze/carve_keys.h"
+#include "solve/place_keys.h"
+
+namespace gridwright {
+
+namespace {
+
+/// While a book is printed a person may only carve.
+bool heldBack(const ProgramState& s, int code) {
+  const bool carves = code == key::J || (code >= key::left && code <= key::down);
+  return s.bookMode != 0 && !(s.phase == Phase::making && carves);
+}
+
+}  // namespace
+
+void dispatchKey(Program& program, int code) {
+  const ProgramState& s = program.state;
+  if (heldBack(s, code)) return;
+  switch (s.phase) {
+    case Phase::drawing:
+      return brushKey(program, code);
+    case Phase::making:
+      return carveKey(program, code);
+    case Phase::placing:
+      return placeKey(program, code);
+    default:
+      return;  // other phases have no keys
+  }
+}
+
+}  // namespace gridwright

@@ -1,0 +1,40 @@
+#include "patterns/random_size.h"
+
+#include <algorithm>
+#include <string>
+
+#include "core/menu_rules.h"
+#include "core/panels.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr int kSmallest = 2;
+constexpr int kLargest = 99;
+
+void setVaries(Program& program, bool varies) {
+  program.state.randomSizeVaries = varies;
+  markOne(program.menus, {Item::maxrnd, Item::usernd}, varies ? Item::usernd : Item::maxrnd);
+}
+
+}  // namespace
+
+void srndpatterns(Program& program) {
+  openPanelOverScreen(program, kRandomSizePanel, std::to_string(program.state.randomPatternSize));
+}
+
+void randomSizeEntered(Program& program) {
+  const int typed = numberTyped(program.controls[ControlId::Text7].text);
+  closePanel(program, kRandomSizePanel);
+  program.state.randomPatternSize = std::clamp(typed, kSmallest, kLargest);
+  program.controls.setText(ControlId::Text7, std::to_string(program.state.randomPatternSize));
+  captionRandomSizes(program);
+}
+
+void randomSizeEscaped(Program& program) { closePanel(program, kRandomSizePanel); }
+
+void maxrnd(Program& program) { setVaries(program, false); }
+void usernd(Program& program) { setVaries(program, true); }
+
+}  // namespace gridwright
