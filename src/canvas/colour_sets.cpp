@@ -103,6 +103,10 @@ bool Pixels::allCarved(int left, int top, int right, int bottom) const {
              [&](Colour pixel) { return sets_.isMaze(pixel) || pixel == kCursorColour; });
 }
 
+bool Pixels::allGround(int left, int top, int right, int bottom) const {
+  return all(left, top, right, bottom, [&](Colour pixel) { return !sets_.isNoGround(pixel); });
+}
+
 bool Pixels::allGroundOrCursor(int left, int top, int right, int bottom) const {
   return all(left, top, right, bottom,
              [&](Colour pixel) { return !sets_.isNoGround(pixel) || pixel == kCursorColour; });

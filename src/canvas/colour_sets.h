@@ -96,6 +96,8 @@ class Pixels {
   [[nodiscard]] bool allFree(int left, int top, int right, int bottom, Colour barred = kOutside) const;
   /// Whether every pixel of the box is carved: a maze pixel or the walker's cursor.
   [[nodiscard]] bool allCarved(int left, int top, int right, int bottom) const;
+  /// Whether every pixel of the box is maze or background.
+  [[nodiscard]] bool allGround(int left, int top, int right, int bottom) const;
   /// Whether every pixel of the box is maze, background or cursor.
   [[nodiscard]] bool allGroundOrCursor(int left, int top, int right, int bottom) const;
   [[nodiscard]] bool carved(int x, int y) const {

@@ -42,6 +42,17 @@ struct WalkerState {
   std::size_t channelPosition = 0;     ///< How far the open step file was read.
 };
 
+/// One step in the kinds with underpasses, shared by the walker and the pattern preview.
+struct UnderpassState {
+  int aheadTwoState = 3, aheadOneState = 3;  ///< 0 free, 1 carved, 3 neither.
+  int sideState = 0;                         ///< 1 a corridor lies alongside; then the walk-back distance.
+  bool underpassOk = true;                   ///< Until the step moved plainly or a tunnel was refused.
+  bool notMovedYet = true;
+  int crossCount = 0;  ///< Corridors that the trial would run beside.
+  Square probe;        ///< The trial square and its leading edge.
+  int probeLeadX = 0, probeLeadY = 0;
+};
+
 /// Start, finish and what the placing loop keeps of them.
 struct EndsState {
   Colour underStart = 0, underFinish = 0;          ///< Last colours read under the squares.
@@ -167,6 +178,7 @@ struct ProgramState {
   int slideIndex = 0;
 
   WalkerState walker;
+  UnderpassState underpass;
   EndsState ends;
   SolverState solver;
   PrintState print;

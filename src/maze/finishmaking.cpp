@@ -1,5 +1,7 @@
 #include "maze/finishmaking.h"
 
+#include "maze/entry_tests.h"
+
 namespace gridwright {
 
 void resetfillcursor(ProgramState& state) {
@@ -19,6 +21,7 @@ bool isFreeForMaze(const Program& program, int x, int y) {
 void finishmaking(Program& program) {
   ProgramState& s = program.state;
   if (!isFreeForMaze(program, s.scanX, s.scanY)) return;
+  if (s.mazeKind == MazeKind::threeD && !firstEntry(program, s.scanX, s.scanY)) return;
   resetfillcursor(s);
   s.walker.freeCellMetSinceStep = true;
 }

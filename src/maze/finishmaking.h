@@ -13,7 +13,8 @@ void resetfillcursor(ProgramState& state);
 /// Whether the cell whose square begins at (x, y) is wholly free: no carved pixel, no cursor.
 bool isFreeForMaze(const Program& program, int x, int y);
 
-/// Tests the cell under the fill cursor and resets the cursor when it is free.
+/// Tests the cell under the fill cursor and resets the cursor when it is free; in a 3-d maze only when
+/// it can also be entered.
 void finishmaking(Program& program);
 
 /// One cell on. \returns false when the cursor has got through the whole Canvas.

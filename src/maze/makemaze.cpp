@@ -9,6 +9,7 @@
 #include "maze/notrap1.h"
 #include "maze/regular_step.h"
 #include "maze/stranded.h"
+#include "maze/underpass_step.h"
 #include "maze/walk_paint.h"
 
 namespace gridwright {
@@ -151,7 +152,7 @@ bool sweepAndYield(Program& program) {
   ProgramState& s = program.state;
   s.walker.lastCreationMode = s.creationMode;
   finishmaking(program);
-  if (!advancefillcursor(s)) {
+  if (!advancefillcursor(s) && !beginTreeOnIsland(program)) {
     s.phase = Phase::placing;
     return false;
   }
@@ -250,12 +251,17 @@ At makeStep(Program& program) {
   hopOverBorder(program);
   leadFromDelta(s);
   notrap1(program);
+  if (releasePipe(program) == StepResult::walkBackEnded) {
+    closeChannel(s);
+    return At::finishPassed;
+  }
   if (s.stepCode == step::none) return At::status;
   if (s.walkMode != WalkMode::back &&
       program.pixels().noGround(s.walker.leadX + s.deltaX, s.walker.leadY + s.deltaY)) {
     return At::status;
   }
-  return regularStep(program) == StepResult::walkBackEnded ? At::finishPassed : At::status;
+  const auto step = s.mazeKind == MazeKind::regular ? regularStep : underpassStep;
+  return step(program) == StepResult::walkBackEnded ? At::finishPassed : At::status;
 }
 
 At chooseStep(Program& program) {

@@ -1,9 +1,12 @@
 #include "maze/stranded.h"
 
 #include <array>
+#include <cstddef>
 #include <optional>
+#include <vector>
 
 #include "core/grid.h"
+#include "maze/entry_tests.h"
 #include "maze/finishmaking.h"
 #include "maze/mixcolors.h"
 #include "maze/walk_paint.h"
@@ -50,14 +53,29 @@ void startCarving(ProgramState& s) {
   resetfillcursor(s);
 }
 
-/// Beside a free cell there is carved ground: the walk back goes on from there.
+/// In pipes the cell between two neighbours must be wholly free too.
+bool canBeJoined(const Program& program, Point cell, Point towards) {
+  return program.state.mazeKind != MazeKind::pipe ||
+         isFreeForMaze(program, cell.x + towards.x / 2, cell.y + towards.y / 2);
+}
+
+/// Beside a free cell there is carved ground: the walk back goes on from there. In a 3-d maze it is
+/// the neighbour from which the cell can be entered.
 bool walkOnBesideFreeCell(Program& program) {
   ProgramState& s = program.state;
   Point carved{};
   const auto hasCarvedNeighbour = [&](Point cell) {
+    if (s.mazeKind == MazeKind::threeD) {
+      const auto entry = firstEntry(program, cell.x, cell.y);
+      if (entry) carved = {entry->x, entry->y};
+      return entry.has_value();
+    }
     for (const Point& d : oneStepEachWay(s.stepX, s.stepY)) {
       carved = {cell.x + d.x, cell.y + d.y};
-      if (program.pixels().maze(carved.x, carved.y) && !isFinish(s, carved)) return true;
+      if (program.pixels().maze(carved.x, carved.y) && !isFinish(s, carved) &&
+          canBeJoined(program, cell, d)) {
+        return true;
+      }
     }
     return false;
   };
@@ -70,12 +88,15 @@ bool walkOnBesideFreeCell(Program& program) {
 /// Only the finish lies beside the free ground: the walker leaves the finish for it, this once.
 bool leaveFinish(Program& program) {
   ProgramState& s = program.state;
+  if (s.mazeKind == MazeKind::threeD) return false;
   Point towards{};
   const auto besideFinish = [&](Point cell) {
     for (const Point& d : oneStepEachWay(s.stepX, s.stepY)) {
       towards = {-d.x, -d.y};
       const Point carved{cell.x + d.x, cell.y + d.y};
-      if (isFinish(s, carved) && program.pixels().maze(carved.x, carved.y)) return true;
+      if (isFinish(s, carved) && program.pixels().maze(carved.x, carved.y) && canBeJoined(program, cell, d)) {
+        return true;
+      }
     }
     return false;
   };
@@ -90,17 +111,87 @@ bool leaveFinish(Program& program) {
   return true;
 }
 
-/// Nothing carved lies beside any free cell: a tree of its own begins in the first of them.
-void beginNewTree(Program& program) {
+/// A tree of its own begins in the first free cell that passes, the finish only if there is no other.
+template <class Test>
+bool beginNewTree(Program& program, Test test) {
   ProgramState& s = program.state;
-  auto cell = firstFree(program, [&](Point corner) { return !isFinish(s, corner); });
-  if (!cell) cell = firstFree(program, [](Point) { return true; });
-  if (!cell) return;
+  auto cell = firstFree(program, [&](Point corner) { return !isFinish(s, corner) && test(corner); });
+  if (!cell) cell = firstFree(program, test);
+  if (!cell) return false;
   s.cur = s.prev = squareAt(s, *cell);
   mixcolors(program);
   boxSquare(program, s.cur);
   startCarving(s);
+  return true;
 }
+
+/// Free cells from which no carved ground can be reached over free cells. Marks on a scratch copy of
+/// the grid, swept until nothing changes, tell them without a list.
+class Islands {
+ public:
+  explicit Islands(const Program& program)
+      : s_(program.state),
+        originX_(s_.wallWidth + 1 - s_.stepX),
+        originY_(s_.wallHeight + 1 - s_.stepY),
+        columns_((s_.canvasWidth - originX_) / s_.stepX + 1),
+        rows_((s_.canvasHeight - originY_) / s_.stepY + 1),
+        marks_(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_), Mark::none) {
+    for (int row = 0; row < rows_; ++row) {
+      for (int column = 0; column < columns_; ++column) markCell(program, column, row);
+    }
+    while (sweep()) {
+    }
+  }
+
+  [[nodiscard]] bool holds(Point corner) const {
+    const int column = (corner.x - originX_) / s_.stepX;
+    const int row = (corner.y - originY_) / s_.stepY;
+    return mark(column, row) == Mark::free;
+  }
+
+ private:
+  enum class Mark : unsigned char { none, free, reachesCarved };
+
+  [[nodiscard]] Mark mark(int column, int row) const {
+    if (column < 0 || row < 0 || column >= columns_ || row >= rows_) return Mark::none;
+    return marks_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+                  static_cast<std::size_t>(column)];
+  }
+  Mark& markAt(int column, int row) {
+    return marks_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+                  static_cast<std::size_t>(column)];
+  }
+
+  void markCell(const Program& program, int column, int row) {
+    const int x = originX_ + column * s_.stepX;
+    const int y = originY_ + row * s_.stepY;
+    if (!isFreeForMaze(program, x, y)) return;
+    Mark& own = markAt(column, row) = Mark::free;
+    for (const Point& d : oneStepEachWay(s_.stepX, s_.stepY)) {
+      if (program.pixels().carved(x + d.x, y + d.y)) own = Mark::reachesCarved;
+    }
+  }
+
+  bool sweep() {
+    bool changed = false;
+    for (int row = 0; row < rows_; ++row) {
+      for (int column = 0; column < columns_; ++column) {
+        if (mark(column, row) != Mark::free) continue;
+        for (const Point& d : oneStepEachWay(1, 1)) {
+          if (mark(column + d.x, row + d.y) != Mark::reachesCarved) continue;
+          markAt(column, row) = Mark::reachesCarved;
+          changed = true;
+          break;
+        }
+      }
+    }
+    return changed;
+  }
+
+  const ProgramState& s_;
+  int originX_, originY_, columns_, rows_;
+  std::vector<Mark> marks_;
+};
 
 }  // namespace
 
@@ -115,7 +206,14 @@ void rescueIfStranded(Program& program) {
   if (++s.walker.passesSinceCarved < 100 * columns * rows) return;
   s.walker.passesSinceCarved = 0;
   if (walkOnBesideFreeCell(program) || leaveFinish(program)) return;
-  beginNewTree(program);
+  beginNewTree(program, [](Point) { return true; });
+}
+
+bool beginTreeOnIsland(Program& program) {
+  const ProgramState& s = program.state;
+  if (s.mazeKind != MazeKind::threeD || s.creationMode != CreationMode::computer) return false;
+  const Islands islands(program);
+  return beginNewTree(program, [&](Point corner) { return islands.holds(corner); });
 }
 
 }  // namespace gridwright

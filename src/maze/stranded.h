@@ -13,4 +13,9 @@ namespace gridwright {
 /// Called at the head of every full pass of a maze that the computer makes.
 void rescueIfStranded(Program& program);
 
+/// When the fill cursor of a 3-d maze has got through, free cells may still hang together with no
+/// carved ground beside any of them: a tree of its own begins there.
+/// \returns whether one did, and the maze goes on.
+bool beginTreeOnIsland(Program& program);
+
 }  // namespace gridwright
