@@ -3,6 +3,7 @@
 #include "canvas/colour_repairs.h"
 #include "core/menu_rules.h"
 #include "core/panels.h"
+#include "solve/play.h"
 
 namespace gridwright {
 
@@ -22,10 +23,9 @@ void resetsettings(Program& program) {
   s.randomPatternMode = 0;
   s.stopAtFinish = false;
   s.randomSizeVaries = false;
-  s.playMode = s.chosenPlayMode = PlayMode::off;
   s.trailOff = false;
+  endPlay(program);
   markOne(menus, {Item::pthick, Item::pthin}, Item::pthick);
-  markOne(menus, {Item::playmodeoff, Item::easymode, Item::hardmode}, Item::playmodeoff);
   markOne(menus, {Item::aon, Item::aoff}, Item::aoff);
   markOne(menus, {Item::usepattern, Item::dontusepattern, Item::crnd1}, Item::usepattern);
   markOne(menus, {Item::maxrnd, Item::usernd}, Item::maxrnd);

@@ -4,6 +4,7 @@
 #include "drawing/brush_keys.h"
 #include "maze/carve_keys.h"
 #include "solve/place_keys.h"
+#include "solve/play.h"
 
 namespace gridwright {
 
@@ -27,6 +28,8 @@ void dispatchKey(Program& program, int code) {
       return carveKey(program, code);
     case Phase::placing:
       return placeKey(program, code);
+    case Phase::solving:
+      return playKey(program, code);
     default:
       return;  // other phases have no keys
   }

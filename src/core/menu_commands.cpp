@@ -13,6 +13,7 @@
 #include "patterns/random_size.h"
 #include "solve/finish_methods.h"
 #include "solve/placesandf.h"
+#include "solve/play.h"
 #include "solve/rfinish.h"
 
 namespace gridwright {
@@ -50,6 +51,23 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::usernd, usernd},
     {Item::maxrnd, maxrnd},
     {Item::userplace, userplace},
+    {Item::mostunderpasses, mostunderpasses},
+    {Item::includeunderpasses, includeunderpasses},
+    {Item::largestsolution, largestsolution},
+    {Item::leavetrail, leavetrail},
+    {Item::playmodeoff, playmodeoff},
+    {Item::hardmode, hardmode},
+    {Item::easymode, easymode},
+    {Item::pthin, pthin},
+    {Item::pthick, pthick},
+    {Item::plarge, plarge},
+    {Item::pnormal, pnormal},
+    {Item::mode6, mode6},
+    {Item::mode5, mode5},
+    {Item::mode4, mode4},
+    {Item::mode3, mode3},
+    {Item::mode2, mode2},
+    {Item::mode1, mode1},
     {Item::rfinish, rfinish},
     {Item::way4, way4},
     {Item::vertical, vertical},

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "canvas/colour.h"
 #include "canvas/geometry.h"
@@ -68,6 +69,12 @@ struct EndsState {
   bool startMovedOnce = false, finishMovedOnce = false;
 };
 
+/// The walk's whole state in a cell.
+struct WalkMark {
+  int probeX = 0, probeY = 0, deltaX = 0, deltaY = 0, underpassLock = 0;
+  friend bool operator==(const WalkMark&, const WalkMark&) = default;
+};
+
 /// The wall follower's own values.
 struct SolverState {
   int probeX = 0, probeY = 0;  ///< The wall-following pixel.
@@ -80,12 +87,15 @@ struct SolverState {
   FinishMethod activeFinishMethod = FinishMethod::user;
   PlayMode playModeSeen = PlayMode::off, playModeAtPause = PlayMode::off;
   bool trailOffSeen = false;
-  Colour markerGround = 0;  ///< The maze colour that the play marker stands on.
+  std::vector<WalkMark> seenInStart;  ///< In this search, while the walk was in the start cell.
+  Colour markerGround = 0;            ///< The maze colour that the play marker stands on.
 };
 
 /// The print job's values.
 struct PrintState {
-  bool printedNow = false;  ///< A blank maze of a with-answers job went to the printer.
+  bool printedNow = false;                   ///< A blank maze of a with-answers job went to the printer.
+  bool trailOffAtPrint = false;              ///< As the panel found it in phase 3.
+  PlayMode playModeAtPrint = PlayMode::off;  ///< Likewise.
 };
 
 /// The paint tool's own values.

@@ -38,7 +38,30 @@ void setSymmetry(Program& program, Symmetry symmetry) {
   markSettings(program);
 }
 
+void setDifficulty(Program& program, int level) {
+  program.state.difficultyLevel = level;
+  mazemenus(program);
+}
+
+void setPathSize(Program& program, int size) {
+  program.state.pathSize = size;
+  markSettings(program);
+}
+
 }  // namespace
+
+void mode1(Program& program) { setDifficulty(program, 1); }
+void mode2(Program& program) { setDifficulty(program, 2); }
+void mode3(Program& program) { setDifficulty(program, 3); }
+void mode4(Program& program) { setDifficulty(program, 4); }
+void mode5(Program& program) { setDifficulty(program, 5); }
+void mode6(Program& program) { setDifficulty(program, 6); }
+void pnormal(Program& program) { setPathSize(program, 1); }
+void plarge(Program& program) { setPathSize(program, 2); }
+
+// Only the mark: it is read when a maze starts.
+void pthick(Program& program) { markOne(program.menus, {Item::pthick, Item::pthin}, Item::pthick); }
+void pthin(Program& program) { markOne(program.menus, {Item::pthick, Item::pthin}, Item::pthin); }
 
 void drawingon(Program& program) { setDrawingOff(program, false); }
 void drawingoff(Program& program) { setDrawingOff(program, true); }

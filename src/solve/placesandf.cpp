@@ -3,12 +3,11 @@
 #include "core/grid.h"
 #include "core/menu_rules.h"
 #include "core/pump.h"
+#include "solve/finish_search.h"
 
 namespace gridwright {
 
 namespace {
-
-bool finishIsPlaced(const ProgramState& s) { return s.finishMethod == FinishMethod::user || s.finishFound; }
 
 /// The square has left a cell: the cell gets its maze colour back, and the next one's is kept.
 void uncover(Program& program, const Square& left, bool& movedOnce, Colour under, Colour& cover,
@@ -23,28 +22,31 @@ void uncover(Program& program, const Square& left, bool& movedOnce, Colour under
 }
 
 /// The finish is the solver's to find: it is taken off the Canvas.
-void startSearch(Program& program) {
+void startSearch(Program& program, bool firstPass, bool finishMoved) {
   ProgramState& s = program.state;
-  program.canvas.fill(s.ends.lastFinish, s.ends.finishMazeColor);
+  const auto cover = [&](Colour colour) { return program.colours.isMaze(colour) ? colour : s.mazeColor; };
+  if (!firstPass && finishMoved) program.canvas.fill(s.finish, cover(s.ends.underFinish));
+  program.canvas.fill(s.ends.lastFinish, cover(s.ends.finishMazeColor));
   s.finish = {-100, -100, -100, -100};
   s.phase = Phase::solving;
 }
 
 /// Paints both squares where they stand. \returns whether placing goes on.
-bool placeOnce(Program& program) {
+bool placeOnce(Program& program, bool firstPass) {
   ProgramState& s = program.state;
   EndsState& ends = s.ends;
   if (!s.start.sameCorner(s.prev)) {
     uncover(program, s.prev, ends.startMovedOnce, ends.underStart, ends.startMazeColor, true);
   }
-  if (!s.finish.sameCorner(ends.lastFinish)) {
+  const bool finishMoved = !s.finish.sameCorner(ends.lastFinish);
+  if (finishMoved) {
     uncover(program, ends.lastFinish, ends.finishMovedOnce, ends.underFinish, ends.finishMazeColor, false);
   }
   ends.underStart = program.canvas.point(s.start.left, s.start.top);
   ends.underFinish = program.canvas.point(s.finish.left, s.finish.top);
   program.canvas.fill(s.start, s.startColor);
-  if (!finishIsPlaced(s)) {
-    startSearch(program);
+  if (isSearching(s)) {
+    startSearch(program, firstPass, finishMoved);
     return false;
   }
   program.canvas.fill(s.finish, s.finishColor);
@@ -74,12 +76,14 @@ bool placingGoesOn(Phase phase) {
 void placesandf(Program& program) {
   ProgramState& s = program.state;
   beginPlacing(program);
+  bool firstPass = true;
   do {
     printStatus(program);
     enableKeyHelp(program, Item::ksandf);
     mazemenus(program);
     s.ends.startColorMoved = s.ends.finishColorMoved = false;
-    if (!s.paused && !placeOnce(program)) return;
+    if (!s.paused && !placeOnce(program, firstPass)) return;
+    firstPass = false;
     yield(program, Pace::idle);
   } while (placingGoesOn(s.phase));
 }
@@ -95,7 +99,7 @@ void sandf(Program& program) {
     };
     if (grid.count(3, isCarved) < 3) return;
   }
-  if (s.phase == Phase::solving && !finishIsPlaced(s)) {
+  if (s.phase == Phase::solving && isSearching(s)) {
     const Colour corner = program.canvas.point(s.finish.left, s.finish.top);
     if (program.colours.isMaze(corner) && corner != s.finishColor) s.finish = {-100, -100, -100, -100};
   }

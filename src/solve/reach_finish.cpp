@@ -37,12 +37,13 @@ void lastStroke(Program& program) {
 bool reachFinish(Program& program) {
   ProgramState& s = program.state;
   closedCellTest(program);
+  if (s.testCount == 0) strokeThroughClosedCell(program, s.startColor);
   program.controls.setCaption(program.menus.checked(Item::playmodeoff)
                                   ? "Gridwright-(computer has solved maze)"
                                   : "Gridwright-(user has solved maze)");
   if (s.autoMinimize && !s.paused) program.platform.setWindowState(WindowState::maximised);
   program.platform.raise();
-  if (cellChanged(s)) program.canvas.fill(s.cur, s.finishColor);
+  if (cellChanged(s)) program.canvas.fill(s.finish, s.finishColor);
   if (s.playMode != PlayMode::off && s.trailOff && !s.paused) program.canvas.fill(s.prev, s.mazeColor);
   lastStroke(program);
   program.canvas.fill(s.start, s.startColor);

@@ -1,7 +1,13 @@
 #include "solve/solvingmaze.h"
 
+#include <cstdint>
+
 #include "core/menu_rules.h"
 #include "core/pump.h"
+#include "solve/crossing.h"
+#include "solve/finish_search.h"
+#include "solve/firstnoxy.h"
+#include "solve/play.h"
 #include "solve/probe.h"
 #include "solve/reach_finish.h"
 #include "solve/trail.h"
@@ -9,8 +15,6 @@
 namespace gridwright {
 
 namespace {
-
-bool finishIsPlaced(const ProgramState& s) { return s.finishMethod == FinishMethod::user || s.finishFound; }
 
 PlayMode playModeInMenu(const MenuModel& menus) {
   if (menus.checked(Item::easymode)) return PlayMode::easy;
@@ -22,7 +26,7 @@ void prepareSolving(Program& program) {
   const ColourSets& sets = program.colours;
   if (!sets.isMaze(s.mazeColor)) s.mazeColor = s.ends.startMazeColor;
   if (!sets.isMaze(s.mazeColor)) s.mazeColor = sets.maze()[0];
-  if (finishIsPlaced(s)) s.playMode = playModeInMenu(program.menus);
+  if (!isSearching(s)) s.playMode = playModeInMenu(program.menus);
   s.mazeStage = Phase::solving;
   s.sweepX = s.sweepY = -1;
 }
@@ -57,7 +61,7 @@ void keepStartWhole(Program& program) {
 
 void noteMarkerGround(Program& program) {
   ProgramState& s = program.state;
-  if (!s.trailOff || !finishIsPlaced(s) || s.paused) return;
+  if (!s.trailOff || isSearching(s) || s.paused) return;
   const Colour corner = program.canvas.point(s.cur.left, s.cur.top);
   if (program.colours.isMaze(corner)) s.solver.markerGround = corner;
 }
@@ -86,13 +90,14 @@ void menusOfPass(Program& program) {
 
 /// \returns whether the finish has been reached.
 bool standsOnFinish(const ProgramState& s) {
-  return !s.paused && s.cur.sameCorner(s.finish) && finishIsPlaced(s);
+  return !s.paused && s.cur.sameCorner(s.finish) && !isSearching(s);
 }
 
 void walkOn(Program& program) {
   ProgramState& s = program.state;
   s.solver.trailPaint = s.startColor;
   if (s.playMode == PlayMode::off || !s.trailOff) updateTrail(program);
+  playUpdate(program);
   if (s.playMode == PlayMode::off && s.solver.playModeSeen != PlayMode::off) {
     program.canvas.fill(s.start, s.startColor);
   }
@@ -106,6 +111,57 @@ void walkOn(Program& program) {
   }
   s.prev = s.cur;
   keepStartWhole(program);
+}
+
+/// A walk whose whole state comes back finds nothing new: there is no path. It is compared with the
+/// state kept at the last power of two, so any period is found within a few rounds.
+class Repetition {
+ public:
+  bool isComplete(const ProgramState& s) {
+    const State now{{s.solver.probeX, s.solver.probeY, s.deltaX, s.deltaY, s.solver.underpassLock},
+                    s.cur,
+                    s.prev,
+                    s.solver.pathLength};
+    const bool again = passes_ > 0 && now == kept_;
+    if (++passes_ >= nextKept_ && !again) {
+      kept_ = now;
+      nextKept_ = passes_ * 2;
+    }
+    return again;
+  }
+
+ private:
+  struct State {
+    WalkMark walk;
+    Square cur, prev;
+    int pathLength = 0;
+    friend bool operator==(const State&, const State&) = default;
+  };
+  State kept_;
+  std::int64_t passes_ = 0, nextKept_ = 1;
+};
+
+bool leavesSolver(Phase phase) {
+  return phase == Phase::quitToTitle || phase == Phase::drawing || phase == Phase::making ||
+         phase == Phase::placing;
+}
+
+/// The part of a pass before anything is walked. \returns false when the loop ends here: the option
+/// was changed, or the search is done.
+bool beforeStep(Program& program) {
+  ProgramState& s = program.state;
+  loadthispic(program);
+  if (!s.paused) s.solver.playModeAtPause = s.playMode;
+  minimiseOnce(program);
+  choosePlane(program);
+  if (s.solver.activeFinishMethod != s.finishMethod && !s.paused) {
+    finishMethodChanged(program);
+    return false;
+  }
+  menusOfPass(program);
+  if (!s.paused) s.solver.activeFinishMethod = s.finishMethod;
+  endsolution2(program);
+  return !searchEnded(program);
 }
 
 void solvedWait(Program& program) {
@@ -131,22 +187,28 @@ void putWalkOnStart(ProgramState& state) {
 void solvingmaze(Program& program) {
   ProgramState& s = program.state;
   s.solver.pathUnderpasses = s.solver.bestPathUnderpasses = s.solver.underpassLock = 0;
+  s.solver.seenInStart.clear();
+  if (s.mazeKind == MazeKind::threeD) firstnoxy(program);
   prepareSolving(program);
   s.solver.startReturns = 0;
+  Repetition repetition;
   for (;;) {
-    if (!s.paused) s.solver.playModeAtPause = s.playMode;
-    minimiseOnce(program);
-    choosePlane(program);
-    menusOfPass(program);
+    if (!beforeStep(program)) return;
     if (standsOnFinish(s)) {
-      if (!reachFinish(program)) return;
-      return solvedWait(program);
+      if (reachFinish(program)) solvedWait(program);
+      return;
     }
+    const bool moved = cellChanged(s);
     walkOn(program);
-    yield(program, s.paused ? Pace::idle : Pace::working);
+    const bool waits = s.paused || (s.playMode != PlayMode::off ? !moved : repetition.isComplete(s));
+    const bool searching = isSearching(s);
+    yield(program, waits ? Pace::idle : Pace::working);
     noteMarkerGround(program);
+    if (searching && isSearching(s) && leavesSolver(s.phase)) s.playMode = s.chosenPlayMode;
     if (!goesOn(program)) return;
     if (s.playMode == PlayMode::off && !s.paused) probeStep(program);
+    maze3dunderpass(program);
+    longUnderpass(program);
   }
 }
 

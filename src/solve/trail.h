@@ -19,6 +19,9 @@ inline bool cellChanged(const ProgramState& state) { return !state.cur.sameCorne
 /// `testCount`: 0 when the previous cell is closed on all sides, which only a crossing reaches.
 void closedCellTest(Program& program);
 
+/// The line through a previous cell that a crossing passed, along the walk's direction.
+void strokeThroughClosedCell(Program& program, Colour colour);
+
 /// Draws the trail up to the current cell, or takes it back where the walk retraces it.
 void updateTrail(Program& program);
 

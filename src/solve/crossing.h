@@ -1,0 +1,16 @@
+// Taking an underpass: where the cell has a wall ahead but a way one cell further, the walk jumps to
+// the underpass's matching exit in one move.
+#pragma once
+
+#include "core/program.h"
+
+namespace gridwright {
+
+/// Run on every pass of the solver in 3-d mazes and Short pipes. Tries left, right, up and down in
+/// turn; each sees the cell as the one before left it.
+void maze3dunderpass(Program& program);
+
+/// The same for Long pipes, whose tunnel mouths reach one pixel further out.
+void longUnderpass(Program& program);
+
+}  // namespace gridwright
