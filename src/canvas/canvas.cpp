@@ -106,6 +106,14 @@ Bitmap Canvas::visiblePart(const std::vector<Colour>& plane) const {
   return part;
 }
 
+bool Canvas::hasStrokes() const {
+  for (int y = 0; y < height_; ++y) {
+    const Colour* row = persistent_.data() + index(0, y);
+    if (std::any_of(row, row + width_, [](Colour pixel) { return (pixel & kCovered) != 0; })) return true;
+  }
+  return false;
+}
+
 void Canvas::touch(int left, int top, int right, int bottom) {
   if (dirty_.empty()) {
     dirty_ = {left, top, right + 1, bottom + 1};

@@ -9,11 +9,18 @@
 namespace gridwright {
 
 inline constexpr auto kComingItems = std::to_array<Item>({
-    Item::sdrawing,      Item::ldrawing,           Item::choosew,          Item::selectcolor,
-    Item::resetcolors,   Item::printwithsolutions, Item::printnosolutions, Item::stopallprintings,
-    Item::crnd1,         Item::editpatterns,       Item::rightpattern,     Item::uppattern,
-    Item::downpattern,   Item::crpattern,          Item::resetpattern,     Item::resetpatterns,
-    Item::makeidentical, Item::savepatterns,       Item::loadpatterns,     Item::exitpattern,
+    Item::crnd1,
+    Item::editpatterns,
+    Item::rightpattern,
+    Item::uppattern,
+    Item::downpattern,
+    Item::crpattern,
+    Item::resetpattern,
+    Item::resetpatterns,
+    Item::makeidentical,
+    Item::savepatterns,
+    Item::loadpatterns,
+    Item::exitpattern,
 });
 
 constexpr bool isComing(Item item) {

@@ -3,6 +3,7 @@
 #include "canvas/colour_repairs.h"
 #include "core/menu_rules.h"
 #include "core/panels.h"
+#include "files/print_job.h"
 #include "solve/play.h"
 
 namespace gridwright {
@@ -42,8 +43,7 @@ void mbsub(Program& program) {
   s.walker.channelPosition = 0;
   s.symmetryMode = Symmetry::off;
   s.drawingOff = false;
-  s.printTotal = s.printedCount = 0;
-  s.printMode = PrintMode::none;
+  endJob(program);
   program.steps.resetKind(s.mazeKind);
   markSettings(program);
   printStatus(program);

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "canvas/colour_editor.h"
 #include "core/enable_table.h"
 #include "core/keys.h"
 #include "core/main_loop.h"
 #include "core/menu_commands.h"
 #include "core/panels.h"
 #include "core/title.h"
+#include "files/print_job.h"
 
 namespace gridwright::input {
 
@@ -22,7 +24,9 @@ bool isLive(const Program& program, ControlId id) {
 struct ListOfPanel {
   ControlId list, box;
 };
-constexpr std::array kLists = {ListOfPanel{ControlId::File5, ControlId::Text8}};
+constexpr std::array kLists = {ListOfPanel{ControlId::File1, ControlId::text1},
+                               ListOfPanel{ControlId::File2, ControlId::Text4},
+                               ListOfPanel{ControlId::File5, ControlId::Text8}};
 
 }  // namespace
 
@@ -44,20 +48,35 @@ void menuClick(Program& program, Item item) {
 
 void buttonClick(Program& program, ControlId button) {
   if (!isLive(program, button)) return;
+  if (button == ControlId::Command1) command1(program);
   if (button == ControlId::Command2) command2(program);
   if (button == ControlId::Command7) endProgram();
 }
 
+void swatchLeft(Program& program, ControlId swatch) {
+  if (isLive(program, swatch)) swatchClicked(program, swatch);
+}
+
+void swatchRight(Program& program, ControlId swatch) {
+  if (isLive(program, swatch)) swatchRightPressed(program, swatch);
+}
+
 void textTyped(Program& program, ControlId box, std::string_view text) {
-  if (isLive(program, box)) program.controls.setText(box, text);
+  if (!isLive(program, box)) return;
+  if (box == ControlId::Text3) printPanelKey(program);
+  program.controls.setText(box, text);
 }
 
 void enterPressed(Program& program, ControlId box) {
-  if (isLive(program, box)) panelEntered(program, box);
+  if (!isLive(program, box)) return;
+  if (box == ControlId::Text3) printPanelKey(program);
+  panelEntered(program, box);
 }
 
 void escapePressed(Program& program, ControlId box) {
-  if (isLive(program, box)) panelEscaped(program, box);
+  if (!isLive(program, box)) return;
+  if (box == ControlId::Text3) printPanelKey(program);
+  panelEscaped(program, box);
 }
 
 void listClick(Program& program, ControlId list, int entry) {
@@ -67,6 +86,8 @@ void listClick(Program& program, ControlId list, int entry) {
       std::find_if(kLists.begin(), kLists.end(), [&](const ListOfPanel& l) { return l.list == list; });
   if (row == kLists.end()) return;
   program.controls.setSelected(list, entry);
+  if (list == ControlId::File2)
+    program.state.files.lastDrawing = control.entries[static_cast<std::size_t>(entry)];
   program.controls.setText(row->box, control.entries[static_cast<std::size_t>(entry)]);
   program.controls.setFocus(row->box);
 }

@@ -19,6 +19,10 @@ void menuClick(Program& program, Item item);
 /// \throws ProgramEnd for the button that quits the program.
 void buttonClick(Program& program, ControlId button);
 
+/// The left button on a swatch or another check box, and the right button on one.
+void swatchLeft(Program& program, ControlId swatch);
+void swatchRight(Program& program, ControlId swatch);
+
 /// Puts text into a shown text box, as typing does.
 void textTyped(Program& program, ControlId box, std::string_view text);
 void enterPressed(Program& program, ControlId box);

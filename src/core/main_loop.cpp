@@ -2,13 +2,20 @@
 
 #include "core/pump.h"
 #include "core/stages.h"
+#include "files/drawing_files.h"
 
 namespace gridwright {
 
 void endProgram() { throw ProgramEnd{}; }
 
 void runProgram(Program& program) {
-  for (Stage stage = Stage::processStart;;) stage = runStage(program, stage);
+  try {
+    for (Stage stage = Stage::processStart;;) stage = runStage(program, stage);
+  } catch (const ProgramEnd&) {
+    keepLastDrawing(program);
+    program.platform.endOfPages();
+    throw;
+  }
 }
 
 Stage stageOf(Phase phase) {

@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "canvas/colour_editor.h"
 #include "core/defaults.h"
 #include "core/setting_commands.h"
 #include "core/wall_size.h"
 #include "drawing/new_drawing.h"
+#include "files/drawing_files.h"
 #include "files/import_drawing.h"
+#include "files/print_job.h"
 #include "files/print_window.h"
 #include "maze/maze_commands.h"
 #include "patterns/random_size.h"
@@ -50,6 +53,14 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::srndpatterns, srndpatterns},
     {Item::usernd, usernd},
     {Item::maxrnd, maxrnd},
+    {Item::sdrawing, sdrawing},
+    {Item::ldrawing, ldrawing},
+    {Item::choosew, choosew},
+    {Item::selectcolor, selectcolor},
+    {Item::resetcolors, resetcolors},
+    {Item::printwithsolutions, printwithsolutions},
+    {Item::printnosolutions, printnosolutions},
+    {Item::stopallprintings, stopallprintings},
     {Item::userplace, userplace},
     {Item::mostunderpasses, mostunderpasses},
     {Item::includeunderpasses, includeunderpasses},

@@ -43,10 +43,20 @@ void mazemenus(Program& program) {
 
 void keysmenu(Program& program) { enableKeyHelp(program, Item::keysanswer); }
 
+/// What a print job waits for, when it does.
+std::string_view jobWaitsFor(const ProgramState& s) {
+  if (s.printedCount > 0 && s.creationMode == CreationMode::computer) return "";
+  if (s.phase == Phase::making && s.creationMode == CreationMode::user)
+    return "waiting for you to make the maze";
+  const bool mazeIsMade = s.phase >= Phase::solving && !s.print.printedNow;
+  return mazeIsMade || s.phase == Phase::drawing ? "waiting for a new maze: choose New maze" : "";
+}
+
 void printStatus(Program& program) {
   const ProgramState& s = program.state;
   MenuModel& menus = program.menus;
   if (s.printMode != PrintMode::none) {
+    menus.setTip(Item::printing, jobWaitsFor(s));
     menus.setCaption(Item::printing, std::to_string(s.printTotal - s.printedCount) +
                                          " mazes left to print out of " + std::to_string(s.printTotal));
     return;

@@ -39,4 +39,10 @@ void MenuModel::setCaption(Item item, std::string_view caption) {
   ++revision_;
 }
 
+void MenuModel::setTip(Item item, std::string_view tip) {
+  if (tips_[index(item)] == tip) return;
+  tips_[index(item)] = tip;
+  ++revision_;
+}
+
 }  // namespace gridwright

@@ -65,6 +65,9 @@ class MenuModel {
   [[nodiscard]] bool checked(Item item) const { return checked_[index(item)]; }
   [[nodiscard]] const std::string& caption(Item item) const { return captions_[index(item)]; }
 
+  /// Words that help with an item, shown beside it; may be empty.
+  [[nodiscard]] const std::string& tip(Item item) const { return tips_[index(item)]; }
+
   /// Whether a person can choose the item: it and all above it are shown and enabled.
   [[nodiscard]] bool available(Item item) const;
 
@@ -72,6 +75,7 @@ class MenuModel {
   void setVisible(Item item, bool on) { set(visible_, item, on); }
   void setChecked(Item item, bool on) { set(checked_, item, on); }
   void setCaption(Item item, std::string_view caption);
+  void setTip(Item item, std::string_view tip);
 
   /// Grows with every change; a tenant whose widgets show an older one brings them in line.
   [[nodiscard]] std::uint64_t revision() const { return revision_; }
@@ -90,6 +94,7 @@ class MenuModel {
 
   Bits enabled_, visible_, checked_;
   std::array<std::string, kItemCount> captions_;
+  std::array<std::string, kItemCount> tips_;
   std::uint64_t revision_ = 1;
 };
 

@@ -6,15 +6,19 @@
 #include <cstdlib>
 #include <string>
 
+#include "canvas/colour_editor.h"
 #include "core/wall_size.h"
+#include "files/drawing_files.h"
 #include "files/import_drawing.h"
+#include "files/print_job.h"
 #include "patterns/random_size.h"
 
 namespace gridwright {
 
 namespace {
 
-constexpr std::array kPanels = {kWallSizePanel, kRandomSizePanel, kImportPanel};
+constexpr std::array kPanels = {kWallSizePanel, kRandomSizePanel, kSavePanel,
+                                kLoadPanel,     kPrintPanel,      kImportPanel};
 
 struct Handlers {
   ControlId box;
@@ -24,6 +28,9 @@ struct Handlers {
 constexpr std::array kHandlers = {
     Handlers{ControlId::Text2, wallSizeEntered, wallSizeEscaped},
     Handlers{ControlId::Text7, randomSizeEntered, randomSizeEscaped},
+    Handlers{ControlId::text1, saveEntered, saveEscaped},
+    Handlers{ControlId::Text4, loadEntered, loadEscaped},
+    Handlers{ControlId::Text3, printEntered, printEscaped},
     Handlers{ControlId::Text8, importEntered, importEscaped},
 };
 
@@ -67,6 +74,7 @@ void closePanel(Program& program, const Panel& panel) {
 
 void hideAllPanels(Program& program) {
   for (const Panel& panel : kPanels) hidePanel(program, panel);
+  hideColourPanels(program);
   program.controls.setFocus(std::nullopt);
 }
 

@@ -16,6 +16,9 @@ struct Panel {
 
 inline constexpr Panel kWallSizePanel{ControlId::Text2, ControlId::Label4, std::nullopt};
 inline constexpr Panel kRandomSizePanel{ControlId::Text7, ControlId::Label10, std::nullopt};
+inline constexpr Panel kSavePanel{ControlId::text1, ControlId::Label2, ControlId::File1};
+inline constexpr Panel kLoadPanel{ControlId::Text4, ControlId::Label3, ControlId::File2};
+inline constexpr Panel kPrintPanel{ControlId::Text3, ControlId::Label1, std::nullopt};
 inline constexpr Panel kImportPanel{ControlId::Text8, ControlId::Label11, ControlId::File5};
 
 /// Holds the window: the running loop stands still, and the long list of commands is off.

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "canvas/colour.h"
@@ -93,9 +94,23 @@ struct SolverState {
 
 /// The print job's values.
 struct PrintState {
-  bool printedNow = false;                   ///< A blank maze of a with-answers job went to the printer.
-  bool trailOffAtPrint = false;              ///< As the panel found it in phase 3.
-  PlayMode playModeAtPrint = PlayMode::off;  ///< Likewise.
+  bool printedNow = false;                       ///< A blank maze of a with-answers job went to the printer.
+  bool trailOffAtPrint = false;                  ///< As the panel found it in phase 3.
+  PlayMode playModeAtPrint = PlayMode::off;      ///< Likewise.
+  PrintMode printKindPending = PrintMode::none;  ///< What the open panel asks for.
+  PrintMode printKindSaved = PrintMode::none;
+};
+
+/// The colour editor's own values.
+struct ColourEditorState {
+  Colour editedPaletteColor = 0;  ///< The background whose maze colour is being picked.
+  int mazeColorPick = 0;          ///< 0 idle, 1 the maze colour panel is wanted, 2 a colour was picked.
+  bool colorTicksReady = false;   ///< The drawing colour panel's own ticks do not count as clicks.
+};
+
+/// The names that the file panels remember.
+struct FileState {
+  std::string lastDrawing, lastSet;
 };
 
 /// The paint tool's own values.
@@ -161,6 +176,8 @@ struct ProgramState {
   bool shortUnderpasses = true;
   int randomPatternSize = 5;  ///< 2 to 99.
   bool randomSizeVaries = false;
+  bool randomUsesGo = false;  ///< Random steps may turn to walking back.
+  int randomStepsDone = 0;    ///< Fresh cells walked in the present random pattern.
   int randomPatternMode = 0;  ///< 5 while random patterns are made for every maze.
   bool randomFlagLeft = false, randomFlagRight = false, randomFlagUp = false, randomFlagDown = false;
   bool drawingOff = false;
@@ -193,6 +210,8 @@ struct ProgramState {
   SolverState solver;
   PrintState print;
   DrawingState drawing;
+  ColourEditorState colours;
+  FileState files;
 };
 
 }  // namespace gridwright

@@ -1,7 +1,7 @@
 #include "core/setting_commands.h"
 
 #include "core/menu_rules.h"
-#include "core/panels.h"
+#include "files/drawing_files.h"
 
 namespace gridwright {
 
@@ -72,6 +72,7 @@ void way4(Program& program) { setSymmetry(program, Symmetry::fourWay); }
 
 void quit2(Program& program) {
   ProgramState& s = program.state;
+  keepLastDrawing(program);
   s.editedPattern = 0;
   s.phase = Phase::quitToTitle;
 }

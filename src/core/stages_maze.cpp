@@ -7,6 +7,7 @@
 #include "core/pump.h"
 #include "core/stages.h"
 #include "drawing/drawpicture.h"
+#include "files/print_job.h"
 #include "maze/finishmaking.h"
 #include "maze/makemaze.h"
 #include "maze/makemaze2.h"
@@ -171,7 +172,7 @@ Stage makingStage(Program& program) {
   repairEndColours(program);
   captionMaking(program);
   s.minimizedNow = false;
-  if (s.printedCount >= s.printTotal) s.printMode = PrintMode::none;
+  endJobWhenDone(program);
   s.phase = Phase::making;
   program.canvas.setAutoRedraw(true);
   if (!s.resumeMaze && !s.keepPicture) paintWorkPicture(program, "drawing1b.bmp");

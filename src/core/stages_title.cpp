@@ -8,6 +8,7 @@
 #include "core/pump.h"
 #include "core/stages.h"
 #include "core/title.h"
+#include "files/drawing_files.h"
 #include "maze/finishmaking.h"
 
 namespace gridwright {
@@ -30,6 +31,7 @@ Stage processStartStage(Program& program) {
   s.bookMode = 0;
   s.panelOpen = s.paused = false;
   for (const Item item : kComingItems) program.menus.setEnabled(item, false);
+  recoverSaves(*program.files);
   program.canvas.resize(program.platform.clientSize());
   paintTitle(program);
   Bitmap titlePicture = program.canvas.image();

@@ -6,6 +6,7 @@
 #include "core/grid.h"
 #include "core/menu_rules.h"
 #include "core/panels.h"
+#include "files/drawing_files.h"
 #include "maze/makemaze2.h"
 
 namespace gridwright {
@@ -65,6 +66,7 @@ void wallSizeEntered(Program& program) {
   closePanel(program, kWallSizePanel);
   s.phase = Phase::drawing;
   if (s.drawing.newSizeRequest) {
+    keepLastDrawing(program);
     fillWithBackColor(canvas);
     s.mazeMadeOnce = s.drawing.newSizeRequest = false;
   }

@@ -1,8 +1,6 @@
 #include "drawing/drawpicture.h"
 
-#include <algorithm>
-
-#include "canvas/colour_repairs.h"
+#include "canvas/colour_editor.h"
 #include "core/menu_rules.h"
 #include "core/pump.h"
 #include "drawing/mirror.h"
@@ -19,17 +17,6 @@ void menusOfPass(Program& program) {
   showCreateItems(program);
   enableKeyHelp(program, Item::keysdrawing);
   if (program.state.printMode != PrintMode::none) printStatus(program);
-}
-
-/// The brush never lays a maze colour: it goes on in the list that its colour stood in.
-void repairDrawColor(Program& program) {
-  ProgramState& s = program.state;
-  const ColourSets& sets = program.colours;
-  if (!sets.isMaze(s.drawColor)) return;
-  const auto& slots = sets.isBorder(s.drawColor) ? sets.border() : sets.background();
-  const auto* usable =
-      std::find_if_not(slots.begin(), slots.end(), [&](Colour c) { return sets.isMaze(c) || isSentinel(c); });
-  s.drawColor = usable == slots.end() ? slots.back() : *usable;
 }
 
 /// Two boxes that together sweep the square's old place, its new place and all between.
@@ -96,9 +83,7 @@ void drawpicture(Program& program) {
   do {
     housekeeping(program);
     menusOfPass(program);
-    refillSetsFromSwatches(program);
-    captionSwatches(program);
-    repairDrawColor(program);
+    swatchPass(program);
     s.squareWidth = s.cur.right - s.cur.left;
     s.squareHeight = s.cur.bottom - s.cur.top;
     if (program.canvas.scaleWidth() != s.canvasWidth || program.canvas.scaleHeight() != s.canvasHeight ||

@@ -3,6 +3,7 @@
 #include "core/grid.h"
 #include "core/menu_rules.h"
 #include "core/wall_size.h"
+#include "files/drawing_files.h"
 #include "solve/finish_methods.h"
 
 namespace gridwright {
@@ -12,6 +13,7 @@ namespace {
 void newDrawing(Program& program, MazeKind kind) {
   ProgramState& s = program.state;
   program.platform.maximise();
+  keepLastDrawing(program);
   repairBackColor(program);
   program.canvas.clearPicture();
   fillWithBackColor(program.canvas);

@@ -2,6 +2,7 @@
 
 #include "core/menu_rules.h"
 #include "core/panels.h"
+#include "files/drawing_files.h"
 
 namespace gridwright {
 
@@ -19,6 +20,7 @@ void importEntered(Program& program) {
     program.platform.messageBox("Error: can't find bitmap.");
     return;
   }
+  keepLastDrawing(program);
   program.canvas.setPicture(picture.value());
   s.drawing.skipPaintOnce = s.drawing.firstPaint = true;
   program.platform.maximise();

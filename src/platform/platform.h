@@ -16,6 +16,11 @@ namespace gridwright {
 
 struct Program;
 
+/// A window's place on the desktop, in pixels.
+struct WindowPlace {
+  int left = 0, top = 0, width = 0, height = 0;
+};
+
 /// What the running loop has in mind when it lets events run.
 enum class Pace {
   working,       ///< There is more to do by itself: handle what is pending and come back.
@@ -40,6 +45,11 @@ class Platform {
   virtual Size clientSize() = 0;
 
   virtual WindowState windowState() = 0;
+
+  /// Where the window lies when it is neither minimised nor maximised, and where it will go back to;
+  /// a place that lies on no screen is ignored.
+  virtual WindowPlace normalPlace() = 0;
+  virtual void setNormalPlace(const WindowPlace& place) = 0;
 
   /// Minimises the window or gives it back its size; the program does it to work unseen.
   virtual void setWindowState(WindowState state) = 0;

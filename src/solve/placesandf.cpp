@@ -3,6 +3,7 @@
 #include "core/grid.h"
 #include "core/menu_rules.h"
 #include "core/pump.h"
+#include "files/print_job.h"
 #include "solve/finish_search.h"
 
 namespace gridwright {
@@ -51,6 +52,7 @@ bool placeOnce(Program& program, bool firstPass) {
   }
   program.canvas.fill(s.finish, s.finishColor);
   ends.savedFinish = s.finish;
+  if (printPlacedMaze(program)) return false;
   s.prev = s.start;
   ends.lastFinish = s.finish;
   return true;

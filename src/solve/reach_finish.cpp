@@ -1,6 +1,7 @@
 #include "solve/reach_finish.h"
 
 #include "core/menu_rules.h"
+#include "files/print_job.h"
 #include "solve/trail.h"
 
 namespace gridwright {
@@ -49,6 +50,7 @@ bool reachFinish(Program& program) {
   program.canvas.fill(s.start, s.startColor);
   s.phase = Phase::solved;
   if (!s.trailOff || s.playMode == PlayMode::off) strokeStub(program);
+  if (printSolvedMaze(program)) return false;
 
   printmenus(program);
   s.finishFound = false;

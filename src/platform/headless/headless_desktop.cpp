@@ -66,7 +66,8 @@ struct HeadlessDesktop::Verb {
 HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLine& line) {
   static constexpr auto kVerbs = std::to_array<Verb>({
       {"click", &HeadlessDesktop::click},       {"menu", &HeadlessDesktop::menu},
-      {"key", &HeadlessDesktop::key},           {"type", &HeadlessDesktop::type},
+      {"key", &HeadlessDesktop::key},           {"rightclick", &HeadlessDesktop::rightclick},
+      {"type", &HeadlessDesktop::type},
 
       {"enter", &HeadlessDesktop::enter},       {"escape", &HeadlessDesktop::escape},
       {"pick", &HeadlessDesktop::pick},         {"resize", &HeadlessDesktop::resize},
@@ -123,7 +124,17 @@ ControlId HeadlessDesktop::liveControl(const Program& program, ControlKind kind)
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::click(Program& program, const ScriptLine&) {
-  input::buttonClick(program, liveControl(program, ControlKind::button));
+  const auto id = controlNamed(word(1));
+  if (id && rowOf(*id).kind == ControlKind::checkBox) {
+    input::swatchLeft(program, liveControl(program, ControlKind::checkBox));
+  } else {
+    input::buttonClick(program, liveControl(program, ControlKind::button));
+  }
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::rightclick(Program& program, const ScriptLine&) {
+  input::swatchRight(program, liveControl(program, ControlKind::checkBox));
   return Turn::givePump;
 }
 

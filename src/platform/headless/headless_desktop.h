@@ -36,6 +36,8 @@ class HeadlessDesktop : public Platform {
 
   void doEvents(Program& program, Pace pace) override;
   Size clientSize() override { return options_.size; }
+  WindowPlace normalPlace() override { return {0, 0, options_.size.width, options_.size.height}; }
+  void setNormalPlace(const WindowPlace&) override {}
   WindowState windowState() override { return windowState_; }
   void setWindowState(WindowState state) override { windowState_ = state; }
   Size maximise() override;
@@ -58,6 +60,7 @@ class HeadlessDesktop : public Platform {
   Turn waits(Program& program, Pace pace);
 
   Turn click(Program& program, const ScriptLine& line);
+  Turn rightclick(Program& program, const ScriptLine& line);
   Turn menu(Program& program, const ScriptLine& line);
   Turn pressKey(Program& program);
   Turn key(Program& program, const ScriptLine& line);

@@ -78,6 +78,8 @@ Outcome<std::string> readSource(const std::string& name) {
 
 /// Fonts and paper need Qt's application object; it must not look for a display.
 std::unique_ptr<QGuiApplication> applicationWithoutScreen() {
+  // Qt's remarks on a missing session are none of a script's business.
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   static std::array<char, 20> name{"gridwright-headless"};
   static std::array<char, 10> option{"-platform"};
   static std::array<char, 10> value{"offscreen"};

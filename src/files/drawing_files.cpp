@@ -1,0 +1,147 @@
+#include "files/drawing_files.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+#include "core/panels.h"
+#include "files/drawing_record.h"
+#include "files/drawing_values.h"
+#include "files/saved_pair.h"
+
+namespace gridwright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kRecordEnding = ".maze";
+constexpr std::string_view kBitmapEnding = ".bmp";
+constexpr std::string_view kLastDrawing = "last-drawing.bmp";
+
+bool isOwnPicture(std::string_view base) {
+  constexpr std::array<std::string_view, 9> kNames = {"title",    "drawing1", "drawing1b",
+                                                      "drawing2", "drawing3", "drawing4",
+                                                      "credit1",  "credit2",  "last-drawing"};
+  if (std::any_of(kNames.begin(), kNames.end(),
+                  [&](std::string_view n) { return equalButForCase(n, base); })) {
+    return true;
+  }
+  for (int slide = 1; slide <= 11; ++slide) {
+    if (equalButForCase("example" + std::to_string(slide), base)) return true;
+  }
+  return false;
+}
+
+PairPaths pairOf(const WorkFolder& folder, const std::string& base) {
+  // An existing spelling of the record wins for both files.
+  const fs::path record = folder.resolve(base + std::string(kRecordEnding));
+  const std::string spelt = record.stem().string();
+  return {record, folder.resolve(spelt + std::string(kBitmapEnding))};
+}
+
+Outcome<Done> savePair(Program& program, const std::string& base) {
+  const PairPaths paths = pairOf(*program.files, base);
+  const fs::path record = paths.buildingRecord();
+  if (auto written = program.files->writeText(record.filename().string(), formatDrawing(recordOf(program)));
+      !written) {
+    recoverPair(paths);
+    return written.fault();
+  }
+  if (auto written = program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap()); !written) {
+    recoverPair(paths);
+    return written.fault();
+  }
+  return takePairOver(paths);
+}
+
+void refreshLists(Program& program) {
+  for (const ControlId list : {ControlId::File1, ControlId::File2}) refreshList(program, list, kRecordEnding);
+}
+
+}  // namespace
+
+bool isNameForDrawing(std::string_view base) {
+  return !base.empty() && base.find_first_of("/\\") == std::string_view::npos &&
+         base.find('\0') == std::string_view::npos && !isOwnPicture(base);
+}
+
+void recoverSaves(const WorkFolder& folder) {
+  std::set<std::string> bases;
+  for (const std::string_view ending : {".maze.building", ".maze.ready", ".bmp.building"}) {
+    for (const std::string& name : folder.list(ending))
+      bases.insert(name.substr(0, name.size() - ending.size()));
+  }
+  for (const std::string& base : bases) {
+    recoverPair({folder.path() / (base + std::string(kRecordEnding)),
+                 folder.path() / (base + std::string(kBitmapEnding))});
+  }
+}
+
+void sdrawing(Program& program) {
+  ProgramState& s = program.state;
+  s.finishFound = false;
+  recoverSaves(*program.files);
+  refreshLists(program);
+  openPanel(program, kSavePanel, "");
+}
+
+void saveEntered(Program& program) {
+  program.state.finishFound = false;
+  const std::string base = baseName(program.controls[ControlId::text1].text);
+  closePanel(program, kSavePanel);
+  if (!isNameForDrawing(base) || !savePair(program, base)) {
+    program.platform.messageBox("Error: bad file name.");
+    return;
+  }
+  refreshLists(program);
+  const bool redraw = program.canvas.autoRedraw();
+  program.canvas.setAutoRedraw(false);
+  program.canvas.cls();
+  program.canvas.setAutoRedraw(redraw);
+}
+
+void saveEscaped(Program& program) { closePanel(program, kSavePanel); }
+
+void ldrawing(Program& program) {
+  recoverSaves(*program.files);
+  refreshLists(program);
+  std::string& last = program.state.files.lastDrawing;
+  last = nameToOffer(program, ControlId::File2, last);
+  openPanel(program, kLoadPanel, last);
+}
+
+void loadEntered(Program& program) {
+  const std::string base = baseName(program.controls[ControlId::Text4].text);
+  closePanel(program, kLoadPanel);
+  const std::string recordName = base + std::string(kRecordEnding);
+  const auto text = isNameForDrawing(base) ? program.files->readText(recordName)
+                                           : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
+  const auto drawing = text ? parseDrawing(text.value()) : Outcome<DrawingRecord>(text.fault());
+  if (!drawing) {
+    program.platform.messageBox("Error: can't find file.");
+    return;
+  }
+  const auto picture = program.platform.loadBitmap(pairOf(*program.files, base).bitmap);
+  if (!picture) {
+    program.platform.messageBox("Error: can't find bitmap.");
+    return;
+  }
+  keepLastDrawing(program);
+  install(program, drawing.value(), picture.value());
+}
+
+void loadEscaped(Program& program) { closePanel(program, kLoadPanel); }
+
+void keepLastDrawing(Program& program) {
+  const Phase phase = program.state.phase;
+  if (phase == Phase::title) return;
+  if (phase == Phase::patternEditing || phase == Phase::patternRequest) {
+    // The editor's field lies over the picture.
+    program.pictures.save(kLastDrawing, program.pictures.load("drawing4.bmp"));
+  } else if (program.canvas.hasStrokes()) {
+    program.pictures.save(kLastDrawing, program.canvas.image());
+  }
+}
+
+}  // namespace gridwright

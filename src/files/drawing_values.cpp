@@ -1,0 +1,229 @@
+#include "files/drawing_values.h"
+
+#include <algorithm>
+
+#include "canvas/colour_repairs.h"
+#include "core/grid.h"
+#include "core/menu_rules.h"
+#include "solve/finish_methods.h"
+
+namespace gridwright {
+
+namespace {
+
+using Values = std::array<int, record::count>;
+
+void putSquare(Values& values, std::size_t at, const Square& square) {
+  values[at] = square.left;
+  values[at + 1] = square.top;
+  values[at + 2] = square.right;
+  values[at + 3] = square.bottom;
+}
+Square squareAt(const Values& values, std::size_t at) {
+  return {values[at], values[at + 1], values[at + 2], values[at + 3]};
+}
+
+/// The value if it lies in its range, else the setting's default.
+int within(int value, int lowest, int highest, int otherwise) {
+  return value >= lowest && value <= highest ? value : otherwise;
+}
+bool flagAt(const Values& values, std::size_t at) { return values[at] == 1; }
+Colour colourAt(const Values& values, std::size_t at, Colour otherwise) {
+  return within(values[at], 0, 0xFFFFFF, otherwise);
+}
+
+void putColours(const Program& program, Values& values) {
+  const ProgramState& s = program.state;
+  values[record::drawColor] = s.drawColor;
+  values[record::startColor] = s.startColor;
+  values[record::finishColor] = s.finishColor;
+  values[record::mazeColor] = s.mazeColor;
+  values[record::backColor] = program.canvas.backColor();
+  values[record::individualMazeColors] = s.individualMazeColors;
+  values[record::backgroundDrawColor] = s.backgroundDrawColor;
+  values[record::borderDrawColor] = s.borderDrawColor;
+  for (int i = 0; i < kSlots; ++i) {
+    const auto slot = static_cast<std::size_t>(i);
+    values[record::swatches + slot] = program.controls[classifySwatch(i)].value;
+    values[record::mazeColors + slot] = program.colours.maze()[slot];
+  }
+}
+
+void putSettings(const Program& program, Values& values) {
+  const ProgramState& s = program.state;
+  values[record::mazeKind] = static_cast<int>(s.mazeKind);
+  values[record::difficultyLevel] = s.difficultyLevel;
+  values[record::phase] = static_cast<int>(s.phase);
+  values[record::drawingOff] = s.drawingOff;
+  values[record::playMode] = static_cast<int>(s.playMode);
+  values[record::finishMethod] = static_cast<int>(s.finishMethod);
+  values[record::trailOff] = s.trailOff;
+  values[record::creationMode] = static_cast<int>(s.creationMode);
+  values[record::pathSize] = s.pathSize;
+  values[record::autoMinimize] = s.autoMinimize;
+  values[record::symmetryMode] = static_cast<int>(s.symmetryMode);
+  values[record::patternState] = static_cast<int>(s.patternState);
+  values[record::stopAtFinish] = s.stopAtFinish;
+  values[record::randomPatternSize] = s.randomPatternSize;
+  values[record::randomStepsDone] = s.randomStepsDone;
+  values[record::randomPatternMode] = s.randomPatternMode;
+  values[record::randomFlagLeft] = s.randomFlagLeft;
+  values[record::randomFlagRight] = s.randomFlagRight;
+  values[record::randomFlagUp] = s.randomFlagUp;
+  values[record::randomFlagDown] = s.randomFlagDown;
+  values[record::randomSizeVaries] = s.randomSizeVaries;
+  values[record::randomUsesGo] = s.randomUsesGo;
+  values[record::mazeMadeOnce] = s.mazeMadeOnce;
+  values[record::pipeWidth] = program.menus.checked(Item::pthick) ? 0 : 1;
+}
+
+void putWindow(Program& program, Values& values) {
+  const WindowPlace place = program.platform.normalPlace();
+  values[record::scaleWidth] = program.canvas.scaleWidth();
+  values[record::scaleHeight] = program.canvas.scaleHeight();
+  values[record::windowState] = static_cast<int>(program.platform.windowState());
+  values[record::windowLeft] = place.left;
+  values[record::windowTop] = place.top;
+  values[record::windowHeight] = place.height;
+  values[record::windowWidth] = place.width;
+}
+
+void takeGeometry(Program& program, const Values& values) {
+  ProgramState& s = program.state;
+  s.mazeKind = static_cast<MazeKind>(values[record::mazeKind]);
+  s.wallWidth = s.wallHeight = values[record::wallWidth];
+  pitchFromKind(s);
+  s.cur = squareAt(values, record::cur);
+  const bool onCanvas = s.cur.left >= 0 && s.cur.top >= 0 && s.cur.left < s.cur.right &&
+                        s.cur.top < s.cur.bottom && s.cur.right < program.canvas.scaleWidth() &&
+                        s.cur.bottom < program.canvas.scaleHeight();
+  if (!onCanvas) s.cur = firstCell(s);
+  s.prev = s.cur;
+  s.start = squareAt(values, record::start);
+  s.finish = squareAt(values, record::finish);
+}
+
+void takeColours(Program& program, const Values& values) {
+  ProgramState& s = program.state;
+  for (int i = 0; i < kSlots; ++i) {
+    const auto slot = static_cast<std::size_t>(i);
+    program.controls.setValue(classifySwatch(i),
+                              within(values[record::swatches + slot], 0, 1, i < 8 ? 1 : 0));
+    program.colours.setMaze(i, colourAt(values, record::mazeColors + slot, kPalette[15]));
+  }
+  refillSetsFromSwatches(program);
+  captionSwatches(program);
+  s.individualMazeColors = flagAt(values, record::individualMazeColors);
+  s.drawColor = colourAt(values, record::drawColor, kPalette[14]);
+  s.startColor = s.savedStartColor = colourAt(values, record::startColor, qb::lightMagenta);
+  s.finishColor = s.savedFinishColor = colourAt(values, record::finishColor, 0);
+  s.savedStartColorValid = s.savedFinishColorValid = true;
+  s.mazeColor = s.keptMazeColor = colourAt(values, record::mazeColor, kPalette[15]);
+  s.backgroundDrawColor = colourAt(values, record::backgroundDrawColor, kPalette[1]);
+  s.borderDrawColor = colourAt(values, record::borderDrawColor, kPalette[14]);
+  program.canvas.setBackColor(colourAt(values, record::backColor, qb::yellow));
+}
+
+void takeSettings(Program& program, const Values& values) {
+  ProgramState& s = program.state;
+  s.difficultyLevel = within(values[record::difficultyLevel], 1, 6, 4);
+  s.drawingOff = flagAt(values, record::drawingOff);
+  s.playMode = s.chosenPlayMode = static_cast<PlayMode>(within(values[record::playMode], 0, 2, 0));
+  s.finishMethod = static_cast<FinishMethod>(within(values[record::finishMethod], 0, 3, 0));
+  s.finishFound = false;
+  s.trailOff = flagAt(values, record::trailOff);
+  s.creationMode = values[record::creationMode] == 1 ? CreationMode::computer : CreationMode::user;
+  s.pathSize = within(values[record::pathSize], 1, 2, 1);
+  s.autoMinimize = flagAt(values, record::autoMinimize);
+  s.minimizedNow = false;
+  s.symmetryMode = static_cast<Symmetry>(within(values[record::symmetryMode], 0, 3, 0));
+  s.patternState = values[record::patternState] == 3 ? PatternState::random : PatternState::choose;
+  s.patternDirection = s.patternState == PatternState::random ? step::up : 0;
+  s.randomStepsTemporary = false;
+  s.stopAtFinish = flagAt(values, record::stopAtFinish);
+  s.randomPatternSize = within(values[record::randomPatternSize], 2, 99, 5);
+  s.randomStepsDone = std::max(values[record::randomStepsDone], 0);
+  s.randomPatternMode = values[record::randomPatternMode] == 5 ? 5 : 0;
+  s.randomFlagLeft = flagAt(values, record::randomFlagLeft);
+  s.randomFlagRight = flagAt(values, record::randomFlagRight);
+  s.randomFlagUp = flagAt(values, record::randomFlagUp);
+  s.randomFlagDown = flagAt(values, record::randomFlagDown);
+  s.randomSizeVaries = flagAt(values, record::randomSizeVaries);
+  s.randomUsesGo = flagAt(values, record::randomUsesGo);
+  s.mazeMadeOnce = flagAt(values, record::mazeMadeOnce);
+}
+
+void markAll(Program& program, const Values& values) {
+  const ProgramState& s = program.state;
+  MenuModel& menus = program.menus;
+  markOne(menus, {Item::pthick, Item::pthin}, values[record::pipeWidth] == 1 ? Item::pthin : Item::pthick);
+  markOne(menus, {Item::aon, Item::aoff}, s.autoMinimize ? Item::aon : Item::aoff);
+  markOne(menus, {Item::usepattern, Item::dontusepattern, Item::crnd1},
+          s.patternState == PatternState::random ? Item::dontusepattern
+          : s.randomPatternMode == 5             ? Item::crnd1
+                                                 : Item::usepattern);
+  constexpr std::array kPlay = {Item::playmodeoff, Item::easymode, Item::hardmode};
+  markOne(menus, {Item::playmodeoff, Item::easymode, Item::hardmode},
+          kPlay.at(static_cast<std::size_t>(s.playMode)));
+  markOne(menus, {Item::usernd, Item::maxrnd}, s.randomSizeVaries ? Item::usernd : Item::maxrnd);
+  markOne(menus, {Item::gofinish, Item::stopfinish}, s.stopAtFinish ? Item::stopfinish : Item::gofinish);
+  keepFinishMethodPossible(program);
+  markSettings(program);
+  mazemenus(program);
+  captionRandomSizes(program);
+  captionDrawing(program);
+  showCreateItems(program);
+}
+
+}  // namespace
+
+DrawingRecord recordOf(Program& program) {
+  const ProgramState& s = program.state;
+  DrawingRecord drawing;
+  Values& values = drawing.values;
+  putSquare(values, record::cur, s.cur);
+  putSquare(values, record::start, s.start);
+  putSquare(values, record::finish, s.finish);
+  values[record::wallWidth] = s.wallWidth;
+  values[record::wallHeight] = s.wallHeight;
+  values[record::stepX] = s.stepX;
+  values[record::stepY] = s.stepY;
+  putColours(program, values);
+  putSettings(program, values);
+  putWindow(program, values);
+  for (std::size_t i = 0; i < drawing.lists.size(); ++i) {
+    const ListPlace place = listPlace(i);
+    drawing.lists[i] = program.steps.steps(place.kind, place.direction);
+    std::erase_if(drawing.lists[i], [](int code) { return code < step::left || code > step::walkBack; });
+  }
+  return drawing;
+}
+
+void install(Program& program, const DrawingRecord& drawing, const Bitmap& picture) {
+  ProgramState& s = program.state;
+  const Values& values = drawing.values;
+  program.canvas.setPicture(picture);
+  s.files.lastSet.clear();
+  takeGeometry(program, values);
+  takeColours(program, values);
+  takeSettings(program, values);
+  for (std::size_t i = 0; i < drawing.lists.size(); ++i) {
+    const ListPlace place = listPlace(i);
+    const Steps& steps = drawing.lists[i];
+    if (steps.empty()) {
+      program.steps.reset(place.kind, place.direction);
+    } else {
+      program.steps.write(place.kind, place.direction, steps);
+    }
+  }
+  program.platform.setNormalPlace({values[record::windowLeft], values[record::windowTop],
+                                   values[record::windowWidth], values[record::windowHeight]});
+  program.platform.maximise();
+  program.platform.raise();
+  s.drawing.skipPaintOnce = s.drawing.firstPaint = true;
+  markAll(program, values);
+  program.canvas.setAutoRedraw(false);
+  program.canvas.cls();
+}
+
+}  // namespace gridwright

@@ -1,0 +1,108 @@
+#include "files/print_job.h"
+
+#include <algorithm>
+
+#include "core/menu_rules.h"
+#include "core/panels.h"
+#include "solve/finish_search.h"
+#include "solve/firstnoxy.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr int kMostMazes = 9999;
+
+void ask(Program& program, PrintMode kind) {
+  ProgramState& s = program.state;
+  const bool solving = s.phase == Phase::solving;
+  s.print.trailOffAtPrint = solving && s.trailOff;
+  s.print.playModeAtPrint = solving ? s.playMode : PlayMode::off;
+  s.print.printKindSaved = s.print.printKindPending;
+  s.print.printKindPending = kind;
+  openPanelOverScreen(program, kPrintPanel, "");
+}
+
+void countMaze(ProgramState& s) {
+  if (s.printedCount < s.printTotal) ++s.printedCount;
+}
+
+void printPage(Program& program) { program.platform.printForm(program.canvas.shownImage()); }
+
+}  // namespace
+
+void printwithsolutions(Program& program) { ask(program, PrintMode::withAnswers); }
+void printnosolutions(Program& program) { ask(program, PrintMode::withoutAnswers); }
+
+void printPanelKey(Program& program) {
+  const ProgramState& s = program.state;
+  const bool playWasStopped = s.phase == Phase::solving && s.print.trailOffAtPrint &&
+                              s.print.playModeAtPrint != PlayMode::off && s.playMode == PlayMode::off;
+  if (playWasStopped && !isSearching(s)) restartWalk(program);
+}
+
+void printEntered(Program& program) {
+  ProgramState& s = program.state;
+  const int mazes = std::clamp(numberTyped(program.controls[ControlId::Text3].text), 0, kMostMazes);
+  closePanel(program, kPrintPanel);
+  s.printedCount = 0;
+  s.printTotal = mazes;
+  if (mazes != 0) {
+    s.printMode = s.print.printKindPending;
+    program.menus.setVisible(Item::printing, true);
+    program.menus.setEnabled(Item::printing, true);
+    const bool answers = s.printMode == PrintMode::withAnswers;
+    markOne(program.menus, {Item::printwithsolutions, Item::printnosolutions},
+            answers ? Item::printwithsolutions : Item::printnosolutions);
+    printStatus(program);
+  }
+  s.print.printKindPending = s.print.printKindSaved;
+}
+
+void printEscaped(Program& program) {
+  closePanel(program, kPrintPanel);
+  program.state.print.printKindPending = program.state.print.printKindSaved;
+}
+
+void endJob(Program& program) {
+  ProgramState& s = program.state;
+  const bool active = s.printMode != PrintMode::none;
+  s.printMode = PrintMode::none;
+  s.printTotal = s.printedCount = 0;
+  s.print.printedNow = false;
+  printmenus(program);
+  if (active) program.platform.endOfPages();
+}
+
+void stopallprintings(Program& program) { endJob(program); }
+
+void endJobWhenDone(Program& program) {
+  const ProgramState& s = program.state;
+  if (s.printMode != PrintMode::none && s.printedCount >= s.printTotal) endJob(program);
+}
+
+bool printPlacedMaze(Program& program) {
+  ProgramState& s = program.state;
+  if (s.printMode == PrintMode::none) return false;
+  printPage(program);
+  s.print.printedNow = true;
+  s.ends.savedFinish = s.finish;
+  if (s.printMode == PrintMode::withAnswers) {
+    s.phase = Phase::solving;
+  } else {
+    s.phase = Phase::making;
+    countMaze(s);
+  }
+  return true;
+}
+
+bool printSolvedMaze(Program& program) {
+  ProgramState& s = program.state;
+  if (s.printMode != PrintMode::withAnswers || !s.print.printedNow) return false;
+  printPage(program);
+  s.phase = Phase::making;
+  countMaze(s);
+  return true;
+}
+
+}  // namespace gridwright

@@ -1,0 +1,54 @@
+#include "files/saved_pair.h"
+
+#include <system_error>
+
+namespace gridwright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool moveOver(const fs::path& from, const fs::path& to) {
+  std::error_code failed;
+  fs::rename(from, to, failed);
+  return !failed;
+}
+
+void forget(const fs::path& path) {
+  std::error_code ignored;
+  fs::remove(path, ignored);
+}
+
+/// The record's ready name is the promise that both are whole; it goes last.
+bool finishTakingOver(const PairPaths& paths) {
+  std::error_code failed;
+  if (fs::exists(paths.buildingBitmap(), failed) && !moveOver(paths.buildingBitmap(), paths.bitmap))
+    return false;
+  return moveOver(paths.readyRecord(), paths.record);
+}
+
+}  // namespace
+
+Outcome<Done> takePairOver(const PairPaths& paths) {
+  std::error_code failed;
+  if (fs::is_directory(paths.record, failed) || fs::is_directory(paths.bitmap, failed) ||
+      !moveOver(paths.buildingRecord(), paths.readyRecord()) || !finishTakingOver(paths)) {
+    forget(paths.buildingRecord());
+    forget(paths.readyRecord());
+    forget(paths.buildingBitmap());
+    return Fault{Fault::Kind::notWritable, paths.record.string()};
+  }
+  return Done{};
+}
+
+void recoverPair(const PairPaths& paths) {
+  std::error_code failed;
+  if (fs::exists(paths.readyRecord(), failed)) {
+    finishTakingOver(paths);
+    return;
+  }
+  forget(paths.buildingRecord());
+  forget(paths.buildingBitmap());
+}
+
+}  // namespace gridwright
