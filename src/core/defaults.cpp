@@ -67,6 +67,9 @@ void forgetEverything(Program& program) {
   s.solver = {};
   s.print = {};
   s.drawing = {};
+  s.editor = {};
+  s.files = {};
+  s.randomPatternsWanted = false;
   hideAllPanels(program);
   defaultColours(program);
 }

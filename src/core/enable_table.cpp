@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "core/coming_items.h"
 
 namespace gridwright {
 
@@ -120,12 +119,12 @@ bool tableLists(Item item) { return ruleOf(item) != nullptr; }
 
 bool tableEnables(const Program& program, Item item) {
   const Rule* rule = ruleOf(item);
-  return rule != nullptr && !isComing(item) && holds(program, *rule);
+  return rule != nullptr && holds(program, *rule);
 }
 
 void applyEnableTable(Program& program) {
   for (const Rule& rule : kTable) {
-    program.menus.setEnabled(rule.item, !isComing(rule.item) && holds(program, rule));
+    program.menus.setEnabled(rule.item, holds(program, rule));
   }
   program.menus.enableKey = keyOf(program);
 }

@@ -20,13 +20,19 @@ bool isLive(const Program& program, ControlId id) {
   return program.controls[id].visible && program.controls[id].enabled;
 }
 
+/// While a maze is prepared by a loop of its own, only leaving is possible.
+bool isHeldBack(const ProgramState& s, Item item) {
+  return s.editor.preparing && item != Item::quit2 && item != Item::stopallprintings;
+}
+
 /// The box that a file list fills.
 struct ListOfPanel {
   ControlId list, box;
 };
-constexpr std::array kLists = {ListOfPanel{ControlId::File1, ControlId::text1},
-                               ListOfPanel{ControlId::File2, ControlId::Text4},
-                               ListOfPanel{ControlId::File5, ControlId::Text8}};
+constexpr std::array kLists = {
+    ListOfPanel{ControlId::File1, ControlId::text1}, ListOfPanel{ControlId::File2, ControlId::Text4},
+    ListOfPanel{ControlId::File3, ControlId::Text5}, ListOfPanel{ControlId::File4, ControlId::Text6},
+    ListOfPanel{ControlId::File5, ControlId::Text8}};
 
 }  // namespace
 
@@ -41,7 +47,7 @@ void menuClick(Program& program, Item item) {
   applyEnableTableIfChanged(program);
   if (program.state.keyBusy || !program.menus.available(item)) return;
   const Command command = commandOf(item);
-  if (command == nullptr) return;
+  if (command == nullptr || isHeldBack(program.state, item)) return;
   program.state.keyBusy = true;
   command(program);
 }
@@ -88,6 +94,8 @@ void listClick(Program& program, ControlId list, int entry) {
   program.controls.setSelected(list, entry);
   if (list == ControlId::File2)
     program.state.files.lastDrawing = control.entries[static_cast<std::size_t>(entry)];
+  if (list == ControlId::File4)
+    program.state.files.lastSet = control.entries[static_cast<std::size_t>(entry)];
   program.controls.setText(row->box, control.entries[static_cast<std::size_t>(entry)]);
   program.controls.setFocus(row->box);
 }

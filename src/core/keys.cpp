@@ -3,6 +3,7 @@
 #include "core/key_codes.h"
 #include "drawing/brush_keys.h"
 #include "maze/carve_keys.h"
+#include "patterns/pattern_editor.h"
 #include "solve/place_keys.h"
 #include "solve/play.h"
 
@@ -22,6 +23,8 @@ void dispatchKey(Program& program, int code) {
   const ProgramState& s = program.state;
   if (heldBack(s, code)) return;
   switch (s.phase) {
+    case Phase::patternEditing:
+      return patternKey(program, code);
     case Phase::drawing:
       return brushKey(program, code);
     case Phase::making:

@@ -13,6 +13,10 @@
 #include "files/print_job.h"
 #include "files/print_window.h"
 #include "maze/maze_commands.h"
+#include "patterns/pattern_commands.h"
+#include "patterns/pattern_editor.h"
+#include "patterns/pattern_sets.h"
+#include "patterns/random_patterns.h"
 #include "patterns/random_size.h"
 #include "solve/finish_methods.h"
 #include "solve/placesandf.h"
@@ -61,6 +65,18 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::printwithsolutions, printwithsolutions},
     {Item::printnosolutions, printnosolutions},
     {Item::stopallprintings, stopallprintings},
+    {Item::editpatterns, editpatterns},
+    {Item::rightpattern, rightpattern},
+    {Item::uppattern, uppattern},
+    {Item::downpattern, downpattern},
+    {Item::exitpattern, exitpattern},
+    {Item::crpattern, crpattern},
+    {Item::resetpattern, resetpattern},
+    {Item::resetpatterns, resetpatterns},
+    {Item::makeidentical, makeidentical},
+    {Item::savepatterns, savepatterns},
+    {Item::loadpatterns, loadpatterns},
+    {Item::crnd1, crnd1},
     {Item::userplace, userplace},
     {Item::mostunderpasses, mostunderpasses},
     {Item::includeunderpasses, includeunderpasses},

@@ -7,7 +7,7 @@ namespace gridwright {
 
 using Command = void (*)(Program&);
 
-/// Null for titles, submenus, lines that only inform, and items whose subsystem is still to come.
+/// Null for titles, submenus and lines that only inform.
 Command commandOf(Item item);
 
 }  // namespace gridwright

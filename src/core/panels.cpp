@@ -11,14 +11,15 @@
 #include "files/drawing_files.h"
 #include "files/import_drawing.h"
 #include "files/print_job.h"
+#include "patterns/pattern_sets.h"
 #include "patterns/random_size.h"
 
 namespace gridwright {
 
 namespace {
 
-constexpr std::array kPanels = {kWallSizePanel, kRandomSizePanel, kSavePanel,
-                                kLoadPanel,     kPrintPanel,      kImportPanel};
+constexpr std::array kPanels = {kWallSizePanel, kRandomSizePanel, kSavePanel,  kLoadPanel,
+                                kSaveSetPanel,  kLoadSetPanel,    kPrintPanel, kImportPanel};
 
 struct Handlers {
   ControlId box;
@@ -30,6 +31,8 @@ constexpr std::array kHandlers = {
     Handlers{ControlId::Text7, randomSizeEntered, randomSizeEscaped},
     Handlers{ControlId::text1, saveEntered, saveEscaped},
     Handlers{ControlId::Text4, loadEntered, loadEscaped},
+    Handlers{ControlId::Text5, saveSetEntered, saveSetEscaped},
+    Handlers{ControlId::Text6, loadSetEntered, loadSetEscaped},
     Handlers{ControlId::Text3, printEntered, printEscaped},
     Handlers{ControlId::Text8, importEntered, importEscaped},
 };

@@ -18,6 +18,8 @@ inline constexpr Panel kWallSizePanel{ControlId::Text2, ControlId::Label4, std::
 inline constexpr Panel kRandomSizePanel{ControlId::Text7, ControlId::Label10, std::nullopt};
 inline constexpr Panel kSavePanel{ControlId::text1, ControlId::Label2, ControlId::File1};
 inline constexpr Panel kLoadPanel{ControlId::Text4, ControlId::Label3, ControlId::File2};
+inline constexpr Panel kSaveSetPanel{ControlId::Text5, ControlId::Label8, ControlId::File3};
+inline constexpr Panel kLoadSetPanel{ControlId::Text6, ControlId::Label9, ControlId::File4};
 inline constexpr Panel kPrintPanel{ControlId::Text3, ControlId::Label1, std::nullopt};
 inline constexpr Panel kImportPanel{ControlId::Text8, ControlId::Label11, ControlId::File5};
 

@@ -101,6 +101,29 @@ struct PrintState {
   PrintMode printKindSaved = PrintMode::none;
 };
 
+/// The pattern editor's own values.
+struct EditorState {
+  /// What the field takes over and gives back.
+  struct Kept {
+    Square cur, prev;
+    int wallWidth = 0, wallHeight = 0, stepX = 0, stepY = 0;
+    int gridRight = 0, gridBottom = 0, gridColumns = 0, gridRows = 0;
+    WalkMode walkMode = WalkMode::carve;
+    Colour mazeColor = 0;
+    int deltaX = 0, deltaY = 0, stepCode = 0;
+  } kept;
+  Phase editorCallerPhase = static_cast<Phase>(-10);
+  bool editorAutoRedraw = false;
+  bool patternRewriting = false;  ///< A dead end writes its 5 to the open pattern.
+  bool patternRecording = false;  ///< An underpass writes its step to it.
+  bool randomRunning = false;
+  int randomSizeSaved = 0;
+  bool preparing = false;        ///< A maze is being prepared: all but quit and stop is refused.
+  bool drawingOffSaved = false;  ///< `drawingOff` as the save panel found it.
+  int openDirection = 0;         ///< The pattern open for appending, 0 none.
+  std::vector<int> openSteps;
+};
+
 /// The colour editor's own values.
 struct ColourEditorState {
   Colour editedPaletteColor = 0;  ///< The background whose maze colour is being picked.
@@ -211,6 +234,8 @@ struct ProgramState {
   PrintState print;
   DrawingState drawing;
   ColourEditorState colours;
+  EditorState editor;
+  bool randomPatternsWanted = false;  ///< A restart asks for them before the maze goes on.
   FileState files;
 };
 

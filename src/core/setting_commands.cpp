@@ -74,6 +74,7 @@ void quit2(Program& program) {
   ProgramState& s = program.state;
   keepLastDrawing(program);
   s.editedPattern = 0;
+  s.panelOpen = false;
   s.phase = Phase::quitToTitle;
 }
 

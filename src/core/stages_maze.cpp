@@ -11,6 +11,7 @@
 #include "maze/finishmaking.h"
 #include "maze/makemaze.h"
 #include "maze/makemaze2.h"
+#include "patterns/random_patterns.h"
 #include "solve/default_ends.h"
 #include "solve/ends_after_maze.h"
 #include "solve/placesandf.h"
@@ -176,6 +177,10 @@ Stage makingStage(Program& program) {
   s.phase = Phase::making;
   program.canvas.setAutoRedraw(true);
   if (!s.resumeMaze && !s.keepPicture) paintWorkPicture(program, "drawing1b.bmp");
+  if (s.randomPatternsWanted) {
+    s.randomPatternsWanted = false;
+    if (!makeRandomPatterns(program)) return Stage::title;
+  }
   putWalkerOnOrigin(program);
   makemaze(program);
   s.mazeStage = Phase::making;

@@ -1,6 +1,5 @@
 // Stages A to C: the process starts, the title waits, a drawing begins.
 #include "canvas/colour_repairs.h"
-#include "core/coming_items.h"
 #include "core/defaults.h"
 #include "core/enable_table.h"
 #include "core/grid.h"
@@ -30,7 +29,6 @@ Stage processStartStage(Program& program) {
   program.colours.setExtraBackground(kDarkGreen);
   s.bookMode = 0;
   s.panelOpen = s.paused = false;
-  for (const Item item : kComingItems) program.menus.setEnabled(item, false);
   recoverSaves(*program.files);
   program.canvas.resize(program.platform.clientSize());
   paintTitle(program);

@@ -4,6 +4,7 @@
 #include "core/menu_rules.h"
 #include "core/pump.h"
 #include "drawing/mirror.h"
+#include "patterns/pattern_editor.h"
 
 namespace gridwright {
 
@@ -89,6 +90,10 @@ void drawpicture(Program& program) {
     if (program.canvas.scaleWidth() != s.canvasWidth || program.canvas.scaleHeight() != s.canvasHeight ||
         s.drawing.skipPaintOnce) {
       measureDrawing(program);
+    }
+    if (s.editedPattern != 0) {
+      editpat(program);
+      if (s.phase == Phase::quitToTitle) return;
     }
     const bool changed = paintPass(program);
     yield(program, changed ? Pace::working : Pace::idle);

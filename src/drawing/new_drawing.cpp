@@ -17,6 +17,7 @@ void newDrawing(Program& program, MazeKind kind) {
   repairBackColor(program);
   program.canvas.clearPicture();
   fillWithBackColor(program.canvas);
+  if (s.mazeKind != kind) s.files.lastSet.clear();
   s.mazeKind = kind;
   pitchFromKind(s);
   captionDrawing(program);

@@ -60,6 +60,20 @@ Outcome<Done> WorkFolder::writeText(std::string_view name, std::string_view text
   return Done{};
 }
 
+Outcome<Done> WorkFolder::replaceText(std::string_view name, std::string_view text) {
+  const fs::path target = resolve(name);
+  const std::string building = target.filename().string() + ".building";
+  auto written = writeText(building, text);
+  std::error_code failed;
+  if (written) {
+    fs::rename(folder_ / building, target, failed);
+    if (!failed) return Done{};
+    written = Fault{Fault::Kind::notWritable, target.string()};
+  }
+  fs::remove(folder_ / building, failed);
+  return written;
+}
+
 std::vector<std::string> WorkFolder::list(std::string_view ending) const {
   std::vector<std::string> names;
   std::error_code failed;

@@ -30,6 +30,10 @@ class WorkFolder {
   /// Writes the whole text, over what was there.
   virtual Outcome<Done> writeText(std::string_view name, std::string_view text);
 
+  /// The same by way of a temporary file beside it that is renamed: the old text or the new one is
+  /// there, whole, whatever happens.
+  Outcome<Done> replaceText(std::string_view name, std::string_view text);
+
   /// The names that end in `ending` (".bmp"), without regard to case, sorted likewise.
   [[nodiscard]] std::vector<std::string> list(std::string_view ending) const;
 

@@ -11,6 +11,8 @@
 #include "maze/stranded.h"
 #include "maze/underpass_step.h"
 #include "maze/walk_paint.h"
+#include "patterns/pattern_editor.h"
+#include "patterns/random_patterns.h"
 
 namespace gridwright {
 
@@ -147,6 +149,15 @@ Pace paceOf(const ProgramState& s) {
   return s.paused || waits ? Pace::idle : Pace::working;
 }
 
+/// A restart in mid-maze asks for random patterns; they are made before the walker goes on.
+/// \returns false at a quit to the title.
+bool runRandomPatternsIfWanted(Program& program) {
+  ProgramState& s = program.state;
+  if (!s.randomPatternsWanted || s.phase != Phase::making) return true;
+  s.randomPatternsWanted = false;
+  return makeRandomPatterns(program);
+}
+
 /// The fill sweep, the yield, and what handlers may have changed in it. \returns whether to go on.
 bool sweepAndYield(Program& program) {
   ProgramState& s = program.state;
@@ -158,11 +169,14 @@ bool sweepAndYield(Program& program) {
   }
   const bool wasPaused = s.paused;
   yield(program, paceOf(s));
+  if (!runRandomPatternsIfWanted(program)) return false;
   if (wasPaused && !s.paused && s.creationMode == CreationMode::user)
     program.canvas.fill(s.cur, kCursorColour);
   if (s.walker.stopMaking) return false;
   rememberDeadEnd(program);
   wipeCursor(program);
+  if (s.phase == Phase::quitToTitle) return false;
+  if (s.editedPattern != 0) editpat(program);
   if (s.phase == Phase::quitToTitle) return false;
   if (s.creationMode != s.walker.lastCreationMode) boxSquare(program, s.prev);
   return s.phase != Phase::drawing && s.phase != Phase::placing;

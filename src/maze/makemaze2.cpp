@@ -3,6 +3,7 @@
 #include "core/grid.h"
 #include "maze/finishmaking.h"
 #include "maze/mixcolors.h"
+#include "patterns/random_patterns.h"
 
 namespace gridwright {
 
@@ -60,6 +61,7 @@ void makemaze2(Program& program) {
   s.walker.lastWalkMode = WalkMode::none;
   s.walkMode = WalkMode::back;
   mixcolors(program);
+  if (!s.walker.backToMaze && !makeRandomPatterns(program)) return;
   s.phase = Phase::making;
   s.walker.savedMazeMadeOnce = s.mazeMadeOnce;
   s.mazeMadeOnce = true;

@@ -9,7 +9,8 @@
 namespace gridwright {
 
 /// Prepares the walker at each entry of `makemaze`: picture, square, patterns and colours. Returns
-/// with `phase` 1 and `walkMode` walking back, also for a maze that is resumed.
+/// with `phase` 1 and `walkMode` walking back, also for a maze that is resumed, or with -6 at a quit
+/// while random patterns were made.
 void makemaze2(Program& program);
 
 /// The part of it that forgets the step in hand.

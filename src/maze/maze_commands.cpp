@@ -41,6 +41,7 @@ void createInDrawing(Program& program, MazeKind kind) {
   }
   s.drawing.skipPaintOnce = true;
   s.mazeKind = kind;
+  s.files.lastSet.clear();
   pitchFromKind(s);
   if (kind == MazeKind::pipe) putOnPipeGrid(program);
   keepFinishMethodPossible(program);
@@ -82,6 +83,7 @@ void createAnew(Program& program, MazeKind kind, Item item) {
   captionMaking(program);
   mazemenus(program);
   forgetStep(s);
+  s.randomPatternsWanted = s.randomPatternMode == 5;
   paintWorkPicture(program, "drawing1.bmp");
   s.cur = s.walker.walkStart = s.start;
   program.pictures.save("drawing1b.bmp", program.canvas.image());
@@ -108,6 +110,7 @@ void newmaze(Program& program) {
   forgetStep(s);
   if (!s.nrefreshDue) chooseUnderpassLength(program);
   if (s.phase == Phase::making) {
+    s.randomPatternsWanted = true;
     paintWorkPicture(program, "drawing1b.bmp");
     s.cur = s.walker.walkStart;
     showCursorSquare(program);
@@ -128,6 +131,7 @@ void nrefresh(Program& program) {
   forgetStep(s);
   chooseUnderpassLength(program);
   s.walker.walkStartKept = false;
+  s.randomPatternsWanted = s.phase == Phase::making;
   if (s.phase != Phase::drawing) {
     paintWorkPicture(program, "drawing1.bmp");
     s.cur = s.walker.walkStart = s.start;

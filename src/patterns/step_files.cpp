@@ -16,6 +16,11 @@ constexpr std::array<std::array<std::string_view, 4>, 3> kNames = {{
     {"3dpipeLeft.pt", "3dpipeRight.pt", "3dpipeup.pt", "3dpipedown.pt"},
     {"3dLeft.pt", "3dRight.pt", "3dup.pt", "3ddown.pt"},
 }};
+constexpr std::array<std::array<std::string_view, 4>, 3> kScratchNames = {{
+    {"left2.pt", "right2.pt", "up2.pt", "down2.pt"},
+    {"3dpipeleft2.pt", "3dpiperight2.pt", "3dpipeup2.pt", "3dpipedown2.pt"},
+    {"3dleft2.pt", "3dright2.pt", "3dup2.pt", "3ddown2.pt"},
+}};
 constexpr std::string_view kClosingLine = "9999,88\r\n";
 constexpr std::array kKinds = {MazeKind::regular, MazeKind::pipe, MazeKind::threeD};
 
@@ -93,6 +98,10 @@ void StepFiles::resetKind(MazeKind kind) {
 
 void StepFiles::resetAll() {
   for (const MazeKind kind : kKinds) resetKind(kind);
+}
+
+void StepFiles::writeScratch(MazeKind kind, int direction, const Steps& steps) {
+  folder_.writeText(kScratchNames.at(indexOf(kind)).at(indexOf(direction)), formatSteps(steps));
 }
 
 void StepFiles::rereadFromDisk() {

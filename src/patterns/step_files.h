@@ -42,6 +42,9 @@ class StepFiles {
   void resetKind(MazeKind kind);
   void resetAll();
 
+  /// The scratch twin of a working file: what the editor replayed last.
+  void writeScratch(MazeKind kind, int direction, const Steps& steps);
+
   /// Has the files read anew at their next use: called at each start of a maze, so that a file put
   /// into the folder by hand counts from the next maze on.
   void rereadFromDisk();

@@ -1,0 +1,137 @@
+#include "patterns/pattern_editor.h"
+
+#include "core/key_codes.h"
+#include "core/menu_rules.h"
+#include "core/pump.h"
+#include "maze/carve_keys.h"
+#include "maze/makemaze2.h"
+#include "patterns/open_pattern.h"
+#include "patterns/pattern_field.h"
+
+namespace gridwright {
+
+namespace {
+
+void captionEditing(Program& program) {
+  constexpr std::array kCaptions = {"Gridwright-(Editing '2d-maze' patterns)",
+                                    "Gridwright-(Editing '3d-pipe-maze' patterns)",
+                                    "Gridwright-(Editing '3d-maze' patterns)"};
+  program.controls.setCaption(kCaptions.at(static_cast<std::size_t>(program.state.mazeKind)));
+}
+
+/// How the loop over the field was left.
+enum class Left { rebuild, end, quit };
+
+bool runIsComplete(const ProgramState& s) {
+  return s.editor.randomRunning && s.randomStepsDone >= s.randomPatternSize - 1;
+}
+
+void chooseStep(Program& program) {
+  ProgramState& s = program.state;
+  if (s.editor.randomRunning && !s.paused) s.stepCode = program.random.oneTo(s.randomUsesGo ? 5 : 4);
+  fieldSweep(program);
+}
+
+/// The edit loop: one step of work, one yield, one look at what was chosen in it.
+Left editLoop(Program& program) {
+  ProgramState& s = program.state;
+  bool changed = true;
+  for (;;) {
+    s.prev = s.cur;
+    s.stepCode = step::none;
+    const int seen = s.editedPattern;
+    const bool waits = !changed && !s.editor.randomRunning && !s.walker.sweepActive;
+    yield(program, waits || s.paused ? Pace::idle : Pace::working);
+    if (s.phase == Phase::quitToTitle) return Left::quit;
+    if (runIsComplete(s)) endRandomRun(s);
+    if (s.phase == Phase::patternRequest) return Left::rebuild;
+    if (s.editedPattern != 0 && s.editedPattern != seen) {
+      closeOpenPattern(program);
+      return Left::rebuild;
+    }
+    chooseStep(program);
+    if (s.phase == Phase::drawing || s.phase == Phase::making) return Left::end;
+    changed = fieldStep(program);
+  }
+}
+
+void editPattern(Program& program, int direction) {
+  ProgramState& s = program.state;
+  if (s.editedPattern == direction) return;
+  program.platform.maximise();
+  if (s.editedPattern == 0) {
+    s.editor.editorCallerPhase = s.phase;
+    s.editor.editorAutoRedraw = program.canvas.autoRedraw();
+  }
+  endRandomRun(s);
+  s.editedPattern = direction;
+  s.panelOpen = true;
+}
+
+void endEditor(Program& program) {
+  ProgramState& s = program.state;
+  closeOpenPattern(program);
+  leaveField(program);
+  program.canvas.setAutoRedraw(s.editor.editorAutoRedraw);
+  enableKeyHelp(program, Item::keysdrawing);
+  if (s.phase == Phase::making) {
+    captionMaking(program);
+  } else {
+    captionDrawing(program);
+  }
+}
+
+}  // namespace
+
+void endRandomRun(ProgramState& state) {
+  if (!state.editor.randomRunning) return;
+  state.editor.randomRunning = false;
+  state.randomPatternSize = state.editor.randomSizeSaved;
+}
+
+void editpat(Program& program) {
+  ProgramState& s = program.state;
+  enterField(program);
+  for (Left left = Left::rebuild; left == Left::rebuild;) {
+    if (s.editedPattern == 0) break;
+    enableKeyHelp(program, Item::keyspattern);
+    captionEditing(program);
+    setUpField(program, FieldPlace::editor);
+    left = editLoop(program);
+    if (left == Left::quit) {
+      endRandomRun(s);
+      dropOpenPattern(s);
+      return;
+    }
+  }
+  endEditor(program);
+}
+
+void editpatterns(Program& program) { editPattern(program, step::left); }
+void rightpattern(Program& program) { editPattern(program, step::right); }
+void uppattern(Program& program) { editPattern(program, step::up); }
+void downpattern(Program& program) { editPattern(program, step::down); }
+
+void exitpattern(Program& program) {
+  ProgramState& s = program.state;
+  if (s.editedPattern == 0) return;
+  endRandomRun(s);
+  paintWorkPicture(program, "drawing4.bmp");
+  s.phase = s.phaseBeforePatterns;
+  s.editedPattern = 0;
+  s.panelOpen = false;
+}
+
+void patternKey(Program& program, int code) {
+  ProgramState& s = program.state;
+  if (s.editor.randomRunning || s.walker.sweepActive || s.editor.preparing) return;
+  if (code == key::G) {
+    if (s.walkMode != WalkMode::carve) return;
+    s.stepCode = step::walkBack;
+    s.walkMode = WalkMode::back;
+  } else if (const int arrow = stepOfArrow(code); arrow != step::none) {
+    s.stepCode = arrow;
+  }
+}
+
+}  // namespace gridwright

@@ -1,0 +1,135 @@
+#include "patterns/pattern_sets.h"
+
+#include "core/panels.h"
+#include "files/drawing_files.h"
+#include "patterns/pattern_commands.h"
+#include "patterns/step_values.h"
+
+namespace gridwright {
+
+namespace {
+
+void refreshLists(Program& program) {
+  for (const ControlId list : {ControlId::File3, ControlId::File4}) {
+    refreshList(program, list, setEnding(program.state.mazeKind));
+  }
+}
+
+/// The panel goes; in the editor the window stays held.
+void closeSetPanel(Program& program, const Panel& panel) {
+  ProgramState& s = program.state;
+  closePanel(program, panel);
+  s.panelOpen = s.editedPattern != 0;
+}
+
+std::string fileName(const Program& program, const std::string& base) {
+  return base + std::string(setEnding(program.state.mazeKind));
+}
+
+bool isNameForSet(std::string_view base) {
+  return !base.empty() && base.find_first_of("/\\") == std::string_view::npos;
+}
+
+PatternSet presentSet(Program& program) {
+  PatternSet set;
+  for (int direction = step::left; direction <= step::down; ++direction) {
+    set[static_cast<std::size_t>(direction - 1)] = program.steps.steps(program.state.mazeKind, direction);
+  }
+  return set;
+}
+
+void installSet(Program& program, const PatternSet& set) {
+  ProgramState& s = program.state;
+  for (int direction = step::left; direction <= step::down; ++direction) {
+    const Steps& steps = set[static_cast<std::size_t>(direction - 1)];
+    if (steps.empty()) {
+      program.steps.reset(s.mazeKind, direction);
+    } else {
+      program.steps.write(s.mazeKind, direction, steps);
+    }
+  }
+  s.patternDirection = 0;
+  s.stepCode = step::none;
+  s.walker.channelPosition = 0;
+}
+
+}  // namespace
+
+std::string_view setEnding(MazeKind kind) {
+  switch (kind) {
+    case MazeKind::threeD:
+      return ".3d-pat";
+    case MazeKind::pipe:
+      return ".3d-pipe-pat";
+    default:
+      return ".pat";
+  }
+}
+
+std::string formatSet(const PatternSet& set) {
+  std::string text;
+  for (const Steps& steps : set) text += formatSteps(steps);
+  return text;
+}
+
+Outcome<PatternSet> parseSet(std::string_view text) {
+  PatternSet set;
+  StepValues values(text);
+  for (Steps& list : set) {
+    if (values.atEnd()) return Fault{Fault::Kind::malformed, "a list is missing"};
+    auto steps = readStepList(values, &list == &set.back(), AtEnd::endsList);
+    if (!steps) return Fault{Fault::Kind::malformed, "a list of steps"};
+    list = std::move(*steps);
+  }
+  return set;
+}
+
+void savepatterns(Program& program) {
+  ProgramState& s = program.state;
+  refreshLists(program);
+  s.editor.drawingOffSaved = s.drawingOff;
+  s.drawingOff = true;
+  openPanelOverScreen(program, kSaveSetPanel, "");
+}
+
+void saveSetEntered(Program& program) {
+  const std::string base = baseName(program.controls[ControlId::Text5].text);
+  saveSetEscaped(program);
+  finishOpenPattern(program);
+  if (!isNameForSet(base) ||
+      !program.files->replaceText(fileName(program, base), formatSet(presentSet(program)))) {
+    program.platform.messageBox("Error: bad file name.");
+    return;
+  }
+  refreshLists(program);
+}
+
+void saveSetEscaped(Program& program) {
+  closeSetPanel(program, kSaveSetPanel);
+  program.state.drawingOff = program.state.editor.drawingOffSaved;
+}
+
+void loadpatterns(Program& program) {
+  refreshLists(program);
+  std::string& last = program.state.files.lastSet;
+  last = nameToOffer(program, ControlId::File4, last);
+  openPanelOverScreen(program, kLoadSetPanel, last);
+}
+
+void loadSetEntered(Program& program) {
+  const std::string base = baseName(program.controls[ControlId::Text6].text);
+  closeSetPanel(program, kLoadSetPanel);
+  const auto text = isNameForSet(base) ? program.files->readText(fileName(program, base))
+                                       : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
+  const auto set = text ? parseSet(text.value()) : Outcome<PatternSet>(text.fault());
+  if (!set) {
+    program.platform.messageBox("Error: can't find file.");
+    return;
+  }
+  finishOpenPattern(program);
+  installSet(program, set.value());
+}
+
+void loadSetEscaped(Program& program) { closeSetPanel(program, kLoadSetPanel); }
+
+}  // namespace gridwright

@@ -1,0 +1,36 @@
+#include "patterns/step_values.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace gridwright {
+
+std::optional<int> StepValues::next() {
+  constexpr std::string_view kSeparators = ",\r\n";
+  text_.remove_prefix(std::min(text_.find_first_not_of(kSeparators), text_.size()));
+  std::string_view value = text_.substr(0, text_.find_first_of(kSeparators));
+  text_.remove_prefix(value.size());
+  value.remove_prefix(std::min(value.find_first_not_of(' '), value.size()));
+  value = value.substr(0, value.find_last_not_of(' ') + 1);
+  int number = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+  if (value.empty() || error != std::errc{} || end != value.data() + value.size()) return std::nullopt;
+  return number;
+}
+
+std::optional<Steps> readStepList(StepValues& values, bool last, AtEnd atEnd) {
+  Steps steps;
+  for (;;) {
+    if (atEnd == AtEnd::endsList && values.atEnd()) return steps;
+    const auto code = values.next();
+    if (!code) return std::nullopt;
+    if (*code == step::endMark) break;
+    if (*code < step::left || *code > step::walkBack) return std::nullopt;
+    steps.push_back(*code);
+  }
+  if (last || (atEnd == AtEnd::endsList && values.atEnd())) return steps;
+  if (values.next() != step::closing) return std::nullopt;
+  return steps;
+}
+
+}  // namespace gridwright
