@@ -43,6 +43,7 @@ class ObedientCheckBox : public QCheckBox {
 template <class T>
 T* named(T* widget, ControlId id, ControlWidgets& widgets) {
   widget->setObjectName(qString(rowOf(id).name));
+  widget->hide();
   widgetOf(widgets, id) = widget;
   return widget;
 }
