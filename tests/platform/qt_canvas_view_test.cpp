@@ -2,6 +2,8 @@
 
 #include <QImage>
 #include <QPixmap>
+#include <QTest>
+#include <vector>
 
 #include "platform/qt/canvas_view.h"
 
@@ -60,6 +62,23 @@ TEST(ALargerView, HasTheCanvasInTheMiddleAndASmallerOneItsTopLeft) {
   view.resize(640, 480);
   EXPECT_EQ(view.placeOf({0, 0, 800, 600}), QRectF(0, 0, 800, 600));
   EXPECT_EQ(view.visibleCanvas(), QRect(0, 0, 640, 480));
+}
+
+TEST(KeysAndMouseButtonsOnTheCanvas, AreReportedByTheirCodes) {
+  CanvasView view(nullptr);
+  std::vector<int> keys;
+  std::vector<int> buttons;
+  view.onKey = [&](int code) { keys.push_back(code); };
+  view.onMouse = [&](int button) { buttons.push_back(button); };
+  QTest::keyClick(&view, Qt::Key_J);
+  QTest::keyClick(&view, Qt::Key_Shift);
+  QTest::keyClick(&view, Qt::Key_K, Qt::ControlModifier);
+  QTest::keyClick(&view, Qt::Key_Left);
+  QTest::mouseClick(&view, Qt::LeftButton);
+  QTest::mouseClick(&view, Qt::MiddleButton);
+  QTest::mouseClick(&view, Qt::RightButton);
+  EXPECT_EQ(keys, (std::vector{74, 37}));
+  EXPECT_EQ(buttons, (std::vector{1, 2}));
 }
 
 }  // namespace

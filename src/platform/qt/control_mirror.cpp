@@ -214,7 +214,11 @@ void ControlMirror::place() {
   for (std::size_t i = 0; i < kTitleButtons.size(); ++i) {
     const QRect box(kButtonLeft, kButtonTop + static_cast<int>(i) * kButtonPitch, kButtonWidth,
                     kButtonHeight);
-    widget(kTitleButtons[i])->setGeometry(view_.placeOf(box).toAlignedRect());
+    QRect place = view_.placeOf(box).toAlignedRect();
+    const QPoint centre = place.center();  // where Canvas pixels are small, the words still want their room
+    place.setSize(place.size().expandedTo(widget(kTitleButtons[i])->sizeHint() + QSize(kGap, 0)));
+    place.moveCenter(centre);
+    widget(kTitleButtons[i])->setGeometry(place);
   }
   const QRect room = view_.visibleCanvas();
   for (PanelFrame* frame : textFrames_) {
