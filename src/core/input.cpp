@@ -52,6 +52,12 @@ void menuClick(Program& program, Item item) {
   command(program);
 }
 
+void keyDown(Program& /*program*/, int /*code*/) {}
+
+void mouseDown(Program& /*program*/, int /*button*/) {}
+
+void timerTick(Program& /*program*/, ControlId /*timer*/) {}
+
 void buttonClick(Program& program, ControlId button) {
   if (!isLive(program, button)) return;
   if (button == ControlId::Command1) command1(program);

@@ -15,6 +15,15 @@ void keyDown(Program& program, int code);
 /// Chooses an item. One that is disabled, hidden or only informs does nothing.
 void menuClick(Program& program, Item item);
 
+/// A key went down on the Canvas.
+void keyDown(Program& program, int code);
+
+/// A mouse button went down on the Canvas: 1 left, 2 right.
+void mouseDown(Program& program, int button);
+
+/// A running timer's wait is over.
+void timerTick(Program& program, ControlId timer);
+
 /// Presses a button; one that is not shown does nothing.
 /// \throws ProgramEnd for the button that quits the program.
 void buttonClick(Program& program, ControlId button);

@@ -1,0 +1,144 @@
+#include "platform/qt/canvas_view.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "platform/qt/key_codes.h"
+
+namespace gridwright {
+
+namespace {
+
+QRgb screenColour(Colour colour) { return qRgb(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
+
+}  // namespace
+
+CanvasView::CanvasView(QWidget* parent)
+    : QWidget(parent), picture_(Canvas::kSide, Canvas::kSide, QImage::Format_RGB32) {
+  setObjectName("Canvas");
+  setAccessibleName("Canvas");
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::NoFocus);  // it gets the keyboard from the control mirror, never from a click
+  picture_.fill(Qt::white);
+  pixels_ = picture_.bits();
+}
+
+// Rounded down: a scale of 150 % must not push a Canvas of 800 by 600 off a laptop's screen.
+int CanvasView::zoom() const { return std::max(1, static_cast<int>(std::floor(devicePixelRatioF()))); }
+
+QSize CanvasView::screenSize() const {
+  return {static_cast<int>(std::lround(width() * devicePixelRatioF())),
+          static_cast<int>(std::lround(height() * devicePixelRatioF()))};
+}
+
+QPoint CanvasView::origin() const {
+  const QSize screen = screenSize();
+  return {std::max(0, (screen.width() - canvasSize_.width * zoom()) / 2),
+          std::max(0, (screen.height() - canvasSize_.height * zoom()) / 2)};
+}
+
+Size CanvasView::clientSize() const {
+  const QSize screen = screenSize();
+  return {std::clamp(screen.width() / zoom(), kSmallest.width, Canvas::kSide),
+          std::clamp(screen.height() / zoom(), kSmallest.height, Canvas::kSide)};
+}
+
+QSize CanvasView::sizeHint() const {
+  const double points = zoom() / devicePixelRatioF();
+  return {static_cast<int>(std::ceil(kSmallest.width * points)),
+          static_cast<int>(std::ceil(kSmallest.height * points))};
+}
+
+QRectF CanvasView::placeOf(const QRect& box) const {
+  const double ratio = devicePixelRatioF();
+  const QPoint at = origin() + box.topLeft() * zoom();
+  return {at.x() / ratio, at.y() / ratio, box.width() * zoom() / ratio, box.height() * zoom() / ratio};
+}
+
+QRect CanvasView::visibleCanvas() const {
+  return placeOf({0, 0, canvasSize_.width, canvasSize_.height}).toAlignedRect() & rect();
+}
+
+/// \returns the box of pixels that look different now. The routines draw over what stands already more
+/// often than not, and a stroke that changes nothing must not cost a turn of the window system.
+QRect CanvasView::copyChanges(const Canvas& canvas, const Canvas::Dirty& part) {
+  int left = part.right, right = part.left, top = part.bottom, bottom = part.top;
+  for (int y = part.top; y < part.bottom; ++y) {
+    const Colour* from = canvas.shownRow(y);
+    auto* to = reinterpret_cast<QRgb*>(pixels_ + static_cast<std::ptrdiff_t>(y) * picture_.bytesPerLine());
+    const auto differs = [&](int x) { return to[x] != screenColour(from[x]); };
+    int first = part.left;
+    while (first < part.right && !differs(first)) ++first;
+    if (first == part.right) continue;
+    int last = part.right - 1;
+    while (!differs(last)) --last;
+    for (int x = first; x <= last; ++x) to[x] = screenColour(from[x]);
+    left = std::min(left, first);
+    right = std::max(right, last);
+    top = std::min(top, y);
+    bottom = y;
+  }
+  return {QPoint(left, top), QPoint(right, bottom)};
+}
+
+bool CanvasView::showChanges(Canvas& canvas) {
+  const Canvas::Dirty part = canvas.takeDirty();
+  QRect changed;
+  if (!part.empty()) changed = copyChanges(canvas, part);
+  if (canvas.scaleWidth() != canvasSize_.width || canvas.scaleHeight() != canvasSize_.height) {
+    canvasSize_ = {canvas.scaleWidth(), canvas.scaleHeight()};
+    if (onPlaced) onPlaced();
+    repaint();
+    return true;
+  }
+  if (changed.isEmpty()) return false;
+  repaint(placeOf(changed).toAlignedRect());
+  return true;
+}
+
+// Everything is laid out in screen pixels here: with a broken scale factor Qt's own coordinates hit them
+// between two, and the picture would blur or crawl.
+void CanvasView::paintEvent(QPaintEvent* event) {
+  const double ratio = devicePixelRatioF();
+  QPainter painter(this);
+  const QRect shown = visibleCanvas();
+  for (const QRect& part : QRegion(event->rect()).subtracted(shown)) {
+    painter.fillRect(part, palette().color(QPalette::Mid));
+  }
+  const QTransform toScreen = painter.deviceTransform();
+  painter.translate((std::round(toScreen.dx()) - toScreen.dx()) / ratio,
+                    (std::round(toScreen.dy()) - toScreen.dy()) / ratio);
+  painter.scale(1 / ratio, 1 / ratio);
+  painter.translate(origin());
+  painter.scale(zoom(), zoom());
+  const QRect canvas(0, 0, canvasSize_.width, canvasSize_.height);
+  const QRect wanted = painter.worldTransform().inverted().mapRect(QRectF(event->rect())).toAlignedRect();
+  const QRect part = wanted.adjusted(-1, -1, 1, 1) & canvas;
+  painter.drawImage(part.topLeft(), picture_, part);
+}
+
+void CanvasView::resizeEvent(QResizeEvent* /*event*/) {
+  if (onPlaced) onPlaced();
+}
+
+void CanvasView::keyPressEvent(QKeyEvent* event) {
+  const auto code = keyCodeOf(event->key(), event->modifiers(), event->nativeScanCode());
+  if (code && onKey) {
+    onKey(*code);
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void CanvasView::mousePressEvent(QMouseEvent* event) {
+  if (!onMouse) return;
+  if (event->button() == Qt::LeftButton) onMouse(1);
+  if (event->button() == Qt::RightButton) onMouse(2);
+}
+
+}  // namespace gridwright

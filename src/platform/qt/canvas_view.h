@@ -1,0 +1,61 @@
+// The part of the window that shows the Canvas, and that has the keyboard unless a text box has it.
+//
+// A Canvas pixel is a whole number of screen pixels, never smoothed. The Canvas lies in the middle of a
+// neutral surround; a view too small for it shows its top left.
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <QWidget>
+#include <functional>
+
+#include "canvas/canvas.h"
+#include "canvas/geometry.h"
+
+namespace gridwright {
+
+class CanvasView : public QWidget {
+ public:
+  static constexpr Size kSmallest{800, 600};
+
+  explicit CanvasView(QWidget* parent);
+
+  std::function<void(int code)> onKey;
+  std::function<void(int button)> onMouse;  ///< 1 left, 2 right.
+  std::function<void()> onPlaced;           ///< The Canvas lies elsewhere in the view now.
+
+  /// The size that the Canvas takes in this view, in its own pixels.
+  [[nodiscard]] Size clientSize() const;
+
+  /// Where a box of the Canvas lies in the view.
+  [[nodiscard]] QRectF placeOf(const QRect& box) const;
+
+  /// The part of the view in which the Canvas is seen.
+  [[nodiscard]] QRect visibleCanvas() const;
+
+  /// Takes over what changed on the shown plane, and has it on the screen when it returns.
+  /// \returns whether the screen looks different.
+  bool showChanges(Canvas& canvas);
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] const QImage& picture() const { return picture_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  bool focusNextPrevChild(bool) override { return false; }
+
+ private:
+  [[nodiscard]] int zoom() const;       ///< Screen pixels a Canvas pixel, along each axis.
+  [[nodiscard]] QPoint origin() const;  ///< Of the Canvas in the view, in screen pixels.
+  [[nodiscard]] QSize screenSize() const;
+  QRect copyChanges(const Canvas& canvas, const Canvas::Dirty& part);
+
+  QImage picture_;  // the shown plane as Qt paints it
+  uchar* pixels_;   // its memory, which nobody shares
+  Size canvasSize_ = kSmallest;
+};
+
+}  // namespace gridwright

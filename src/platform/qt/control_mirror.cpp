@@ -1,0 +1,249 @@
+#include "platform/qt/control_mirror.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QPushButton>
+#include <algorithm>
+
+#include "core/input.h"
+#include "platform/qt/canvas_view.h"
+#include "platform/qt/swatch_button.h"
+
+namespace gridwright {
+
+namespace {
+
+/// The lower part of the title picture, in Canvas pixels, where the buttons stand one under another.
+constexpr std::array kTitleButtons = {ControlId::Command2, ControlId::Command3, ControlId::Command7};
+constexpr int kButtonLeft = 250, kButtonTop = 330, kButtonWidth = 300, kButtonHeight = 46, kButtonPitch = 62;
+constexpr int kGap = 8;  // between a panel and the edge of the view
+
+void setShown(QWidget& widget, bool on) {
+  if (widget.isHidden() == on) widget.setVisible(on);
+}
+
+void mirrorList(QListWidget& list, const Control& control) {
+  bool same = list.count() == static_cast<int>(control.entries.size());
+  for (int i = 0; same && i < list.count(); ++i) {
+    same = list.item(i)->text() == qString(control.entries[static_cast<std::size_t>(i)]);
+  }
+  if (!same) {
+    list.clear();
+    for (const std::string& entry : control.entries) list.addItem(qString(entry));
+  }
+  if (list.currentRow() != control.selected) list.setCurrentRow(control.selected);
+}
+
+}  // namespace
+
+ControlMirror::ControlMirror(CanvasView& view, InputQueue& inputs, SwatchPress onSwatch)
+    : view_(view),
+      inputs_(inputs),
+      onSwatch_(std::move(onSwatch)),
+      timers_{Timer(ControlId::Timer1), Timer(ControlId::Timer2)} {
+  buildPanels();
+  buildButtons();
+  listenToSwatches();
+  for (Timer& timer : timers_) {
+    QObject::connect(&timer.clock, &QTimer::timeout, &view_, [this, id = timer.id] {
+      inputs_.byTimer([id](Program& program) { input::timerTick(program, id); });
+    });
+  }
+}
+
+const QTimer& ControlMirror::timer(ControlId id) const {
+  return timers_[id == ControlId::Timer1 ? 0 : 1].clock;
+}
+
+void ControlMirror::buildPanels() {
+  for (std::size_t i = 0; i < kTextPanels.size(); ++i) {
+    textFrames_[i] = buildTextPanel(kTextPanels[i], &view_, widgets_);
+    listenToBox(kTextPanels[i]);
+  }
+  for (std::size_t i = 0; i < kSwatchPanels.size(); ++i) {
+    swatchFrames_[i] = buildSwatchPanel(kSwatchPanels[i], &view_, widgets_);
+  }
+}
+
+// A button that no panel holds lies on the title.
+void ControlMirror::buildButtons() {
+  for (std::size_t row = 0; row < kControlCount; ++row) {
+    const ControlId id = controlAt(row);
+    if (rowOf(id).kind != ControlKind::button) continue;
+    if (widgets_[row] == nullptr) {
+      widgets_[row] = new QPushButton(&view_);
+      widgets_[row]->setObjectName(qString(rowOf(id).name));
+      widgets_[row]->hide();
+    }
+    auto* button = static_cast<QPushButton*>(widgets_[row]);
+    button->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(button, &QPushButton::clicked, &view_, [this, id] {
+      inputs_.byPerson([id](Program& program) { input::buttonClick(program, id); });
+    });
+  }
+}
+
+void ControlMirror::listenToBox(const TextPanel& panel) {
+  auto* box = static_cast<EntryBox*>(widget(panel.box));
+  const ControlId id = panel.box;
+  QObject::connect(box, &QLineEdit::textEdited, &view_, [this, id](const QString& text) {
+    inputs_.byPerson(
+        [id, typed = text.toStdString()](Program& program) { input::textTyped(program, id, typed); });
+  });
+  box->onEnter = [this, id] {
+    inputs_.byPerson([id](Program& program) { input::enterPressed(program, id); });
+  };
+  box->onEscape = [this, id] {
+    inputs_.byPerson([id](Program& program) { input::escapePressed(program, id); });
+  };
+  if (!panel.list) return;
+  auto* list = static_cast<QListWidget*>(widget(*panel.list));
+  const auto click = [this, id = *panel.list](int entry) {
+    inputs_.byPerson([id, entry](Program& program) { input::listClick(program, id, entry); });
+  };
+  box->onStep = [list, click](int by) {
+    if (list->count() > 0) click(std::clamp(list->currentRow() + by, 0, list->count() - 1));
+  };
+  QObject::connect(list, &QListWidget::itemClicked, &view_,
+                   [list, click](QListWidgetItem* entry) { click(list->row(entry)); });
+  QObject::connect(list, &QListWidget::itemDoubleClicked, &view_, [list, click, box](QListWidgetItem* entry) {
+    click(list->row(entry));
+    box->onEnter();
+  });
+}
+
+void ControlMirror::listenToSwatches() {
+  for (std::size_t row = 0; row < kControlCount; ++row) {
+    const ControlId id = controlAt(row);
+    if (rowOf(id).kind != ControlKind::checkBox) continue;
+    if (auto* swatch = dynamic_cast<SwatchButton*>(widgets_[row])) {
+      swatch->onPress = [this, id](Qt::MouseButton button) { onSwatch_(id, button); };
+    } else {
+      QObject::connect(static_cast<QAbstractButton*>(widgets_[row]), &QAbstractButton::clicked, &view_,
+                       [this, id] { onSwatch_(id, Qt::LeftButton); });
+    }
+  }
+}
+
+void ControlMirror::mirror(const ControlModel& model) {
+  if (shown_ == model.revision()) return;
+  shown_ = model.revision();
+  const QString caption = qString(model.caption());
+  if (view_.window()->windowTitle() != caption) view_.window()->setWindowTitle(caption);
+  std::array<bool, kTextPanels.size()> opening{};
+  for (std::size_t i = 0; i < kTextPanels.size(); ++i) {
+    opening[i] = model[kTextPanels[i].box].visible && widget(kTextPanels[i].box)->isHidden();
+  }
+  for (std::size_t row = 0; row < kControlCount; ++row) {
+    if (widgets_[row] != nullptr) mirrorOne(controlAt(row), model[controlAt(row)]);
+  }
+  for (Timer& timer : timers_) mirrorTimer(timer, model);
+  mirrorPanels(model);
+  keepFocus(model);
+  for (std::size_t i = 0; i < kTextPanels.size(); ++i) {
+    if (opening[i]) static_cast<EntryBox*>(widget(kTextPanels[i].box))->selectAll();
+  }
+}
+
+void ControlMirror::mirrorOne(ControlId id, const Control& control) {
+  QWidget& widget = *widgets_[static_cast<std::size_t>(id)];
+  const QString text = qString(control.text);
+  switch (rowOf(id).kind) {
+    case ControlKind::checkBox: {
+      auto& box = static_cast<QAbstractButton&>(widget);
+      const QString plain = QString(text).replace("&", "&&");
+      if (box.text() != plain) box.setText(plain);
+      box.setAccessibleName(text);
+      box.setChecked(control.value != 0);
+      break;
+    }
+    case ControlKind::button: {
+      auto& button = static_cast<QPushButton&>(widget);
+      if (button.accessibleName() != text) {
+        button.setText(buttonText(id, control.text));
+        button.setAccessibleName(text);
+      }
+      break;
+    }
+    case ControlKind::label:
+      static_cast<QLabel&>(widget).setText(text);
+      break;
+    case ControlKind::textBox: {
+      auto& box = static_cast<QLineEdit&>(widget);
+      if (box.text() != text) box.setText(text);
+      break;
+    }
+    case ControlKind::fileList:
+      mirrorList(static_cast<QListWidget&>(widget), control);
+      break;
+    case ControlKind::timer:
+      break;
+  }
+  widget.setEnabled(control.enabled);
+  setShown(widget, control.visible);
+}
+
+void ControlMirror::mirrorTimer(Timer& timer, const ControlModel& model) {
+  const Control& control = model[timer.id];
+  const std::uint64_t starts = model.timerStarts(timer.id);
+  if (!control.enabled || control.interval <= 0) {
+    timer.clock.stop();
+  } else if (!timer.clock.isActive() || timer.starts != starts ||
+             timer.clock.interval() != control.interval) {
+    timer.clock.start(control.interval);
+  }
+  timer.starts = starts;
+}
+
+// A frame is there while anything on it is.
+void ControlMirror::mirrorPanels(const ControlModel& model) {
+  for (std::size_t i = 0; i < kTextPanels.size(); ++i) {
+    const TextPanel& panel = kTextPanels[i];
+    setShown(*textFrames_[i], model[panel.box].visible || model[panel.label].visible);
+  }
+  for (std::size_t i = 0; i < kSwatchPanels.size(); ++i) {
+    const SwatchPanel& panel = kSwatchPanels[i];
+    setShown(*swatchFrames_[i], model[panel.label].visible || model[panel.firstSwatch].visible);
+  }
+  place();
+}
+
+void ControlMirror::place() {
+  for (std::size_t i = 0; i < kTitleButtons.size(); ++i) {
+    const QRect box(kButtonLeft, kButtonTop + static_cast<int>(i) * kButtonPitch, kButtonWidth,
+                    kButtonHeight);
+    QRect place = view_.placeOf(box).toAlignedRect();
+    const QPoint centre = place.center();  // where Canvas pixels are small, the words still want their room
+    place.setSize(place.size().expandedTo(widget(kTitleButtons[i])->sizeHint() + QSize(kGap, 0)));
+    place.moveCenter(centre);
+    widget(kTitleButtons[i])->setGeometry(place);
+  }
+  const QRect room = view_.visibleCanvas();
+  for (PanelFrame* frame : textFrames_) {
+    if (frame->isHidden()) continue;
+    frame->adjustSize();
+    QRect place(QPoint(), frame->size());
+    place.moveCenter(room.center());
+    frame->move(std::max(0, place.left()), std::max(0, place.top()));
+  }
+  for (PanelFrame* frame : swatchFrames_) {  // at the foot, so that the drawing stays in sight
+    if (frame->isHidden()) continue;
+    frame->adjustSize();
+    frame->resize(std::min(frame->width(), view_.width()), frame->height());
+    frame->move(std::max(0, room.center().x() - frame->width() / 2),
+                std::max(0, room.bottom() - kGap - frame->height()));
+  }
+}
+
+void ControlMirror::keepFocus(const ControlModel& model) {
+  if (QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr) return;
+  QWidget* wanted = model.focus() ? widget(*model.focus()) : &view_;
+  QWidget* has = view_.window()->focusWidget();
+  const auto* bar = dynamic_cast<QMenuBar*>(has);
+  if (has == wanted || (bar != nullptr && bar->activeAction() != nullptr)) return;
+  wanted->setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace gridwright

@@ -1,0 +1,121 @@
+#include "platform/qt/menu_mirror.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <algorithm>
+
+#include "core/input.h"
+
+namespace gridwright {
+
+namespace {
+
+struct Mnemonic {
+  Item title;
+  char letter;
+};
+constexpr std::array kMnemonics = {Mnemonic{Item::drawingt, 'O'}, Mnemonic{Item::printoptions, 'P'},
+                                   Mnemonic{Item::maze, 'M'},     Mnemonic{Item::mazemodes, 'S'},
+                                   Mnemonic{Item::patterns, 't'}, Mnemonic{Item::help, 'I'}};
+
+/// Items that can bear a tick. They keep its place free, so that a menu does not shift when one moves.
+constexpr auto kMarkable = std::to_array<Item>({
+    Item::createreg,
+    Item::create3d,
+    Item::create3dpipe,
+    Item::drawingon,
+    Item::drawingoff,
+    Item::turnsoff,
+    Item::horizontal,
+    Item::vertical,
+    Item::way4,
+    Item::ugenerate,
+    Item::cgenerate,
+    Item::playmodeoff,
+    Item::easymode,
+    Item::hardmode,
+    Item::leavetrail,
+    Item::userplace,
+    Item::largestsolution,
+    Item::includeunderpasses,
+    Item::mostunderpasses,
+    Item::pnormal,
+    Item::plarge,
+    Item::mode1,
+    Item::mode2,
+    Item::mode3,
+    Item::mode4,
+    Item::mode5,
+    Item::mode6,
+    Item::pthick,
+    Item::pthin,
+    Item::aon,
+    Item::aoff,
+    Item::dontusepattern,
+    Item::usepattern,
+    Item::crnd1,
+    Item::maxrnd,
+    Item::usernd,
+    Item::gofinish,
+    Item::stopfinish,
+});
+
+bool isMarkable(Item item) { return std::find(kMarkable.begin(), kMarkable.end(), item) != kMarkable.end(); }
+
+}  // namespace
+
+QString menuText(Item item, std::string_view caption) {
+  QString text = QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()));
+  const auto* mnemonic = std::find_if(kMnemonics.begin(), kMnemonics.end(),
+                                      [&](const Mnemonic& candidate) { return candidate.title == item; });
+  const qsizetype place = mnemonic == kMnemonics.end() ? -1 : text.indexOf(QLatin1Char(mnemonic->letter));
+  const qsizetype ampersands = place < 0 ? 0 : text.left(place).count('&');
+  text.replace("&", "&&");
+  if (place >= 0) text.insert(place + ampersands, '&');
+  return text;
+}
+
+MenuMirror::MenuMirror(QMenuBar& bar, InputQueue& inputs) : inputs_(inputs) {
+  std::array<QMenu*, kItemCount> menus{};
+  for (std::size_t row = 0; row < kItemCount; ++row) {
+    const Item item = itemAt(row);
+    const Item parent = rowOf(item).parent;
+    QMenu* above = parent == Item::bar ? nullptr : menus[static_cast<std::size_t>(parent)];
+    const QString text = menuText(item, rowOf(item).caption);
+    if (hasChildren(item)) {
+      menus[row] = above == nullptr ? bar.addMenu(text) : above->addMenu(text);
+      actions_[row] = menus[row]->menuAction();
+    } else {
+      actions_[row] = above == nullptr ? bar.addAction(text) : above->addAction(text);
+      QObject::connect(actions_[row], &QAction::triggered, &bar, [this, item] { chosen(item); });
+    }
+    const auto name = rowOf(item).name;
+    actions_[row]->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    actions_[row]->setCheckable(isMarkable(item));
+  }
+}
+
+void MenuMirror::chosen(Item item) {
+  const auto row = static_cast<std::size_t>(item);
+  actions_[row]->setChecked(marked_[row]);
+  inputs_.byPerson([item](Program& program) { input::menuClick(program, item); });
+}
+
+void MenuMirror::mirror(const MenuModel& model) {
+  if (shown_ == model.revision()) return;
+  shown_ = model.revision();
+  for (std::size_t row = 0; row < kItemCount; ++row) {
+    const Item item = itemAt(row);
+    QAction& action = *actions_[row];
+    const QString text = menuText(item, model.caption(item));
+    if (action.text() != text) action.setText(text);
+    marked_[row] = model.checked(item);
+    if (marked_[row]) action.setCheckable(true);
+    action.setChecked(marked_[row]);
+    action.setEnabled(model.enabled(item));
+    action.setVisible(model.visible(item));
+  }
+}
+
+}  // namespace gridwright

@@ -1,0 +1,158 @@
+#include "platform/qt/panels.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "platform/qt/swatch_button.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr int kTextPanelWidth = 440;
+constexpr int kListHeight = 200;
+constexpr int kSwatchColumns = 8;
+
+QWidget*& widgetOf(ControlWidgets& widgets, ControlId id) { return widgets[static_cast<std::size_t>(id)]; }
+
+/// The word of a button's caption whose first letter opens it.
+struct Mnemonic {
+  ControlId button;
+  const char* word;
+};
+constexpr std::array kMnemonics = {
+    Mnemonic{ControlId::Command1, "Done"}, Mnemonic{ControlId::Command2, "Begin"},
+    Mnemonic{ControlId::Command3, "examples"}, Mnemonic{ControlId::Command7, "Quit"}};
+
+/// The model ticks it, not the click.
+class ObedientCheckBox : public QCheckBox {
+ public:
+  using QCheckBox::QCheckBox;
+
+ protected:
+  void nextCheckState() override {}
+};
+
+template <class T>
+T* named(T* widget, ControlId id, ControlWidgets& widgets) {
+  widget->setObjectName(qString(rowOf(id).name));
+  widget->hide();
+  widgetOf(widgets, id) = widget;
+  return widget;
+}
+
+QLabel* prompt(ControlId id, PanelFrame* frame, ControlWidgets& widgets) {
+  auto* label = named(new QLabel(qString(rowOf(id).caption), frame), id, widgets);
+  label->setWordWrap(true);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QWidget* sixteenSwatches(const SwatchPanel& panel, PanelFrame* frame, ControlWidgets& widgets) {
+  auto* plate = new QWidget(frame);
+  auto* grid = new QGridLayout(plate);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(4);
+  for (int i = 0; i < 16; ++i) {
+    const auto id = static_cast<ControlId>(static_cast<int>(panel.firstSwatch) + i);
+    grid->addWidget(named(new SwatchButton(i, plate), id, widgets), i / kSwatchColumns, i % kSwatchColumns);
+  }
+  return plate;
+}
+
+}  // namespace
+
+QString qString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString buttonText(ControlId id, std::string_view caption) {
+  QString text = qString(caption).replace("&", "&&");
+  const auto* row = std::find_if(kMnemonics.begin(), kMnemonics.end(),
+                                 [&](const Mnemonic& candidate) { return candidate.button == id; });
+  if (row == kMnemonics.end()) return text;
+  const qsizetype place = text.indexOf(row->word);
+  return place < 0 ? text : text.insert(place, '&');
+}
+
+PanelFrame::PanelFrame(QWidget* parent) : QFrame(parent) {
+  setFrameStyle(QFrame::Panel | QFrame::Raised);
+  setLineWidth(2);
+  setAutoFillBackground(true);
+  setAttribute(Qt::WA_NoMousePropagation);
+  hide();
+}
+
+EntryBox::EntryBox(QWidget* parent) : QLineEdit(parent) {
+  setPlaceholderText("Enter accepts, Escape cancels");
+  setAccessibleDescription(placeholderText());
+}
+
+void EntryBox::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (onEnter) onEnter();
+      break;
+    case Qt::Key_Escape:
+      if (onEscape) onEscape();
+      break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      if (onStep) onStep(event->key() == Qt::Key_Up ? -1 : 1);
+      break;
+    default:
+      QLineEdit::keyPressEvent(event);
+      return;
+  }
+  event->accept();
+}
+
+PanelFrame* buildTextPanel(const TextPanel& panel, QWidget* parent, ControlWidgets& widgets) {
+  auto* frame = new PanelFrame(parent);
+  frame->setFixedWidth(kTextPanelWidth);
+  auto* column = new QVBoxLayout(frame);
+  auto* label = prompt(panel.label, frame, widgets);
+  auto* box = named(new EntryBox(frame), panel.box, widgets);
+  box->setAccessibleName(label->text());
+  label->setBuddy(box);
+  column->addWidget(label);
+  column->addWidget(box);
+  if (!panel.list) return frame;
+  auto* list = named(new QListWidget(frame), *panel.list, widgets);
+  list->setAccessibleName(label->text());
+  list->setFocusPolicy(Qt::NoFocus);
+  list->setFixedHeight(kListHeight);
+  column->addWidget(list);
+  return frame;
+}
+
+PanelFrame* buildSwatchPanel(const SwatchPanel& panel, QWidget* parent, ControlWidgets& widgets) {
+  auto* frame = new PanelFrame(parent);
+  auto* column = new QVBoxLayout(frame);
+  column->addWidget(prompt(panel.label, frame, widgets));
+  column->addWidget(sixteenSwatches(panel, frame, widgets));
+  if (!panel.classifies) return frame;
+  auto* row = new QHBoxLayout;
+  auto* choices = new QVBoxLayout;
+  for (const ControlId id : {ControlId::Check33, ControlId::Check34}) {
+    auto* choice = named(new ObedientCheckBox(qString(rowOf(id).caption), frame), id, widgets);
+    choice->setFocusPolicy(Qt::NoFocus);
+    choices->addWidget(choice);
+  }
+  row->addLayout(choices, 1);
+  auto* done = named(new QPushButton(frame), ControlId::Command1, widgets);
+  done->setFocusPolicy(Qt::NoFocus);
+  row->addWidget(done);
+  column->addLayout(row);
+  return frame;
+}
+
+}  // namespace gridwright

@@ -1,0 +1,77 @@
+// The frames that lie over the Canvas: a text panel with its label, box and list, and the three panels
+// of swatches. They know what they hold; what is shown and enabled the control mirror tells them.
+#pragma once
+
+#include <QFrame>
+#include <QLineEdit>
+#include <array>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "core/controls.h"
+
+class QLabel;
+class QListWidget;
+
+namespace gridwright {
+
+struct TextPanel {
+  ControlId label, box;
+  std::optional<ControlId> list;
+};
+
+inline constexpr std::array kTextPanels = {
+    TextPanel{ControlId::Label1, ControlId::Text3, std::nullopt},
+    TextPanel{ControlId::Label2, ControlId::text1, ControlId::File1},
+    TextPanel{ControlId::Label3, ControlId::Text4, ControlId::File2},
+    TextPanel{ControlId::Label4, ControlId::Text2, std::nullopt},
+    TextPanel{ControlId::Label8, ControlId::Text5, ControlId::File3},
+    TextPanel{ControlId::Label9, ControlId::Text6, ControlId::File4},
+    TextPanel{ControlId::Label10, ControlId::Text7, std::nullopt},
+    TextPanel{ControlId::Label11, ControlId::Text8, ControlId::File5},
+};
+
+/// A panel of sixteen swatches under a prompt.
+struct SwatchPanel {
+  ControlId label, firstSwatch;
+  bool classifies;  ///< Holds `Check33`, `Check34` and `Command1` too.
+};
+
+inline constexpr std::array kSwatchPanels = {
+    SwatchPanel{ControlId::Label5, ControlId::Check1, true},
+    SwatchPanel{ControlId::Label6, ControlId::Check17, false},
+    SwatchPanel{ControlId::Label7, ControlId::Check35, false},
+};
+
+/// A frame in the window's own colours that keeps mouse presses from the Canvas under it.
+class PanelFrame : public QFrame {
+ public:
+  explicit PanelFrame(QWidget* parent);
+};
+
+/// A panel's text box. It keeps the keyboard: Tab leads nowhere, since nothing else may have it.
+class EntryBox : public QLineEdit {
+ public:
+  explicit EntryBox(QWidget* parent);
+
+  std::function<void()> onEnter, onEscape;
+  std::function<void(int by)> onStep;  ///< Up and down: through the list, if there is one.
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool) override { return false; }
+};
+
+/// Where the parts of a panel are found by the mirror: one widget a control.
+using ControlWidgets = std::array<QWidget*, kControlCount>;
+
+PanelFrame* buildTextPanel(const TextPanel& panel, QWidget* parent, ControlWidgets& widgets);
+PanelFrame* buildSwatchPanel(const SwatchPanel& panel, QWidget* parent, ControlWidgets& widgets);
+
+/// What a button shows for its caption: one letter opens it together with Alt.
+QString buttonText(ControlId id, std::string_view caption);
+
+QString qString(std::string_view text);
+
+}  // namespace gridwright

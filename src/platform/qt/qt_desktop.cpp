@@ -1,0 +1,164 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <QCoreApplication>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QThread>
+#include <algorithm>
+
+#include "core/input.h"
+#include "platform/images/image_files.h"
+
+namespace gridwright {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kBetweenQuestions = 1ms;  // half of what a person's input may wait in a running loop
+constexpr auto kLookRarely = 100us;      // clock looks closer together than this are too many
+constexpr auto kLookOften = 400us;       // and further apart too few
+constexpr int kMostPassesBetween = 64;
+constexpr auto kMaximiseTime = 200ms;
+
+}  // namespace
+
+QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
+    : menus_(*window_.menuBar(), inputs_),
+      controls_(window_.view(), inputs_,
+                [this](ControlId swatch, Qt::MouseButton button) { swatchPressed(swatch, button); }),
+      printing_(workFolder) {
+  window_.onClose = [this] { closing_ = true; };
+  window_.view().onPlaced = [this] { controls_.place(); };
+  window_.view().onKey = [this](int code) {
+    inputs_.byPerson([code](Program& program) { input::keyDown(program, code); });
+  };
+  window_.view().onMouse = [this](int button) {
+    inputs_.byPerson([button](Program& program) { input::mouseDown(program, button); });
+  };
+  window_.open();
+}
+
+void QtDesktop::doEvents(Program& program, Pace pace) {
+  program_ = &program;
+  if (pace == Pace::working && !isDue(program)) return;
+  bringInLine(program);
+  const auto flags = pace == Pace::housekeeping ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
+  bool reached = ask(program, flags);
+  while (pace == Pace::idle && !reached && !closing_) {
+    bringInLine(program);
+    reached = ask(program, QEventLoop::WaitForMoreEvents);
+  }
+  if (closing_) throw ProgramEnd{};
+}
+
+// Run millions of times a second by a busy loop: a few comparisons, and the clock now and then.
+bool QtDesktop::isDue(Program& program) {
+  if (program.menus.revision() != menus_.shown() || program.controls.revision() != controls_.shown())
+    return true;
+  if (program.canvas.isDirty() && showCanvas(program)) return true;
+  return --passesLeft_ <= 0 && clockSaysDue();
+}
+
+bool QtDesktop::showCanvas(Program& program) {
+  return !window_.isMinimized() && window_.view().showChanges(program.canvas);
+}
+
+// Passes differ a thousandfold in length, so the number of them between two looks follows their time.
+bool QtDesktop::clockSaysDue() {
+  const auto now = Clock::now();
+  if (now - lastLooked_ < kLookRarely) passesBetween_ = std::min(kMostPassesBetween, passesBetween_ * 2);
+  if (now - lastLooked_ > kLookOften) passesBetween_ = std::max(1, passesBetween_ / 4);
+  lastLooked_ = now;
+  passesLeft_ = passesBetween_;
+  return now - lastAsked_ >= kBetweenQuestions;
+}
+
+void QtDesktop::bringInLine(Program& program) {
+  menus_.mirror(program.menus);
+  if (inputs_.empty()) controls_.mirror(program.controls);  // not over what is being typed
+  showCanvas(program);
+}
+
+/// Lets Qt run, then hands over what that brought. \returns whether anything reached the program.
+bool QtDesktop::ask(Program& program, QEventLoop::ProcessEventsFlags flags) {
+  QCoreApplication::processEvents(flags);
+  lastAsked_ = Clock::now();
+  controls_.keepFocus(program.controls);
+  const bool resized = reportSize(program);
+  return inputs_.deliver(program, !flags.testFlag(QEventLoop::ExcludeUserInputEvents)) || resized;
+}
+
+/// A window that comes back is told like one that changed its size: while it was away nothing was.
+bool QtDesktop::reportSize(Program& program) {
+  const bool minimised = window_.isMinimized();
+  const Size size = clientSize();
+  const bool changed = size.width != reportedSize_.width || size.height != reportedSize_.height;
+  const bool cameBack = wasMinimised_ && !minimised;
+  wasMinimised_ = minimised;
+  if (minimised || (!changed && !cameBack)) return false;
+  reportedSize_ = size;
+  input::resized(program, size);
+  return true;
+}
+
+WindowState QtDesktop::windowState() {
+  if (window_.isMinimized()) return WindowState::minimised;
+  return window_.isMaximized() ? WindowState::maximised : WindowState::normal;
+}
+
+void QtDesktop::setWindowState(WindowState state) {
+  if (state == windowState()) return;
+  switch (state) {
+    case WindowState::minimised:
+      window_.showMinimized();
+      break;
+    case WindowState::maximised:
+      window_.showMaximized();
+      break;
+    case WindowState::normal:
+      window_.showNormal();
+      break;
+  }
+}
+
+Size QtDesktop::maximise() {
+  if (windowState() == WindowState::maximised) return clientSize();
+  const QSize before = window_.view().size();
+  window_.showMaximized();
+  const auto end = Clock::now() + kMaximiseTime;
+  while (window_.view().size() == before && Clock::now() < end) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QThread::msleep(1);
+  }
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  return clientSize();
+}
+
+void QtDesktop::raise() {
+  window_.raise();
+  window_.activateWindow();
+  window_.view().repaint();
+}
+
+void QtDesktop::messageBox(std::string_view text) {
+  if (program_ != nullptr) bringInLine(*program_);
+  QMessageBox box(QMessageBox::NoIcon, QString(), qString(text), QMessageBox::Ok, &window_);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+Outcome<Bitmap> QtDesktop::loadBitmap(const std::filesystem::path& path) { return readBitmapFile(path); }
+
+Outcome<Done> QtDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
+  return writeBitmapFile(picture, path);
+}
+
+std::uint32_t QtDesktop::clockSeed() {
+  const auto ticks = static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count());
+  return static_cast<std::uint32_t>(ticks ^ ticks >> 32);
+}
+
+void QtDesktop::swatchPressed(ControlId /*swatch*/, Qt::MouseButton /*button*/) {}
+
+}  // namespace gridwright

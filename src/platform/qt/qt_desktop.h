@@ -1,0 +1,70 @@
+// The window that people use. It reads the program's models and shows them; what a person does it
+// hands to the program from inside the pump, and only there.
+#pragma once
+
+#include <QEventLoop>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+
+#include "platform/platform.h"
+#include "platform/qt/control_mirror.h"
+#include "platform/qt/input_queue.h"
+#include "platform/qt/menu_mirror.h"
+#include "platform/qt/printing.h"
+#include "platform/qt/window.h"
+
+namespace gridwright {
+
+class QtDesktop : public Platform {
+ public:
+  /// Opens the window. \param workFolder where a PDF goes when there is no printer.
+  explicit QtDesktop(const std::filesystem::path& workFolder);
+
+  void doEvents(Program& program, Pace pace) override;
+  Size clientSize() override { return window_.view().clientSize(); }
+  WindowState windowState() override;
+  void setWindowState(WindowState state) override;
+  Size maximise() override;
+  void raise() override;
+  void messageBox(std::string_view text) override;
+  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
+  void printForm(const Bitmap& picture) override { printing_.page(picture); }
+  void endOfPages() override { printing_.endOfPages(); }
+  std::uint32_t clockSeed() override;
+
+  /// A press on a colour of a panel. Swatches are inert until colours can be edited.
+  void swatchPressed(ControlId swatch, Qt::MouseButton button);
+
+  [[nodiscard]] Window& window() { return window_; }
+  [[nodiscard]] const MenuMirror& menus() const { return menus_; }
+  [[nodiscard]] const ControlMirror& controls() const { return controls_; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  bool isDue(Program& program);
+  bool showCanvas(Program& program);
+  bool clockSaysDue();
+  void bringInLine(Program& program);
+  bool ask(Program& program, QEventLoop::ProcessEventsFlags flags);
+  bool reportSize(Program& program);
+
+  InputQueue inputs_;
+  Window window_;
+  MenuMirror menus_;
+  ControlMirror controls_;
+  Printing printing_;
+  Program* program_ = nullptr;  // the one in the pump, for what a message box leaves behind it
+  bool closing_ = false;
+
+  Size reportedSize_;
+  bool wasMinimised_ = false;
+
+  Clock::time_point lastAsked_, lastLooked_;
+  int passesLeft_ = 0;  // until the clock is looked at again
+  int passesBetween_ = 1;
+};
+
+}  // namespace gridwright

@@ -1,0 +1,28 @@
+// One colour of a swatch panel: a box of the colour, a plate with its caption, and its tick.
+#pragma once
+
+#include <QAbstractButton>
+#include <QColor>
+#include <functional>
+
+namespace gridwright {
+
+class SwatchButton : public QAbstractButton {
+ public:
+  /// \param i palette index 0 to 15.
+  SwatchButton(int i, QWidget* parent);
+
+  std::function<void(Qt::MouseButton)> onPress;
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void nextCheckState() override {}  // the model ticks, not the click
+
+ private:
+  QColor colour_;
+};
+
+}  // namespace gridwright

@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPixmap>
+#include <QTest>
+#include <vector>
+
+#include "platform/qt/canvas_view.h"
+
+namespace gridwright {
+namespace {
+
+QRgb screenColour(Colour colour) { return qRgb(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
+
+TEST(TheView, ShowsEveryPixelOfTheCanvasExactly) {
+  CanvasView view(nullptr);
+  view.resize(800, 600);
+  Canvas canvas;
+  for (int i = 0; i < 16; ++i)
+    canvas.fill(i * 50, i * 30, i * 50 + 49, 599, kPalette[static_cast<std::size_t>(i)]);
+  EXPECT_TRUE(view.showChanges(canvas));
+  const QImage seen = view.grab().toImage();
+  ASSERT_EQ(seen.size(), QSize(800, 600));
+  int wrong = 0;
+  for (int y = 0; y < 600; ++y) {
+    for (int x = 0; x < 800; ++x) wrong += seen.pixel(x, y) != screenColour(canvas.shownPoint(x, y));
+  }
+  EXPECT_EQ(wrong, 0);
+}
+
+TEST(TheView, HasOnlyWhatChangedOnTheScreenAnew) {
+  CanvasView view(nullptr);
+  view.resize(800, 600);
+  Canvas canvas;
+  canvas.fill(0, 0, 799, 599, kPalette[1]);
+  view.showChanges(canvas);
+  canvas.fill(100, 100, 200, 200, kPalette[1]);
+  EXPECT_FALSE(view.showChanges(canvas)) << "the stroke drew what stood there already";
+  canvas.fill(100, 100, 200, 200, kPalette[2]);
+  EXPECT_TRUE(view.showChanges(canvas));
+  EXPECT_EQ(view.picture().pixel(150, 150), screenColour(kPalette[2]));
+  EXPECT_EQ(view.picture().pixel(201, 200), screenColour(kPalette[1]));
+}
+
+TEST(TheCanvasSize, FollowsTheViewBetween800By600And1000By1000) {
+  CanvasView view(nullptr);
+  const auto sizeAt = [&](int width, int height) {
+    view.resize(width, height);
+    return std::pair(view.clientSize().width, view.clientSize().height);
+  };
+  EXPECT_EQ(sizeAt(300, 200), std::pair(800, 600));
+  EXPECT_EQ(sizeAt(900, 700), std::pair(900, 700));
+  EXPECT_EQ(sizeAt(1900, 1200), std::pair(1000, 1000));
+}
+
+TEST(ALargerView, HasTheCanvasInTheMiddleAndASmallerOneItsTopLeft) {
+  CanvasView view(nullptr);
+  Canvas canvas;  // 800 by 600
+  view.showChanges(canvas);
+  view.resize(1000, 700);
+  EXPECT_EQ(view.placeOf({0, 0, 800, 600}), QRectF(100, 50, 800, 600));
+  view.resize(640, 480);
+  EXPECT_EQ(view.placeOf({0, 0, 800, 600}), QRectF(0, 0, 800, 600));
+  EXPECT_EQ(view.visibleCanvas(), QRect(0, 0, 640, 480));
+}
+
+TEST(KeysAndMouseButtonsOnTheCanvas, AreReportedByTheirCodes) {
+  CanvasView view(nullptr);
+  std::vector<int> keys;
+  std::vector<int> buttons;
+  view.onKey = [&](int code) { keys.push_back(code); };
+  view.onMouse = [&](int button) { buttons.push_back(button); };
+  QTest::keyClick(&view, Qt::Key_J);
+  QTest::keyClick(&view, Qt::Key_Shift);
+  QTest::keyClick(&view, Qt::Key_K, Qt::ControlModifier);
+  QTest::keyClick(&view, Qt::Key_Left);
+  QTest::mouseClick(&view, Qt::LeftButton);
+  QTest::mouseClick(&view, Qt::MiddleButton);
+  QTest::mouseClick(&view, Qt::RightButton);
+  EXPECT_EQ(keys, (std::vector{74, 37}));
+  EXPECT_EQ(buttons, (std::vector{1, 2}));
+}
+
+}  // namespace
+}  // namespace gridwright

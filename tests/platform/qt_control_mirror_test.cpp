@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QListWidget>
+#include <QTest>
+
+#include "platform/qt/canvas_view.h"
+#include "platform/qt/control_mirror.h"
+#include "platform/qt/swatch_button.h"
+
+namespace gridwright {
+namespace {
+
+/// A view with its controls, and what came of presses on swatches.
+struct Desk {
+  QWidget window;
+  CanvasView view{&window};
+  InputQueue inputs;
+  std::vector<std::pair<ControlId, Qt::MouseButton>> presses;
+  ControlMirror mirror{view, inputs,
+                       [this](ControlId id, Qt::MouseButton button) { presses.emplace_back(id, button); }};
+  ControlModel model;
+
+  Desk() {
+    window.resize(800, 600);
+    view.resize(800, 600);
+    window.show();
+  }
+  void show() { mirror.mirror(model); }
+  template <class T>
+  T* as(ControlId id) {
+    return static_cast<T*>(mirror.widget(id));
+  }
+};
+
+TEST(EveryControl, HasAWidgetThatIsShownAndEnabledAsTheModelSays) {
+  Desk desk;
+  for (int round = 0; round < 4; ++round) {
+    for (std::size_t row = 0; row < kControlCount; ++row) {
+      desk.model.setVisible(controlAt(row), (round & 1) != 0);
+      desk.model.setEnabled(controlAt(row), (round & 2) != 0);
+    }
+    desk.show();
+    for (std::size_t row = 0; row < kControlCount; ++row) {
+      const ControlId id = controlAt(row);
+      if (rowOf(id).kind == ControlKind::timer) continue;
+      ASSERT_NE(desk.mirror.widget(id), nullptr) << rowOf(id).name;
+      EXPECT_EQ(desk.mirror.widget(id)->isVisible(), (round & 1) != 0) << rowOf(id).name;
+      EXPECT_EQ(desk.mirror.widget(id)->isEnabled(), (round & 2) != 0) << rowOf(id).name;
+    }
+  }
+}
+
+TEST(APanelThatOpens, HasTheKeyboardWithItsTextSelected) {
+  Desk desk;
+  for (const TextPanel& panel : kTextPanels) {
+    desk.model.show(panel.label);
+    desk.model.show(panel.box);
+    desk.model.setText(panel.box, "10");
+    desk.model.setFocus(panel.box);
+    desk.show();
+    auto* box = desk.as<QLineEdit>(panel.box);
+    EXPECT_EQ(desk.window.focusWidget(), box) << rowOf(panel.box).name;
+    EXPECT_EQ(box->selectedText(), "10") << rowOf(panel.box).name;
+    desk.model.hide(panel.label);
+    desk.model.hide(panel.box);
+    desk.model.setFocus(std::nullopt);
+    desk.show();
+    EXPECT_EQ(desk.window.focusWidget(), &desk.view) << "closed: the Canvas has it again";
+  }
+}
+
+TEST(AClickElsewhere, LeavesTheKeyboardWithTheBox) {
+  Desk desk;
+  for (const ControlId id : {ControlId::Label11, ControlId::Text8, ControlId::File5}) desk.model.show(id);
+  desk.model.setEntries(ControlId::File5, {"a.bmp", "b.bmp"});
+  desk.model.setFocus(ControlId::Text8);
+  desk.show();
+  auto* list = desk.as<QListWidget>(ControlId::File5);
+  QTest::mouseClick(&desk.view, Qt::LeftButton, {}, {5, 5});
+  EXPECT_EQ(desk.window.focusWidget(), desk.mirror.widget(ControlId::Text8));
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
+  EXPECT_EQ(desk.window.focusWidget(), desk.mirror.widget(ControlId::Text8));
+  QTest::keyClick(desk.mirror.widget(ControlId::Text8), Qt::Key_Tab);
+  EXPECT_EQ(desk.window.focusWidget(), desk.mirror.widget(ControlId::Text8));
+  EXPECT_FALSE(desk.inputs.empty()) << "the list's click waits for the pump";
+}
+
+TEST(NoButtonSwatchOrList, EverTakesTheKeyboard) {
+  Desk desk;
+  for (std::size_t row = 0; row < kControlCount; ++row) {
+    const ControlKind kind = kControlRows[row].kind;
+    if (kind == ControlKind::timer || kind == ControlKind::textBox) continue;
+    EXPECT_EQ(desk.mirror.widget(controlAt(row))->focusPolicy(), Qt::NoFocus) << kControlRows[row].name;
+  }
+}
+
+TEST(ASwatch, ReportsBothButtonsAndLeavesItsTickToTheModel) {
+  Desk desk;
+  desk.model.show(ControlId::Check5);
+  desk.model.show(ControlId::Label5);
+  desk.show();
+  auto* swatch = desk.as<QAbstractButton>(ControlId::Check5);
+  QTest::mouseClick(swatch, Qt::LeftButton);
+  QTest::mousePress(swatch, Qt::RightButton);
+  EXPECT_EQ(desk.presses, (std::vector<std::pair<ControlId, Qt::MouseButton>>{
+                              {ControlId::Check5, Qt::LeftButton}, {ControlId::Check5, Qt::RightButton}}));
+  EXPECT_FALSE(swatch->isChecked());
+  desk.model.setValue(ControlId::Check5, 1);
+  desk.show();
+  EXPECT_TRUE(swatch->isChecked());
+}
+
+TEST(ATimer, RunsWhileTheModelRunsItAndHasAnInterval) {
+  Desk desk;
+  desk.show();
+  EXPECT_FALSE(desk.mirror.timer(ControlId::Timer1).isActive());
+  EXPECT_TRUE(desk.mirror.timer(ControlId::Timer2).isActive());
+  EXPECT_EQ(desk.mirror.timer(ControlId::Timer2).interval(), 10000);
+  desk.model.runTimer(ControlId::Timer1, true);
+  desk.model.runTimer(ControlId::Timer2, false);
+  desk.show();
+  EXPECT_TRUE(desk.mirror.timer(ControlId::Timer1).isActive());
+  EXPECT_FALSE(desk.mirror.timer(ControlId::Timer2).isActive());
+  desk.model.setInterval(ControlId::Timer1, 0);
+  desk.show();
+  EXPECT_FALSE(desk.mirror.timer(ControlId::Timer1).isActive()) << "an interval of 0 never fires";
+}
+
+TEST(AButton, IsCalledByItsCaptionAndOpenedByAFirstLetter) {
+  Desk desk;
+  desk.show();
+  EXPECT_EQ(desk.mirror.widget(ControlId::Command3)->accessibleName(), "Click to see examples and credits");
+  EXPECT_EQ(desk.as<QAbstractButton>(ControlId::Command3)->text(), "Click to see &examples and credits");
+}
+
+}  // namespace
+}  // namespace gridwright

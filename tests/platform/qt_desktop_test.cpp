@@ -1,0 +1,126 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "core/input.h"
+#include "core/panels.h"
+
+namespace gridwright {
+namespace {
+
+/// The program in its window, without its main loop: the test is the loop.
+struct Session {
+  QTemporaryDir folder;
+  QtDesktop desktop{folder.path().toStdString()};
+  Program program{desktop, folder.path().toStdString()};
+
+  Session() {
+    program.state.phase = Phase::drawing;
+    pump(Pace::working);
+  }
+  void pump(Pace pace) {
+    program.state.keyBusy = false;
+    desktop.doEvents(program, pace);
+  }
+  QLineEdit* box(ControlId id) { return static_cast<QLineEdit*>(desktop.controls().widget(id)); }
+};
+
+TEST(WhatIsTypedInABox, ReachesTheModelInTheNextPump) {
+  Session session;
+  openPanel(session.program, kWallSizePanel, "10");
+  session.pump(Pace::housekeeping);
+  QTest::keyClicks(session.box(ControlId::Text2), "25");
+  EXPECT_EQ(session.program.controls[ControlId::Text2].text, "10") << "not before the pump";
+  session.pump(Pace::idle);
+  EXPECT_EQ(session.program.controls[ControlId::Text2].text, "25");
+}
+
+TEST(KeysAndCommands, WaitWhileThePumpKeepsHouse) {
+  Session session;
+  openPanel(session.program, kWallSizePanel, "10");
+  session.pump(Pace::housekeeping);
+  QTest::keyClicks(session.box(ControlId::Text2), "25");
+  session.pump(Pace::housekeeping);
+  EXPECT_EQ(session.program.controls[ControlId::Text2].text, "10");
+  EXPECT_EQ(session.box(ControlId::Text2)->text(), "25") << "what was typed stays in the box meanwhile";
+  session.pump(Pace::idle);
+  EXPECT_EQ(session.program.controls[ControlId::Text2].text, "25");
+}
+
+TEST(BothEnterKeysAndEscape, CloseThePanel) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+    Session session;
+    openPanel(session.program, kWallSizePanel, "10");
+    session.pump(Pace::housekeeping);
+    QTest::keyClicks(session.box(ControlId::Text2), "20");
+    QTest::keyClick(session.box(ControlId::Text2), key);
+    session.pump(Pace::idle);
+    EXPECT_FALSE(session.program.state.panelOpen);
+    EXPECT_EQ(session.program.state.wallWidth, key == Qt::Key_Escape ? 10 : 20);
+    session.pump(Pace::housekeeping);
+    EXPECT_FALSE(session.box(ControlId::Text2)->isVisible());
+    EXPECT_EQ(session.desktop.window().focusWidget(), &session.desktop.window().view());
+  }
+}
+
+TEST(TheSecondCommandOfAPump, IsDropped) {
+  Session session;
+  session.pump(Pace::housekeeping);
+  session.desktop.menus().action(Item::cgenerate)->trigger();
+  session.desktop.menus().action(Item::stopfinish)->trigger();
+  session.pump(Pace::idle);
+  EXPECT_EQ(session.program.state.creationMode, CreationMode::computer);
+  EXPECT_FALSE(session.program.state.stopAtFinish);
+}
+
+TEST(ClosingTheWindow, EndsTheProgramFromThePumpAndKeepsTheWindowUntilThen) {
+  Session session;
+  session.desktop.window().close();
+  EXPECT_TRUE(session.desktop.window().isVisible());
+  EXPECT_THROW(session.pump(Pace::idle), ProgramEnd);
+}
+
+TEST(TheCanvas, FollowsTheWindowInDrawingAndNotWhileAMazeIsMade) {
+  Session session;
+  session.desktop.window().resize(950, 800);
+  session.pump(Pace::housekeeping);
+  EXPECT_EQ(session.program.canvas.scaleWidth(), 950);
+  session.program.state.phase = Phase::making;
+  session.desktop.window().resize(850, 800);
+  session.pump(Pace::housekeeping);
+  EXPECT_EQ(session.program.canvas.scaleWidth(), 950);
+}
+
+TEST(AStroke, IsOnTheScreenWhenThePumpComesBack) {
+  Session session;
+  session.program.canvas.fill(10, 10, 20, 20, kPalette[12]);
+  session.pump(Pace::working);
+  EXPECT_EQ(session.desktop.window().view().picture().pixel(15, 15), qRgb(255, 0, 0));
+}
+
+TEST(AMinimisedWindow, SkipsThePaintingAndShowsAllWhenItComesBack) {
+  Session session;
+  session.desktop.setWindowState(WindowState::minimised);
+  ASSERT_EQ(session.desktop.windowState(), WindowState::minimised);
+  session.program.canvas.fill(10, 10, 20, 20, kPalette[12]);
+  session.pump(Pace::housekeeping);
+  EXPECT_NE(session.desktop.window().view().picture().pixel(15, 15), qRgb(255, 0, 0));
+  session.desktop.setWindowState(WindowState::normal);
+  session.pump(Pace::housekeeping);
+  EXPECT_EQ(session.desktop.window().view().picture().pixel(15, 15), qRgb(255, 0, 0));
+}
+
+TEST(TheCaption, IsTheModels) {
+  Session session;
+  session.program.controls.setCaption("Gridwright-(placing start and finish)");
+  session.pump(Pace::working);
+  EXPECT_EQ(session.desktop.window().windowTitle(), "Gridwright-(placing start and finish)");
+}
+
+}  // namespace
+}  // namespace gridwright

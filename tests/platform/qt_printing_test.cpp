@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include <QPrinter>
+#include <QTemporaryDir>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "platform/qt/printing.h"
+
+namespace gridwright {
+namespace {
+
+std::unique_ptr<QPrinter> noPrinter() { return nullptr; }
+
+/// A printer that writes what it prints to a file; without one it refuses.
+Printing::FindPrinter printerTo(const std::filesystem::path& file) {
+  return [file] {
+    auto printer = std::make_unique<QPrinter>();
+    printer->setOutputFormat(QPrinter::PdfFormat);
+    printer->setOutputFileName(QString::fromStdString(file.string()));
+    return printer;
+  };
+}
+
+struct Folder {
+  QTemporaryDir dir;
+  [[nodiscard]] std::filesystem::path path() const { return dir.path().toStdString(); }
+  [[nodiscard]] bool has(const char* name) const { return std::filesystem::exists(path() / name); }
+  [[nodiscard]] int pagesIn(const char* name) const {
+    std::ifstream in(path() / name, std::ios::binary);
+    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    int pages = 0;
+    const std::string mark = "/Type /Page\n";
+    for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + 1)) ++pages;
+    return pages;
+  }
+};
+
+const Bitmap kPage = plainBitmap(80, 60, kPalette[1]);
+
+TEST(PagesWithoutAPrinter, BecomeOnePdfWhenTheRunEnds) {
+  Folder folder;
+  Printing printing(folder.path(), noPrinter);
+  printing.page(kPage);
+  printing.page(kPage);
+  EXPECT_FALSE(folder.has("gridwright-0001.pdf"));
+  printing.endOfPages();
+  EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), 2);
+}
+
+TEST(ASecondRun, TakesTheNextFreeNumberAndOverwritesNothing) {
+  Folder folder;
+  std::ofstream(folder.path() / "gridwright-0001.pdf") << "mine";
+  Printing printing(folder.path(), noPrinter);
+  for (int run = 0; run < 2; ++run) {
+    printing.page(kPage);
+    printing.endOfPages();
+  }
+  EXPECT_EQ(std::filesystem::file_size(folder.path() / "gridwright-0001.pdf"), 4U);
+  EXPECT_EQ(folder.pagesIn("gridwright-0002.pdf"), 1);
+  EXPECT_EQ(folder.pagesIn("gridwright-0003.pdf"), 1);
+}
+
+TEST(AnEndWithoutPages, WritesNothing) {
+  Folder folder;
+  Printing printing(folder.path(), noPrinter);
+  printing.endOfPages();
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST(ADefaultPrinter, GetsTheRunAsOneDocument) {
+  Folder folder;
+  Printing printing(folder.path(), printerTo(folder.path() / "paper.pdf"));
+  for (int page = 0; page < 3; ++page) printing.page(kPage);
+  printing.endOfPages();
+  EXPECT_EQ(folder.pagesIn("paper.pdf"), 3);
+  EXPECT_FALSE(folder.has("gridwright-0001.pdf"));
+}
+
+TEST(APrinterThatRefuses, LosesNoPage) {
+  Folder folder;
+  Printing printing(folder.path(), printerTo(folder.path() / "no such folder" / "paper.pdf"));
+  printing.page(kPage);
+  printing.page(kPage);
+  printing.endOfPages();
+  EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), 2);
+}
+
+}  // namespace
+}  // namespace gridwright
