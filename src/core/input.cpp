@@ -9,6 +9,7 @@
 #include "core/main_loop.h"
 #include "core/menu_commands.h"
 #include "core/panels.h"
+#include "core/slideshow.h"
 #include "core/title.h"
 #include "files/print_job.h"
 
@@ -24,6 +25,20 @@ bool isLive(const Program& program, ControlId id) {
 bool isHeldBack(const ProgramState& s, Item item) {
   return s.editor.preparing && item != Item::quit2 && item != Item::stopallprintings;
 }
+
+struct Button {
+  ControlId id;
+  void (*press)(Program&);
+};
+constexpr std::array kButtons = {
+    Button{ControlId::Command1, command1},
+    Button{ControlId::Command2, command2},
+    Button{ControlId::Command3, command3},
+    Button{ControlId::Command4, command4},
+    Button{ControlId::Command5, command5},
+    Button{ControlId::Command6, command6},
+    Button{ControlId::Command7, [](Program&) { endProgram(); }},
+};
 
 /// The box that a file list fills.
 struct ListOfPanel {
@@ -52,17 +67,15 @@ void menuClick(Program& program, Item item) {
   command(program);
 }
 
-void keyDown(Program& /*program*/, int /*code*/) {}
+void mouseDown(Program& program, int button) { slideMouse(program, button); }
 
-void mouseDown(Program& /*program*/, int /*button*/) {}
-
-void timerTick(Program& /*program*/, ControlId /*timer*/) {}
+void timerTick(Program& program, ControlId timer) { slideTimer(program, timer); }
 
 void buttonClick(Program& program, ControlId button) {
   if (!isLive(program, button)) return;
-  if (button == ControlId::Command1) command1(program);
-  if (button == ControlId::Command2) command2(program);
-  if (button == ControlId::Command7) endProgram();
+  const auto* row =
+      std::find_if(kButtons.begin(), kButtons.end(), [&](const Button& b) { return b.id == button; });
+  if (row != kButtons.end()) row->press(program);
 }
 
 void swatchLeft(Program& program, ControlId swatch) {

@@ -15,9 +15,6 @@ void keyDown(Program& program, int code);
 /// Chooses an item. One that is disabled, hidden or only informs does nothing.
 void menuClick(Program& program, Item item);
 
-/// A key went down on the Canvas.
-void keyDown(Program& program, int code);
-
 /// A mouse button went down on the Canvas: 1 left, 2 right.
 void mouseDown(Program& program, int button);
 

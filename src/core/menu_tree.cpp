@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/menu_tips.h"
+
 namespace gridwright {
 
 std::optional<Item> itemNamed(std::string_view name) {
@@ -24,6 +26,7 @@ MenuModel::MenuModel() {
     checked_[i] = start == ItemStart::checked;
     captions_[i] = kMenuRows[i].caption;
   }
+  for (const MenuTip& tip : kMenuTips) tips_[index(tip.item)] = tip.words;
 }
 
 bool MenuModel::available(Item item) const {

@@ -1,4 +1,6 @@
 // Stages A to C: the process starts, the title waits, a drawing begins.
+#include <utility>
+
 #include "canvas/colour_repairs.h"
 #include "core/defaults.h"
 #include "core/enable_table.h"
@@ -22,6 +24,16 @@ void enableTitles(Program& program, bool on) {
   }
 }
 
+/// The title picture, 800 by 600: the one beside the installed program, else painted here.
+Bitmap titlePicture(Program& program) {
+  if (auto picture = loadContent(program, "title.bmp")) {
+    return std::move(picture.value());
+  }
+  program.canvas.resize({800, 600});
+  paintTitle(program);
+  return program.canvas.image();
+}
+
 }  // namespace
 
 Stage processStartStage(Program& program) {
@@ -30,10 +42,7 @@ Stage processStartStage(Program& program) {
   s.bookMode = 0;
   s.panelOpen = s.paused = false;
   recoverSaves(*program.files);
-  program.canvas.resize(program.platform.clientSize());
-  paintTitle(program);
-  Bitmap titlePicture = program.canvas.image();
-  program.pictures.save("title.bmp", titlePicture);
+  program.pictures.save("title.bmp", titlePicture(program));
   return Stage::title;
 }
 

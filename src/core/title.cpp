@@ -69,6 +69,12 @@ void paintTitle(Program& program) {
   paintName(canvas, 46, 188);
 }
 
+Outcome<Bitmap> loadContent(Program& program, std::string_view name) {
+  const std::filesystem::path folder = program.platform.contentFolder();
+  if (folder.empty()) return Fault{Fault::Kind::notFound, std::string(name)};
+  return program.platform.loadBitmap(folder / std::filesystem::path(name));
+}
+
 void showTitleButtons(Program& program) {
   for (const ControlId id : {ControlId::Command3, ControlId::Command2, ControlId::Command7}) {
     program.controls.show(id);
@@ -91,5 +97,33 @@ void command2(Program& program) {
   program.controls.runTimer(ControlId::Timer1, false);
   program.controls.runTimer(ControlId::Timer2, false);
 }
+
+namespace {
+
+void beginBook(Program& program, MazeKind kind, int difficulty) {
+  ProgramState& s = program.state;
+  program.canvas.setBackColor(qb::gray);
+  s.wallWidth = s.wallHeight = 30;
+  s.mazeKind = kind;
+  s.difficultyLevel = difficulty;
+  s.printTotal = 30;
+  s.printedCount = 0;
+  s.printMode = PrintMode::withAnswers;
+  s.pathSize = 2;
+  s.autoMinimize = true;
+  s.autoMinimizeStyle = 2;
+  program.menus.setChecked(Item::aon, true);
+  program.menus.setChecked(Item::aoff, false);
+  hideTitleButtons(program);
+  program.controls.runTimer(ControlId::Timer1, false);
+  program.controls.runTimer(ControlId::Timer2, false);
+  s.phase = Phase::drawing;
+}
+
+}  // namespace
+
+void command4(Program& program) { beginBook(program, MazeKind::regular, 4); }
+void command5(Program& program) { beginBook(program, MazeKind::regular, 7); }
+void command6(Program& program) { beginBook(program, MazeKind::pipe, 7); }
 
 }  // namespace gridwright

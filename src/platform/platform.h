@@ -46,6 +46,9 @@ class Platform {
 
   virtual WindowState windowState() = 0;
 
+  /// The folder of the pictures that came with the program: title and slides.
+  virtual std::filesystem::path contentFolder() = 0;
+
   /// Where the window lies when it is neither minimised nor maximised, and where it will go back to;
   /// a place that lies on no screen is ignored.
   virtual WindowPlace normalPlace() = 0;

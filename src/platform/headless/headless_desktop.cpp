@@ -70,7 +70,8 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"type", &HeadlessDesktop::type},
 
       {"enter", &HeadlessDesktop::enter},       {"escape", &HeadlessDesktop::escape},
-      {"pick", &HeadlessDesktop::pick},         {"resize", &HeadlessDesktop::resize},
+      {"pick", &HeadlessDesktop::pick},         {"mouse", &HeadlessDesktop::mouse},
+      {"tick", &HeadlessDesktop::tick},         {"resize", &HeadlessDesktop::resize},
       {"minimize", &HeadlessDesktop::minimize}, {"restore", &HeadlessDesktop::restore},
       {"seed", &HeadlessDesktop::seed},         {"pumps", &HeadlessDesktop::pumps},
       {"settle", &HeadlessDesktop::settle},     {"until", &HeadlessDesktop::until},
@@ -186,6 +187,21 @@ HeadlessDesktop::Turn HeadlessDesktop::pick(Program& program, const ScriptLine&)
   return Turn::givePump;
 }
 
+HeadlessDesktop::Turn HeadlessDesktop::mouse(Program& program, const ScriptLine&) {
+  if (word(1) != "left" && word(1) != "right") refuse("no such button: " + word(1));
+  input::mouseDown(program, word(1) == "left" ? 1 : 2);
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::tick(Program& program, const ScriptLine&) {
+  const auto id = controlNamed(word(1));
+  if (!id || rowOf(*id).kind != ControlKind::timer) refuse("no such timer: " + word(1));
+  if (!program.controls[*id].enabled || program.controls[*id].interval <= 0)
+    refuse(word(1) + " does not run");
+  input::timerTick(program, *id);
+  return Turn::givePump;
+}
+
 HeadlessDesktop::Turn HeadlessDesktop::resize(Program& program, const ScriptLine&) {
   const auto size = sizeWord(word(1));
   if (!size) refuse(size.fault().words);
@@ -267,7 +283,10 @@ Outcome<Done> HeadlessDesktop::saveBitmap(const Bitmap& picture, const std::file
 
 void HeadlessDesktop::printForm(const Bitmap& picture) {
   ++pages_;
-  if (options_.pdfFile) document_.push_back(picture);
+  if (options_.pdfFile) {
+    if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(*options_.pdfFile);
+    if (!document_->addPage(picture)) throw ScriptStop{2, "cannot be written: " + options_.pdfFile->string()};
+  }
   if (!options_.pagesFolder) return;
   std::array<char, 32> name{};
   std::snprintf(name.data(), name.size(), "page-%04lld.bmp", static_cast<long long>(pages_));
@@ -277,8 +296,7 @@ void HeadlessDesktop::printForm(const Bitmap& picture) {
 }
 
 Outcome<Done> HeadlessDesktop::writeDocument() {
-  if (!options_.pdfFile || document_.empty()) return Done{};
-  return writePdf(document_, *options_.pdfFile);
+  return document_ == nullptr ? Outcome<Done>(Done{}) : document_->finish();
 }
 
 }  // namespace gridwright

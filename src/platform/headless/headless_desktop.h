@@ -5,6 +5,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@
 
 #include "core/field_names.h"
 #include "platform/headless/script.h"
+#include "platform/images/image_files.h"
 #include "platform/platform.h"
 
 namespace gridwright {
@@ -26,6 +28,7 @@ struct ScriptStop {
 struct HeadlessOptions {
   Size size{800, 600};
   std::optional<std::filesystem::path> pagesFolder;  ///< Each page as page-0001.bmp and so on.
+  std::filesystem::path contentFolder;               ///< Pictures that came with the program.
   std::optional<std::filesystem::path> pdfFile;      ///< All pages in one document.
 };
 
@@ -36,6 +39,7 @@ class HeadlessDesktop : public Platform {
 
   void doEvents(Program& program, Pace pace) override;
   Size clientSize() override { return options_.size; }
+  std::filesystem::path contentFolder() override { return options_.contentFolder; }
   WindowPlace normalPlace() override { return {0, 0, options_.size.width, options_.size.height}; }
   void setNormalPlace(const WindowPlace&) override {}
   WindowState windowState() override { return windowState_; }
@@ -68,6 +72,8 @@ class HeadlessDesktop : public Platform {
   Turn enter(Program& program, const ScriptLine& line);
   Turn escape(Program& program, const ScriptLine& line);
   Turn pick(Program& program, const ScriptLine& line);
+  Turn mouse(Program& program, const ScriptLine& line);
+  Turn tick(Program& program, const ScriptLine& line);
   Turn resize(Program& program, const ScriptLine& line);
   Turn minimize(Program& program, const ScriptLine& line);
   Turn restore(Program& program, const ScriptLine& line);
@@ -112,7 +118,7 @@ class HeadlessDesktop : public Platform {
   const FieldName* awaited_ = nullptr;
   std::int64_t awaitedValue_ = 0;
 
-  std::vector<Bitmap> document_;
+  std::unique_ptr<PdfDocument> document_;
   std::int64_t pages_ = 0;
 };
 

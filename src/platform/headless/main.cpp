@@ -89,6 +89,8 @@ std::unique_ptr<QGuiApplication> applicationWithoutScreen() {
 }
 
 int run(const CommandLine& line, const std::string& source) {
+  std::unique_ptr<QGuiApplication> application;
+  if (line.options.pdfFile) application = applicationWithoutScreen();
   HeadlessDesktop desktop(line.script, source, line.options);
   int status = 0;
   auto program = std::make_unique<Program>(desktop, line.workFolder);
@@ -100,8 +102,6 @@ int run(const CommandLine& line, const std::string& source) {
     std::cerr << stop.message << '\n';
     status = stop.status;
   }
-  std::unique_ptr<QGuiApplication> application;
-  if (line.options.pdfFile) application = applicationWithoutScreen();
   if (!desktop.writeDocument()) return complain("cannot be written: " + line.options.pdfFile->string());
   return status;
 }
@@ -110,6 +110,9 @@ int run(const CommandLine& line, const std::string& source) {
 
 int main(int argc, char** argv) {
   CommandLine line;
+  std::error_code unknown;
+  line.options.contentFolder =
+      contentFolderFor(std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path());
   const std::string complaint = readCommandLine({argv + 1, argv + argc}, line);
   if (!complaint.empty()) return complain(complaint);
   const auto source = readSource(line.script);

@@ -12,6 +12,7 @@
 #include <QString>
 #include <algorithm>
 #include <system_error>
+#include <utility>
 
 #include "canvas/bitmap_check.h"
 #include "canvas/canvas.h"
@@ -88,28 +89,72 @@ void paintPage(QPainter& painter, const Bitmap& picture) {
   painter.drawImage(place, imageOf(picture));
 }
 
-Outcome<Done> writePdf(const std::vector<Bitmap>& pages, const std::filesystem::path& path) {
-  QFile file(nameOf(path));
-  if (!file.open(QIODevice::WriteOnly)) return Fault{Fault::Kind::notWritable, path.string()};
-  {
-    QPdfWriter writer(&file);
-    writer.setCreator("Gridwright");
-    writer.setTitle("Gridwright");
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter);
-    writer.setResolution(600);
-    QPainter painter;
-    for (std::size_t page = 0; page < pages.size(); ++page) {
-      turnPageTo(writer, pages[page]);
-      if (page == 0 ? !painter.begin(&writer) : !writer.newPage()) {
-        return Fault{Fault::Kind::notWritable, path.string()};
-      }
-      paintPage(painter, pages[page]);
-    }
+struct PdfDocument::Writer {
+  explicit Writer(const std::filesystem::path& path) : file(nameOf(path)) {
+    if (!file.open(QIODevice::WriteOnly)) return;
+    pdf = std::make_unique<QPdfWriter>(&file);
+    pdf->setCreator("Gridwright");
+    pdf->setTitle("Gridwright");
+    pdf->setPageSize(QPageSize(QPageSize::A4));
+    pdf->setPageMargins(QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter);
+    pdf->setResolution(600);
   }
-  if (!file.flush() || file.error() != QFileDevice::NoError)
-    return Fault{Fault::Kind::notWritable, path.string()};
+
+  QFile file;
+  std::unique_ptr<QPdfWriter> pdf;
+  QPainter painter;  // ends before the writer and the file do
+};
+
+namespace {
+
+std::filesystem::path buildingName(std::filesystem::path path) { return path += ".building"; }
+
+}  // namespace
+
+PdfDocument::PdfDocument(std::filesystem::path path)
+    : path_(std::move(path)), writer_(std::make_unique<Writer>(buildingName(path_))) {}
+
+PdfDocument::~PdfDocument() {
+  if (writer_ == nullptr) return;
+  writer_.reset();
+  std::error_code ignored;
+  std::filesystem::remove(buildingName(path_), ignored);
+}
+
+Outcome<Done> PdfDocument::addPage(const Bitmap& picture) {
+  const Fault fault{Fault::Kind::notWritable, path_.string()};
+  if (writer_ == nullptr || writer_->pdf == nullptr) return fault;
+  turnPageTo(*writer_->pdf, picture);
+  const bool begun =
+      writer_->painter.isActive() ? writer_->pdf->newPage() : writer_->painter.begin(writer_->pdf.get());
+  if (!begun) return fault;
+  paintPage(writer_->painter, picture);
+  if (writer_->file.error() != QFileDevice::NoError) return fault;
   return Done{};
+}
+
+Outcome<Done> PdfDocument::finish() {
+  const Fault fault{Fault::Kind::notWritable, path_.string()};
+  if (writer_ == nullptr || writer_->pdf == nullptr) return fault;
+  const bool ended = writer_->painter.end();
+  writer_->pdf.reset();
+  const bool written = writer_->file.flush() && writer_->file.error() == QFileDevice::NoError;
+  writer_->file.close();
+  if (!ended || !written) return fault;
+  writer_.reset();
+  std::error_code failed;
+  std::filesystem::rename(buildingName(path_), path_, failed);
+  if (failed) return fault;
+  return Done{};
+}
+
+std::filesystem::path contentFolderFor(const std::filesystem::path& executableFolder) {
+  std::error_code failed;
+  for (const auto& folder :
+       {executableFolder / ".." / "share" / "gridwright", executableFolder / "content"}) {
+    if (std::filesystem::is_directory(folder, failed)) return folder;
+  }
+  return {};
 }
 
 }  // namespace gridwright

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <filesystem>
-#include <vector>
+#include <memory>
 
 #include "canvas/bitmap.h"
 #include "core/outcome.h"
@@ -28,7 +28,27 @@ void turnPageTo(QPagedPaintDevice& device, const Bitmap& picture);
 /// Paints the picture fitted to the printable area, aspect kept, pixel for pixel sharp.
 void paintPage(QPainter& painter, const Bitmap& picture);
 
-/// One document of the pages. \returns a Fault when the file could not be written whole.
-Outcome<Done> writePdf(const std::vector<Bitmap>& pages, const std::filesystem::path& path);
+/// A document that grows page by page on disk, so that a book of any length costs no memory. It gets
+/// its name when it is finished, and leaves nothing behind when it is not.
+class PdfDocument {
+ public:
+  explicit PdfDocument(std::filesystem::path path);
+  ~PdfDocument();
+  PdfDocument(const PdfDocument&) = delete;
+  PdfDocument& operator=(const PdfDocument&) = delete;
+
+  /// \returns a Fault from the first page on that could not be written.
+  Outcome<Done> addPage(const Bitmap& picture);
+  Outcome<Done> finish();
+
+ private:
+  struct Writer;
+  std::filesystem::path path_;
+  std::unique_ptr<Writer> writer_;
+};
+
+/// The pictures that came with the program, for an executable in this folder: in the share folder of
+/// an installed one, beside one that was just built. Empty when there are none.
+std::filesystem::path contentFolderFor(const std::filesystem::path& executableFolder);
 
 }  // namespace gridwright

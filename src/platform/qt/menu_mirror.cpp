@@ -85,6 +85,7 @@ MenuMirror::MenuMirror(QMenuBar& bar, InputQueue& inputs) : inputs_(inputs) {
     const QString text = menuText(item, rowOf(item).caption);
     if (hasChildren(item)) {
       menus[row] = above == nullptr ? bar.addMenu(text) : above->addMenu(text);
+      menus[row]->setToolTipsVisible(true);
       actions_[row] = menus[row]->menuAction();
     } else {
       actions_[row] = above == nullptr ? bar.addAction(text) : above->addAction(text);
@@ -110,6 +111,11 @@ void MenuMirror::mirror(const MenuModel& model) {
     QAction& action = *actions_[row];
     const QString text = menuText(item, model.caption(item));
     if (action.text() != text) action.setText(text);
+    const QString tip = QString::fromStdString(model.tip(item));
+    if (action.statusTip() != tip) {
+      action.setStatusTip(tip);
+      action.setToolTip(tip.isEmpty() ? text : tip);
+    }
     marked_[row] = model.checked(item);
     if (marked_[row]) action.setCheckable(true);
     action.setChecked(marked_[row]);

@@ -40,7 +40,7 @@ std::unique_ptr<QPrinter> defaultPrinter() {
 Printing::Printing(std::filesystem::path folder, FindPrinter find)
     : folder_(std::move(folder)), findPrinter_(std::move(find)) {}
 
-Printing::~Printing() { endOfPages(); }
+Printing::~Printing() { static_cast<void>(endOfPages()); }
 
 void Printing::page(const Bitmap& picture) {
   if (!documentOpen_) {
@@ -50,7 +50,8 @@ void Printing::page(const Bitmap& picture) {
   if (printer_ != nullptr && toPrinter(picture)) return;
   if (painter_.isActive()) painter_.end();
   printer_.reset();  // once it has refused, the rest of the document follows into the PDF
-  refused_.push_back(picture);
+  if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(freeName(folder_));
+  if (!document_->addPage(picture)) documentFailed_ = true;
 }
 
 bool Printing::toPrinter(const Bitmap& picture) {
@@ -60,20 +61,15 @@ bool Printing::toPrinter(const Bitmap& picture) {
   return printer_->printerState() != QPrinter::Error;
 }
 
-void Printing::endOfPages() {
+bool Printing::endOfPages() {
   if (painter_.isActive()) painter_.end();
   printer_.reset();
   documentOpen_ = false;
-  writeRefused();
-}
-
-void Printing::writeRefused() {
-  if (refused_.empty()) return;
-  const std::filesystem::path path = freeName(folder_);
-  if (path.empty() || !writePdf(refused_, path)) {
-    qWarning("gridwright: no page could be printed, and no PDF written in %s", folder_.c_str());
-  }
-  refused_.clear();
+  bool whole = !documentFailed_;
+  if (document_ != nullptr) whole = static_cast<bool>(document_->finish()) && whole;
+  document_.reset();
+  documentFailed_ = false;
+  return whole;
 }
 
 }  // namespace gridwright

@@ -6,16 +6,16 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <vector>
 
 #include "canvas/bitmap.h"
+#include "platform/images/image_files.h"
 
 namespace gridwright {
 
 /// The default printer, or nothing.
 std::unique_ptr<QPrinter> defaultPrinter();
 
-/// A run's pages are one document. What the printer refuses is kept and becomes a PDF in the folder,
+/// A run's pages are one document. What the printer refuses goes into a PDF in the folder,
 /// under the next free name of gridwright-0001.pdf and so on.
 class Printing {
  public:
@@ -26,19 +26,19 @@ class Printing {
 
   void page(const Bitmap& picture);
 
-  /// The document is complete: the printer may begin, or the PDF is written.
-  void endOfPages();
+  /// The document is complete: the printer may begin, or the PDF gets its name.
+  /// \returns false when the PDF could not be written.
+  [[nodiscard]] bool endOfPages();
 
  private:
   bool toPrinter(const Bitmap& picture);
-  void writeRefused();
 
   std::filesystem::path folder_;
   FindPrinter findPrinter_;
   std::unique_ptr<QPrinter> printer_;
-  QPainter painter_;  // paints on the printer, so it goes first
-  std::vector<Bitmap> refused_;
-  bool documentOpen_ = false;
+  QPainter painter_;                       // paints on the printer, so it goes first
+  std::unique_ptr<PdfDocument> document_;  // of what the printer refused
+  bool documentOpen_ = false, documentFailed_ = false;
 };
 
 }  // namespace gridwright

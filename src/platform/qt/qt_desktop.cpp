@@ -1,8 +1,10 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QThread>
 #include <algorithm>
 
@@ -107,6 +109,28 @@ WindowState QtDesktop::windowState() {
   return window_.isMaximized() ? WindowState::maximised : WindowState::normal;
 }
 
+std::filesystem::path QtDesktop::contentFolder() {
+  return contentFolderFor(QCoreApplication::applicationDirPath().toStdString());
+}
+
+WindowPlace QtDesktop::normalPlace() {
+  const QRect place = window_.normalGeometry();
+  return {place.left(), place.top(), place.width(), place.height()};
+}
+
+void QtDesktop::setNormalPlace(const WindowPlace& place) {
+  const QRect wanted(place.left, place.top, place.width, place.height);
+  const auto screens = QGuiApplication::screens();
+  const bool onAScreen = std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
+    return screen->availableGeometry().contains(wanted);
+  });
+  if (!wanted.isEmpty() && onAScreen && windowState() == WindowState::normal) window_.setGeometry(wanted);
+}
+
+void QtDesktop::endOfPages() {
+  if (!printing_.endOfPages()) messageBox("Error: bad file name.");
+}
+
 void QtDesktop::setWindowState(WindowState state) {
   if (state == windowState()) return;
   switch (state) {
@@ -159,6 +183,11 @@ std::uint32_t QtDesktop::clockSeed() {
   return static_cast<std::uint32_t>(ticks ^ ticks >> 32);
 }
 
-void QtDesktop::swatchPressed(ControlId /*swatch*/, Qt::MouseButton /*button*/) {}
+void QtDesktop::swatchPressed(ControlId swatch, Qt::MouseButton button) {
+  if (button == Qt::LeftButton)
+    inputs_.byPerson([swatch](Program& program) { input::swatchLeft(program, swatch); });
+  if (button == Qt::RightButton)
+    inputs_.byPerson([swatch](Program& program) { input::swatchRight(program, swatch); });
+}
 
 }  // namespace gridwright

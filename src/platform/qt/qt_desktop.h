@@ -24,6 +24,9 @@ class QtDesktop : public Platform {
   void doEvents(Program& program, Pace pace) override;
   Size clientSize() override { return window_.view().clientSize(); }
   WindowState windowState() override;
+  std::filesystem::path contentFolder() override;
+  WindowPlace normalPlace() override;
+  void setNormalPlace(const WindowPlace& place) override;
   void setWindowState(WindowState state) override;
   Size maximise() override;
   void raise() override;
@@ -31,10 +34,10 @@ class QtDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
   void printForm(const Bitmap& picture) override { printing_.page(picture); }
-  void endOfPages() override { printing_.endOfPages(); }
+  void endOfPages() override;
   std::uint32_t clockSeed() override;
 
-  /// A press on a colour of a panel. Swatches are inert until colours can be edited.
+  /// A press on a colour of a panel.
   void swatchPressed(ControlId swatch, Qt::MouseButton button);
 
   [[nodiscard]] Window& window() { return window_; }
