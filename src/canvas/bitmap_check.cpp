@@ -103,6 +103,7 @@ bool runsAreWhole(std::string_view bytes, const Header& h) {
     } else {  // a run of single pixels, padded to words
       const std::size_t length = h.bits == 8 ? value : (value + 1U) / 2;
       at += length + (length & 1U);
+      if (at > bytes.size()) return false;
       x += value;
     }
     if (x > h.width || y > h.height) return false;
