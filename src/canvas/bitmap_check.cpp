@@ -1,7 +1,6 @@
 #include "canvas/bitmap_check.h"
 
 #include <cstdint>
-#include <limits>
 
 namespace gridwright {
 
@@ -119,9 +118,7 @@ Outcome<Size> checkBitmapFile(std::string_view bytes) {
   const auto read = readHeader(file);
   if (!read) return read.fault();
   const Header& h = read.value();
-  constexpr std::int64_t kMostSide = std::numeric_limits<std::int16_t>::max();
-  if (h.width <= 0 || h.height <= 0 || h.width > kMostSide * 4 || h.height > kMostSide * 4)
-    return broken("sizes");
+  if (h.width <= 0 || h.height <= 0) return broken("sizes");
   if (static_cast<std::uint64_t>(h.width) * static_cast<std::uint64_t>(h.height) > kMostPixels) {
     return broken("too many pixels");
   }
