@@ -120,6 +120,7 @@ void repairSetsBeforeMaze(Program& program) {
 void repairEndColours(Program& program) {
   ProgramState& s = program.state;
   const ColourSets& sets = program.colours;
+  s.keptMazeColor = s.mazeColor;
   if (sets.isMaze(s.startColor) || sets.isBackground(s.startColor)) {
     s.startColor = firstGoodBorder(sets);
     s.savedStartColor = sets.border()[0];

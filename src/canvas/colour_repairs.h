@@ -21,7 +21,8 @@ void captionSwatches(Program& program);
 /// its place, and `mazeColor` follows it.
 void repairSetsBeforeMaze(Program& program);
 
-/// `startColor` and `finishColor` become border colours that are neither maze nor background.
+/// Keeps `mazeColor` as the colour to come back to; `startColor` and `finishColor` become border colours
+/// that are neither maze nor background.
 void repairEndColours(Program& program);
 
 /// One step off the palette, so that an end square is told from any picture colour by exact value.

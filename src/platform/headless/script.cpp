@@ -48,7 +48,7 @@ std::vector<ScriptLine> readScript(std::string_view source) {
 
 Outcome<std::int64_t> wholeNumber(std::string_view word) {
   std::string_view digits = word;
-  if (!digits.empty() && digits[0] == '+') digits.remove_prefix(1);
+  if (digits.size() > 1 && digits[0] == '+' && digits[1] != '-') digits.remove_prefix(1);
   std::int64_t value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
   if (error != std::errc{} || end != digits.data() + digits.size()) {

@@ -14,7 +14,7 @@
 #include <system_error>
 #include <utility>
 
-#include "canvas/bitmap_check.h"
+#include "canvas/bitmap_decode.h"
 #include "canvas/canvas.h"
 
 namespace gridwright {
@@ -25,21 +25,6 @@ constexpr qint64 kLargestFile = 512LL * 1024 * 1024;  // 100 million pixels of 3
 
 QString nameOf(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
 
-Colour colourOf(QRgb pixel) { return qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16; }
-
-Bitmap bitmapOf(const QImage& image) {
-  const int width = std::min(image.width(), Canvas::kSide);
-  const int height = std::min(image.height(), Canvas::kSide);
-  const QImage plain = image.copy(0, 0, width, height).convertToFormat(QImage::Format_RGB32);
-  Bitmap picture = plainBitmap(width, height, 0);
-  auto out = picture.pixels.begin();
-  for (int y = 0; y < height; ++y) {
-    const auto* row = reinterpret_cast<const QRgb*>(plain.constScanLine(y));
-    for (int x = 0; x < width; ++x) *out++ = colourOf(row[x]);
-  }
-  return picture;
-}
-
 }  // namespace
 
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
@@ -49,11 +34,7 @@ Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
   if (!file.open(QIODevice::ReadOnly)) return Fault{Fault::Kind::notReadable, path.string()};
   if (file.size() > kLargestFile) return Fault{Fault::Kind::malformed, "too large"};
   const QByteArray bytes = file.readAll();
-  const auto size = checkBitmapFile({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  if (!size) return size.fault();
-  const QImage image = QImage::fromData(bytes, "BMP");
-  if (image.isNull()) return Fault{Fault::Kind::malformed, "not decoded"};
-  return bitmapOf(image);
+  return decodeBitmapFile({bytes.constData(), static_cast<std::size_t>(bytes.size())}, Canvas::kSide);
 }
 
 QImage imageOf(const Bitmap& picture) {

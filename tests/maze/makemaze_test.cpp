@@ -1,0 +1,325 @@
+#include "maze/makemaze.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "maze/maze_commands.h"
+#include "maze/stranded.h"
+#include "support/world.h"
+
+namespace gridwright::test {
+namespace {
+
+/// A session in which the computer makes a maze in the drawing, up to the first pump of the walker.
+void beginMaze(World& w, const Text& cells, std::uint32_t seed = 1) {
+  w.desktop.seed = seed;
+  w.begin(drawing(cells));
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+}
+
+/// Looks at the program in every pump until the phase comes.
+void watch(World& w, Phase phase, std::function<void(const Program&)> look) {
+  w.desktop.until([phase, look = std::move(look)](const Program& p) {
+    if (p.state.phase == phase) return true;
+    look(p);
+    return false;
+  });
+}
+
+const Text kRoom = {"......", "......", "......", "......"};
+
+TEST(AMaze, BeginsWalkingBackOnTheStartWithStopSeen) {
+  World w;
+  beginMaze(w, kRoom);
+  w.desktop.look([](Program& p) {
+    EXPECT_EQ(p.state.walkMode, WalkMode::back);
+    EXPECT_EQ(p.state.walker.walkStart, p.state.start);
+    EXPECT_EQ(p.state.cur, p.state.start);
+    EXPECT_EQ(p.state.start, squareOf(1, 1));
+    EXPECT_TRUE(p.state.mazeMadeOnce);
+    EXPECT_EQ(p.state.walker.coveredColor, -20);
+    EXPECT_EQ(p.controls.caption(), "Gridwright-(creating 2d-maze)");
+  });
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(TheWalker, NeverReversesOnItselfWhileItCarves) {
+  World w;
+  beginMaze(w, kRoom);
+  int lastX = 0;
+  int lastY = 0;
+  Square last{};
+  bool carved = false;
+  int steps = 0;
+  watch(w, Phase::placing, [&](const Program& p) {
+    const ProgramState& s = p.state;
+    if (s.cur == last) return;
+    const int dx = s.cur.left - last.left;
+    const int dy = s.cur.top - last.top;
+    const bool carving = s.walkMode == WalkMode::carve;
+    if (carved && carving && (dx != 0 || dy != 0)) {
+      EXPECT_FALSE(dx == -lastX && dy == -lastY) << "at " << s.cur.left << ", " << s.cur.top;
+      ++steps;
+    }
+    lastX = dx;
+    lastY = dy;
+    last = s.cur;
+    carved = carving;
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_GT(steps, 5);
+}
+
+TEST(AWalkBack, MayGoBackAndForth) {
+  World w;
+  beginMaze(w, {".........", ".........", "........."});
+  Square last{};
+  Square before{};
+  bool backAndForth = false;
+  watch(w, Phase::placing, [&](const Program& p) {
+    const ProgramState& s = p.state;
+    if (s.cur == last) return;
+    if (s.walkMode == WalkMode::back && s.cur == before && !s.cur.sameCorner(s.start)) backAndForth = true;
+    before = last;
+    last = s.cur;
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_TRUE(backAndForth);
+}
+
+TEST(AWalkBack, RunsOnRandomStepsOfItsOwnWhateverThePatternSettings) {
+  World w;
+  beginMaze(w, kRoom);
+  int backs = 0;
+  watch(w, Phase::placing, [&](const Program& p) {
+    if (p.state.walkMode == WalkMode::back && p.state.walker.lastWalkMode == WalkMode::back) {
+      EXPECT_EQ(p.state.patternState, PatternState::random);
+      EXPECT_TRUE(p.state.randomStepsTemporary);
+      ++backs;
+    }
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_GT(backs, 0);
+}
+
+TEST(WithoutPatterns, TheWholeMazeIsMadeOfRandomSingleStepsAndStaysSo) {
+  World w;
+  w.desktop.seed = 3;
+  w.begin(drawing(kRoom));
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::dontusepattern);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  watch(w, Phase::placing, [&](const Program& p) {
+    EXPECT_EQ(p.state.patternState, PatternState::random);
+    EXPECT_FALSE(p.state.randomStepsTemporary);
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.state.patternState, PatternState::random);
+}
+
+TEST(APattern, IsWalkedStepByStep) {
+  World w;
+  w.begin(drawing({"..........", "..........", ".........."}));
+  w.desktop.act([](Program& p) {
+    for (int direction = 1; direction <= 4; ++direction) {
+      p.steps.write(MazeKind::regular, direction, {step::right, step::right, step::down, step::left});
+    }
+    cgenerate(p);
+    p.state.keyBusy = false;
+  });
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  std::vector<int> taken;
+  watch(w, Phase::placing, [&](const Program& p) {
+    if (p.state.patternState == PatternState::reading && p.state.walkMode == WalkMode::carve) {
+      taken.push_back(p.state.walker.patternValue);
+    }
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(std::set<int>(taken.begin(), taken.end()).count(step::up), 0U) << "no pattern holds a step up";
+  EXPECT_GT(std::count(taken.begin(), taken.end(), step::right), 0);
+}
+
+TEST(AnEmptyPattern, StillLetsTheMazeBeMadeByWalkingBack) {
+  World w;
+  w.begin(drawing({"....", "....", "...."}));
+  w.desktop.act([](Program& p) {
+    for (int direction = 1; direction <= 4; ++direction) p.steps.write(MazeKind::regular, direction, {});
+  });
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  w.desktop.pumpsPass(100'000);
+  EXPECT_EQ(w.run(), "") << "it goes on pump by pump and never hangs within one";
+}
+
+TEST(APatternOfOnlyTheWalkBackCode, NeverHangsWithinAPump) {
+  World w;
+  w.begin(drawing({"....", "....", "...."}));
+  w.desktop.act([](Program& p) {
+    for (int direction = 1; direction <= 4; ++direction)
+      p.steps.write(MazeKind::regular, direction, {5, 5, 5});
+  });
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::placing);
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(APatternHoldingTheWalkBackCode, SteersTheWalkerOverCarvedGroundWithoutClosingTheFile) {
+  World w;
+  w.begin(drawing({"......", "......", "......"}));
+  w.desktop.act([](Program& p) {
+    for (int direction = 1; direction <= 4; ++direction) {
+      p.steps.write(MazeKind::regular, direction, {2, 2, 5, 1, 1, 4, 4, 2, 1, 3, 3});
+    }
+  });
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  int steered = 0;
+  Square last{};
+  bool wasSteered = false;
+  watch(w, Phase::placing, [&](const Program& p) {
+    const ProgramState& s = p.state;
+    const bool steers = s.walkMode == WalkMode::back && s.patternState == PatternState::reading;
+    steered += steers && wasSteered && s.cur != last;
+    last = s.cur;
+    wasSteered = steers;
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_GT(steered, 0);
+}
+
+TEST(TheFinish, SendsTheWalkerBackToTheOriginAndEndsNothingWhenAllIsToBeFilled) {
+  World w;
+  beginMaze(w, {"....", "....", "...."});
+  int reached = 0;
+  bool wasFree = true;
+  watch(w, Phase::placing, [&](const Program& p) {
+    const ProgramState& s = p.state;
+    const bool isCarved = p.pixels().maze(s.finish.left, s.finish.top);
+    if (wasFree && isCarved) ++reached;
+    wasFree = !isCarved;
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(reached, 1);
+  for (int row = 1; row <= 3; ++row) {
+    for (int column = 1; column <= 4; ++column) {
+      EXPECT_EQ(w.desktop.file("drawing3.bmp")->at(column * 10 + 1, row * 10 + 1), kWhite);
+    }
+  }
+}
+
+TEST(MakingOnlyUntilBothEndsAreReached, LeavesTheRestOfTheDrawingFree) {
+  int unfinished = 0;
+  for (std::uint32_t seed = 1; seed <= 6; ++seed) {
+    World w;
+    w.desktop.seed = seed;
+    w.begin(drawing(Text(12, std::string(16, '.'))));
+    w.desktop.menu(Item::cgenerate);
+    w.desktop.menu(Item::stopfinish);
+    w.desktop.menu(Item::newmaze);
+    w.desktop.untilPhase(Phase::placing);
+    w.desktop.look([&](Program& p) {
+      const Bitmap maze = *w.desktop.file("drawing3.bmp");
+      EXPECT_EQ(maze.at(p.state.start.left, p.state.start.top), kWhite);
+      EXPECT_EQ(maze.at(p.state.finish.left, p.state.finish.top), kWhite);
+      unfinished += std::count(maze.pixels.begin(), maze.pixels.end(), kNavy) > 16 * 12 * 50;
+    });
+    EXPECT_EQ(w.run(), "") << seed;
+  }
+  EXPECT_GT(unfinished, 0);
+}
+
+TEST(APausedWalker, StandsStillInShortPasses) {
+  World w;
+  beginMaze(w, kRoom);
+  w.desktop.pumpsPass(20);
+  w.desktop.menu(Item::changewallsize);
+  Square stood{};
+  w.desktop.look([&](Program& p) { stood = p.state.cur; });
+  w.desktop.pumpsPass(500);
+  w.desktop.look([&](Program& p) {
+    EXPECT_EQ(p.state.cur, stood);
+    EXPECT_EQ(p.state.stepCode, step::none);
+    EXPECT_EQ(p.state.phase, Phase::making);
+  });
+  w.desktop.act([](Program& p) { EXPECT_EQ(p.platform.windowState(), WindowState::maximised); });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.desktop.lastPace, Pace::idle) << "a paused program costs nothing";
+}
+
+TEST(ACanvasTooDenseForAWalker, NeverStopsThePump) {
+  World w;
+  beginMaze(w, {".#.#", "#.#.", ".#.#"});
+  w.desktop.untilPhase(Phase::placing);
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(TheWindow, IsMinimisedOnceWhileTheComputerWorksUnseen) {
+  World w;
+  w.begin(drawing(kRoom));
+  w.desktop.menu(Item::aon);
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  w.desktop.look([](Program& p) { EXPECT_TRUE(p.state.minimizedNow); });
+  w.desktop.untilPhase(Phase::placing);
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(std::count(w.desktop.states.begin(), w.desktop.states.end(), WindowState::minimised), 1);
+  EXPECT_EQ(w.desktop.states.back(), WindowState::maximised) << "the window comes back for the placing";
+}
+
+TEST(MazeMadeOnce, IsRestoredWhenTheMazeIsLeftButNotOnAQuit) {
+  for (const bool before : {false, true}) {
+    World w;
+    beginMaze(w, kRoom);
+    w.desktop.untilPhase(Phase::placing);
+    w.desktop.act([before](Program& p) {
+      p.state.mazeMadeOnce = before;
+      newmaze(p);
+    });
+    w.desktop.untilPhase(Phase::making);
+    w.desktop.look([](Program& p) { EXPECT_TRUE(p.state.mazeMadeOnce); });
+    w.desktop.untilPhase(Phase::placing);
+    w.desktop.look([before](Program& p) { EXPECT_EQ(p.state.mazeMadeOnce, before); });
+    EXPECT_EQ(w.run(), "");
+  }
+}
+
+TEST(AUsersMaze, WaitsWithoutCostAndShowsTheCursor) {
+  World w;
+  w.begin(drawing(kRoom));
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  w.desktop.pumpsPass(50);
+  w.desktop.look([](Program& p) {
+    EXPECT_EQ(p.canvas.point(p.state.cur.left, p.state.cur.top), kCursorColour);
+    EXPECT_EQ(p.state.cur, p.state.start);
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.desktop.lastPace, Pace::idle);
+}
+
+TEST(HandingOverToTheComputer, WipesTheCursorAndMakesTheMaze) {
+  World w;
+  w.begin(drawing(kRoom));
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  w.desktop.pumpsPass(10);
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.untilPhase(Phase::placing);
+  w.desktop.look([](Program& p) {
+    const Bitmap maze = p.canvas.image();
+    EXPECT_EQ(std::count(maze.pixels.begin(), maze.pixels.end(), kCursorColour), 0);
+  });
+  EXPECT_EQ(w.run(), "");
+}
+
+}  // namespace
+}  // namespace gridwright::test

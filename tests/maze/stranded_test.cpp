@@ -1,0 +1,118 @@
+#include "maze/stranded.h"
+
+#include <gtest/gtest.h>
+
+#include "maze/finishmaking.h"
+#include "support/world.h"
+
+namespace gridwright::test {
+namespace {
+
+/// The next full pass of a maze in which nothing was carved for as long as it takes.
+struct Stranded {
+  explicit Stranded(const Text& cells, Square finish = squareOf(1, 1)) : w(drawing(cells)) {
+    w.state.creationMode = CreationMode::computer;
+    w.state.finish = finish;
+    w.state.cur = w.state.prev = squareOf(1, 1);
+    w.state.walkMode = WalkMode::back;
+    w.state.mazeColor = kWhite;
+    const auto columns = static_cast<std::int64_t>(cells[0].size());
+    w.state.walker.passesSinceCarved = 100 * columns * static_cast<std::int64_t>(cells.size()) - 1;
+    w.state.scanX = w.state.scanY = 77;
+  }
+  World w;
+};
+
+TEST(AStrandedWalker, IsPutOnCarvedGroundBesideTheFirstFreeCell) {
+  Stranded s({"**##*", "####.", "####."});
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(5, 1));
+  EXPECT_EQ(s.w.state.prev, s.w.state.cur) << "so no join is painted";
+  EXPECT_EQ(s.w.state.walkMode, WalkMode::back);
+  EXPECT_EQ(s.w.state.walker.passesSinceCarved, 0);
+}
+
+TEST(TheCarvedNeighbour, IsLookedForLeftRightUpDown) {
+  Stranded all({"#*#", "*.*", "#*#"}, {});
+  rescueIfStranded(all.w.program);
+  EXPECT_EQ(all.w.state.cur, squareOf(1, 2));
+  Stranded noLeft({"#*#", "#.*", "#*#"}, {});
+  rescueIfStranded(noLeft.w.program);
+  EXPECT_EQ(noLeft.w.state.cur, squareOf(3, 2));
+  Stranded vertical({"#*#", "#.#", "#*#"}, {});
+  rescueIfStranded(vertical.w.program);
+  EXPECT_EQ(vertical.w.state.cur, squareOf(2, 1));
+}
+
+TEST(TheFinish, IsNoCarvedNeighbourAsLongAsThereIsAnother) {
+  Stranded s({"####", "*.#.", "###*"}, squareOf(1, 2));
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(4, 3));
+}
+
+TEST(OnlyTheFinishBesideTheFreeGround, IsLeftForItThisOnce) {
+  Stranded s({"####", "#*.#", "####"}, squareOf(2, 2));
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.prev, squareOf(2, 2));
+  EXPECT_EQ(s.w.state.cur, squareOf(3, 2));
+  EXPECT_EQ(s.w.state.deltaX, 10) << "one wall size towards the cell";
+  EXPECT_EQ(s.w.state.deltaY, 0);
+  EXPECT_EQ(s.w.state.walkMode, WalkMode::carve) << "entry painting joins the two";
+  EXPECT_EQ(s.w.state.scanX, 1) << "the fill cursor is reset";
+}
+
+TEST(FreeGroundBesideNothingCarved, BeginsATreeOfItsOwnWithoutAJoin) {
+  Stranded s({"*###", "####", "##..", "##.."});
+  s.w.state.patternState = PatternState::random;
+  s.w.state.randomStepsTemporary = true;
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(3, 3));
+  EXPECT_EQ(s.w.state.prev, s.w.state.cur);
+  EXPECT_EQ(s.w.state.walkMode, WalkMode::carve);
+  EXPECT_EQ(s.w.state.patternState, PatternState::choose) << "temporary random steps are released";
+  EXPECT_TRUE(s.w.program.pixels().allCarved(31, 31, 38, 38)) << "the square is boxed";
+  EXPECT_EQ(s.w.state.scanX, 1);
+}
+
+TEST(ANewTree, BeginsOnTheFinishOnlyWhenThereIsNoOtherFreeCell) {
+  Stranded two({"*###", "###.", "##.#"}, squareOf(4, 2));
+  rescueIfStranded(two.w.program);
+  EXPECT_EQ(two.w.state.cur, squareOf(3, 3));
+  Stranded one({"*###", "###.", "####"}, squareOf(4, 2));
+  rescueIfStranded(one.w.program);
+  EXPECT_EQ(one.w.state.cur, squareOf(4, 2));
+}
+
+TEST(ANewTree, TakesTheMazeColourOfItsOwnGround) {
+  Stranded s({"*###", "####", "##,,"});
+  s.w.program.colours.setMaze(2, kRed);
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.mazeColor, kRed);
+  EXPECT_EQ(s.w.canvas.point(31, 31), kRed);
+}
+
+TEST(WithoutAnyFreeCell, NothingHappensButTheCountStartsAnew) {
+  Stranded s({"**##", "####", "####"});
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(1, 1));
+  EXPECT_EQ(s.w.state.walker.passesSinceCarved, 0);
+}
+
+TEST(OnePassTooFew, ChangesNothing) {
+  Stranded s({"**##*", "####.", "####."});
+  --s.w.state.walker.passesSinceCarved;
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(1, 1));
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(5, 1));
+}
+
+TEST(AUsersMaze, IsLeftAsItIs) {
+  Stranded s({"**##*", "####.", "####."});
+  s.w.state.creationMode = CreationMode::user;
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(1, 1));
+}
+
+}  // namespace
+}  // namespace gridwright::test

@@ -1,0 +1,248 @@
+#include "platform/headless/headless_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include "core/main_loop.h"
+#include "platform/images/image_files.h"
+#include "support/pictures.h"
+#include "support/work_folders.h"
+
+namespace gridwright::test {
+namespace {
+
+/// A run of a script: exit status, and what it said on standard error.
+struct Ended {
+  int status = 0;
+  std::string words;
+};
+
+struct Twin {
+  Twin() {
+    options.size = {120, 100};
+    put("room.bmp", drawing({".........", ".........", ".........", "........."}));
+  }
+  void put(const std::string& name, const Bitmap& picture) const {
+    ASSERT_TRUE(writeBitmapFile(picture, temp.path() / name));
+  }
+  Ended run(const std::string& script) {
+    HeadlessDesktop desktop("s.txt", script, options);
+    const auto program = std::make_unique<Program>(desktop, temp.path());
+    try {
+      runProgram(*program);
+    } catch (const ProgramEnd&) {
+      written = desktop.writeDocument() ? 1 : 0;
+      return {0, {}};
+    } catch (const ScriptStop& stop) {
+      return {stop.status, stop.message};
+    }
+  }
+  HeadlessOptions options;
+  TempFolder temp;
+  int written = -1;
+};
+
+const std::string kDrawing = "click Command2\nmenu importdrawing\ntype Text8 \"room\"\nenter Text8\n";
+const std::string kMaze = "seed 5\n" + kDrawing + "menu cgenerate\nmenu newmaze\nuntil phase 2\n";
+
+TEST(TheEndOfAScript, ClosesTheWindowAndGivesZero) {
+  Twin t;
+  EXPECT_EQ(t.run("").status, 0);
+  EXPECT_EQ(t.run("expect phase -5\n").status, 0);
+  EXPECT_EQ(t.run("close\nexpect phase 99\n").status, 0) << "nothing runs after the close";
+}
+
+TEST(AWholeSession, GoesFromThePictureToTheAnswer) {
+  Twin t;
+  const Ended run = t.run(kMaze +
+                          "expect caption \"Gridwright-(placing start and finish)\"\n"
+                          "expect menu solvemaze enabled\nexpect menu mpdrawing disabled\n"
+                          "menu solvemaze\nuntil phase 4\nexpect mazeStage 3\nmenu printfff\nexpect pages 1\n"
+                          "expect file drawing2.bmp\nexpect file DRAWING3.BMP\n");
+  EXPECT_EQ(run.words, "");
+  EXPECT_EQ(run.status, 0);
+}
+
+TEST(AFailedExpectation, StopsWithOneAndTheLine) {
+  Twin t;
+  for (const char* line :
+       {"expect phase 0", "expect caption \"other\"", "expect menu newmaze enabled",
+        "expect menu help checked", "expect control Command2 hidden", "expect control Check9 checked",
+        "expect text Command2 \"other\"", "expect text newmaze \"New maze\"", "expect message \"words\"",
+        "expect pixel 0 0 1", "expect pages 1", "expect file nothing.bmp"}) {
+    const Ended run = t.run("pumps 1\n\n" + std::string(line) + "\n");
+    EXPECT_EQ(run.status, 1) << line;
+    EXPECT_EQ(run.words.rfind("s.txt:3: ", 0), 0U) << run.words;
+  }
+}
+
+TEST(AnExpectationThatHolds, GoesOn) {
+  Twin t;
+  EXPECT_EQ(
+      t.run("expect caption \"Gridwright-by Orrin Vale\"\nexpect menu newmaze visible\n"
+            "expect menu usepattern checked\nexpect menu dontusepattern unchecked\n"
+            "expect control Command2 visible\nexpect control Command2 enabled\nexpect control Text2 hidden\n"
+            "expect control Command2 unchecked\nexpect control Check9 unchecked\n"
+            "expect text Command2 \"Click to Begin\"\nexpect text newmaze \"New maze \"\n"
+            "expect text maxrnd \"Random patterns are allways size \"5\"\"\nexpect message \"\"\n"
+            "expect pixel 0 0 65535\nexpect pixel -1 0 -1\nexpect pages 0\nexpect file title.bmp\n")
+          .words,
+      "");
+}
+
+TEST(AnInputThatAPersonCouldNotGive, StopsWithTwoAndTheLine) {
+  Twin t;
+  for (const char* line : {"click Command1",
+                           "click NoSuchThing",
+                           "click Text2",
+                           "menu newmaze",
+                           "menu maze",
+                           "menu nosuchitem",
+                           "type Text2 \"12\"",
+                           "enter Text2",
+                           "escape Text8",
+                           "pick File5 \"room.bmp\"",
+                           "frobnicate",
+                           "click",
+                           "menu",
+                           "resize 10x10",
+                           "resize",
+                           "seed -1",
+                           "seed 4294967296",
+                           "seed x",
+                           "until nosuchfield 1",
+                           "expect nosuchfield 1",
+                           "expect phase",
+                           "expect phase x",
+                           "expect caption",
+                           "show nosuchfield",
+                           "expect menu newmaze big",
+                           "expect text nosuchitem \"a\"",
+                           "pumps many",
+                           "snapshot none/x.bmp",
+                           "expect control NoSuch visible"}) {
+    const Ended run = t.run("pumps 1\n" + std::string(line) + "\n");
+    EXPECT_EQ(run.status, 2) << line << ": " << run.words;
+    EXPECT_EQ(run.words.rfind("s.txt:2: ", 0), 0U) << line << ": " << run.words;
+  }
+}
+
+TEST(AMenuItemThatInformsOnly, MayBeChosenAndDoesNothingOrIsRefused) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing + "menu fddf\n").status, 2) << "it opens a submenu and is hidden";
+}
+
+TEST(Until, GivesUpAtOnceWhenNothingCanChangeAnyMore) {
+  Twin t;
+  const Ended run = t.run("until phase 3\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.words.rfind("s.txt:1: until phase 3", 0), 0U) << run.words;
+}
+
+TEST(Until, GivesUpAfterItsPumps) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing + "menu cgenerate\nmenu newmaze\nuntil phase 2 10\n").status, 1);
+  EXPECT_EQ(t.run(kDrawing + "menu cgenerate\nmenu newmaze\nuntil phase 2 1000000\n").words, "");
+}
+
+TEST(Until, GoesOnAtOnceWhenTheValueStandsAlready) {
+  Twin t;
+  EXPECT_EQ(t.run("until phase -5 1\nuntil phase -5 0\nexpect phase -5\n").words, "");
+}
+
+TEST(Pumps, PassWithoutInput) {
+  Twin t;
+  EXPECT_EQ(
+      t.run(kDrawing + "menu cgenerate\nmenu newmaze\npumps 200\nexpect walkStartLeft 11\nuntil phase 2\n")
+          .words,
+      "");
+}
+
+TEST(Settling, WaitsUntilTheProgramIsIdle) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing + "menu cgenerate\nmenu newmaze\nsettle\nexpect phase 2\n").words, "");
+}
+
+TEST(TheSeed, GivesTheSameMazeAgain) {
+  Twin t;
+  EXPECT_EQ(t.run(kMaze + "image one.bmp\n").words, "");
+  EXPECT_EQ(t.run(kMaze + "image two.bmp\n").words, "");
+  EXPECT_EQ(t.run("seed 6\n" + kMaze.substr(7) + "image three.bmp\n").words, "");
+  EXPECT_EQ(t.temp.get("one.bmp"), t.temp.get("two.bmp"));
+  EXPECT_NE(t.temp.get("one.bmp"), t.temp.get("three.bmp"));
+}
+
+TEST(TheSeed, InMidSessionRestartsRndFromThere) {
+  Twin t;
+  const std::string late = kDrawing + "seed 5\nmenu cgenerate\nmenu newmaze\nuntil phase 2\nimage late.bmp\n";
+  EXPECT_EQ(t.run(kMaze + "image one.bmp\n").words, "");
+  EXPECT_EQ(t.run(late).words, "");
+  EXPECT_EQ(t.temp.get("one.bmp"), t.temp.get("late.bmp"));
+}
+
+TEST(SnapshotAndImage, WriteTheShownAndThePersistentPicture) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing + "pumps 3\nsnapshot shown.bmp\nimage kept.bmp\n").words, "");
+  const Bitmap shown = readBitmapFile(t.temp.path() / "shown.bmp").value();
+  const Bitmap kept = readBitmapFile(t.temp.path() / "kept.bmp").value();
+  EXPECT_EQ(shown.width, 120);
+  EXPECT_EQ(shown.height, 100);
+  EXPECT_EQ(kept.at(15, 15), kNavy);
+  EXPECT_EQ(shown.at(10, 10), kRed) << "the brush's outline is on the screen";
+  EXPECT_EQ(kept.at(10, 10), kNavy) << "and nowhere else";
+}
+
+TEST(AnImport, MayPickFromTheList) {
+  Twin t;
+  EXPECT_EQ(
+      t.run("click Command2\nmenu importdrawing\npick File5 \"room.bmp\"\nexpect text Text8 \"room.bmp\"\n"
+            "enter Text8\nexpect panelOpen 0\nexpect mazeMadeOnce 1\nexpect message \"\"\n")
+          .words,
+      "");
+  EXPECT_EQ(t.run("click Command2\nmenu importdrawing\npick File5 \"none.bmp\"\n").status, 2);
+  EXPECT_EQ(t.run("click Command2\nmenu importdrawing\ntype Text8 \"none\"\nenter Text8\n"
+                  "expect message \"Error: can't find bitmap.\"\nexpect panelOpen 0\n")
+                .words,
+            "");
+  EXPECT_EQ(t.run("click Command2\nmenu importdrawing\nescape Text8\nexpect panelOpen 0\n").words, "");
+}
+
+TEST(AResize, ReachesTheCanvasInDrawingAndNotInAMaze) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing + "resize 200x150\nexpect ScaleWidth 200\nexpect ScaleHeight 150\n").words, "");
+  EXPECT_EQ(t.run(kMaze + "resize 200x150\nexpect ScaleWidth 120\n").words, "");
+  EXPECT_EQ(
+      t.run(kDrawing + "minimize\nexpect WindowState 1\nresize 200x150\nexpect ScaleWidth 120\nrestore\n"
+                       "expect WindowState 0\nexpect ScaleWidth 200\n")
+          .words,
+      "");
+}
+
+TEST(PrintedPages, GoIntoTheFolderNumberedFromOne) {
+  Twin t;
+  std::filesystem::create_directory(t.temp.path() / "pages");
+  t.options.pagesFolder = t.temp.path() / "pages";
+  EXPECT_EQ(t.run(kMaze + "menu printfff\nmenu printfff\nexpect pages 2\nsnapshot shown.bmp\n").words, "");
+  EXPECT_TRUE(samePicture(readBitmapFile(t.temp.path() / "pages" / "page-0002.bmp").value(),
+                          readBitmapFile(t.temp.path() / "shown.bmp").value()));
+  EXPECT_TRUE(std::filesystem::exists(t.temp.path() / "pages" / "page-0001.bmp"));
+}
+
+TEST(PrintedPages, AreOneDocumentWhenOneIsAskedFor) {
+  Twin t;
+  t.options.pdfFile = t.temp.path() / "out.pdf";
+  EXPECT_EQ(t.run(kMaze + "menu printfff\nmenu printfff\n").words, "");
+  EXPECT_EQ(t.written, 1);
+  EXPECT_EQ(t.temp.get("out.pdf").substr(0, 5), "%PDF-");
+}
+
+TEST(Inputs, AreNeverLostAlthoughOnePumpTakesOne) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing + "menu cgenerate\nmenu stopfinish\nmenu aon\nmenu aoff\nmenu dontusepattern\n"
+                             "expect creationMode 1\nexpect stopAtFinish 1\nexpect autoMinimize 0\n"
+                             "expect patternState 3\n")
+                .words,
+            "");
+}
+
+}  // namespace
+}  // namespace gridwright::test

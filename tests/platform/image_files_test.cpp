@@ -1,0 +1,142 @@
+#include "platform/images/image_files.h"
+
+#include <gtest/gtest.h>
+
+#include "support/bitmap_files.h"
+#include "support/pictures.h"
+#include "support/work_folders.h"
+
+namespace gridwright::test {
+namespace {
+
+Outcome<Bitmap> decode(const std::string& bytes) {
+  const TempFolder temp;
+  temp.put("picture.bmp", bytes);
+  return readBitmapFile(temp.path() / "picture.bmp");
+}
+
+::testing::AssertionResult decodesTo(const Bitmap& expected, const BitmapFile& form) {
+  const auto picture = decode(fileOf(expected, form));
+  if (!picture) return ::testing::AssertionFailure() << form.bits << " bits: " << picture.fault().words;
+  return samePicture(picture.value(), expected) << "\n" << form.bits << " bits";
+}
+
+TEST(ABitmapFile, IsDecodedExactlyAtEveryDepthAndInEitherRowOrder) {
+  for (const bool fromTop : {false, true}) {
+    EXPECT_TRUE(decodesTo(motley(13, 5, 2), {1, fromTop}));
+    EXPECT_TRUE(decodesTo(motley(13, 5, 16), {4, fromTop}));
+    EXPECT_TRUE(decodesTo(motley(40, 21, 60), {8, fromTop}));
+    EXPECT_TRUE(decodesTo(motley(13, 5, 60), {24, fromTop}));
+    EXPECT_TRUE(decodesTo(motley(13, 5, 60), {32, fromTop}));
+  }
+}
+
+TEST(ARunLengthCodedFile, IsDecodedExactly) {
+  EXPECT_TRUE(decodesTo(motley(13, 5, 11), {8, false, false, true}));
+  EXPECT_TRUE(decodesTo(motley(13, 5, 7), {4, false, false, true}));
+  EXPECT_TRUE(decodesTo(drawing({"..##..", "#.#.#."}, 7), {8, false, false, true}));
+  EXPECT_TRUE(decodesTo(drawing({"..##..", "#.#.#."}, 7), {4, false, false, true}));
+}
+
+TEST(AFileWithTheShortHeader, IsDecodedExactly) {
+  EXPECT_TRUE(decodesTo(motley(13, 5, 9), {8, false, true}));
+  EXPECT_TRUE(decodesTo(motley(13, 5, 9), {24, false, true}));
+}
+
+TEST(AnAlphaChannel, IsDropped) {
+  EXPECT_TRUE(decodesTo(motley(13, 5, 60), {32, false, false, false, true}));
+  // With an alpha mask in the header, and every pixel transparent.
+  std::string file = fileOf(motley(4, 2, 8), {32});
+  std::string larger = file.substr(0, 14);
+  larger += file.substr(14, 40);
+  for (const std::uint32_t mask : {0xFF0000U, 0xFF00U, 0xFFU, 0xFF000000U}) {
+    for (int i = 0; i < 4; ++i) larger += static_cast<char>(mask >> (8 * i) & 255);
+  }
+  larger += file.substr(54);
+  for (std::size_t i = 70 + 3; i < larger.size(); i += 4) larger[i] = '\0';
+  poke(larger, 14, 56);
+  poke(larger, 30, 3);
+  poke(larger, 10, 70);
+  const auto picture = decode(larger);
+  ASSERT_TRUE(picture);
+  EXPECT_TRUE(samePicture(picture.value(), motley(4, 2, 8)));
+}
+
+TEST(BlackAndWhiteOfSixteenBits, AreExactlyBlackAndWhite) {
+  Bitmap picture = plainBitmap(8, 2, 0);
+  const Colour full[] = {kBlack, kWhite, kRed, kLime, kBlue, kYellow, kFuchsia, 16776960};
+  for (std::size_t i = 0; i < 8; ++i) picture.pixels[i] = full[i];
+  EXPECT_TRUE(decodesTo(picture, {16}));
+  EXPECT_TRUE(decodesTo(picture, {16, true}));
+  EXPECT_TRUE(decodesTo(picture, {16, false, false, false, true}));
+}
+
+TEST(APictureLargerThanTheCanvas, IsCutAtTheTopLeft) {
+  const Bitmap large = motley(1203, 1100, 60);
+  const auto picture = decode(fileOf(large, {8}));
+  ASSERT_TRUE(picture);
+  ASSERT_EQ(picture.value().width, 1000);
+  ASSERT_EQ(picture.value().height, 1000);
+  for (const int at : {0, 1, 998, 999}) {
+    EXPECT_EQ(picture.value().at(at, 0), large.at(at, 0));
+    EXPECT_EQ(picture.value().at(at, 999), large.at(at, 999));
+  }
+}
+
+TEST(APictureOfFortyMillionPixels, IsDecodedAndCut) {
+  std::string file = fileOf(motley(8, 1, 2), {1});
+  poke(file, 18, 8000);
+  poke(file, 22, 5000);
+  file.resize(62 + 1000 * 5000);
+  const auto picture = decode(file);
+  ASSERT_TRUE(picture) << picture.fault().words;
+  EXPECT_EQ(picture.value().width, 1000);
+}
+
+TEST(WhatIsNoWholeBitmap, IsRefused) {
+  EXPECT_EQ(decode("no bitmap").fault().kind, Fault::Kind::malformed);
+  EXPECT_EQ(decode("").fault().kind, Fault::Kind::malformed);
+  const std::string whole = fileOf(motley(13, 5, 60), {});
+  EXPECT_EQ(decode(whole.substr(0, whole.size() - 1)).fault().kind, Fault::Kind::malformed);
+}
+
+TEST(AMissingFileAndAFolder, AreNotFound) {
+  const TempFolder temp;
+  EXPECT_EQ(readBitmapFile(temp.path() / "none.bmp").fault().kind, Fault::Kind::notFound);
+  EXPECT_EQ(readBitmapFile(temp.path()).fault().kind, Fault::Kind::notFound);
+}
+
+TEST(AWrittenPicture, IsA24BitFileThatComesBackPixelForPixel) {
+  const TempFolder temp;
+  const Bitmap picture = motley(31, 17, 200);
+  ASSERT_TRUE(writeBitmapFile(picture, temp.path() / "out.bmp"));
+  const std::string bytes = temp.get("out.bmp");
+  EXPECT_EQ(bytes.substr(0, 2), "BM");
+  EXPECT_EQ(bytes[28], 24);
+  EXPECT_EQ(bytes[30], 0) << "plain";
+  EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "out.bmp").value(), picture));
+}
+
+TEST(AFileThatCannotBeWritten, IsAFault) {
+  const TempFolder temp;
+  EXPECT_EQ(writeBitmapFile(motley(2, 2, 2), temp.path() / "none" / "out.bmp").fault().kind,
+            Fault::Kind::notWritable);
+  EXPECT_FALSE(writePdf({motley(2, 2, 2)}, temp.path() / "none" / "out.pdf"));
+}
+
+TEST(ADocument, HasAPageForEachPictureEachTurnedToItsShape) {
+  const TempFolder temp;
+  ASSERT_TRUE(writePdf({plainBitmap(80, 60, kNavy), plainBitmap(60, 80, kNavy)}, temp.path() / "out.pdf"));
+  const std::string bytes = temp.get("out.pdf");
+  EXPECT_EQ(bytes.substr(0, 5), "%PDF-");
+  std::size_t pages = 0;
+  for (std::size_t at = bytes.find("/Type /Page\n"); at != std::string::npos;
+       at = bytes.find("/Type /Page\n", at + 1)) {
+    ++pages;
+  }
+  EXPECT_EQ(pages, 2U);
+  EXPECT_EQ(bytes.find("DCTDecode"), std::string::npos) << "no pixel is smoothed away by a lossy coding";
+}
+
+}  // namespace
+}  // namespace gridwright::test

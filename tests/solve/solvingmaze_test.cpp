@@ -1,0 +1,175 @@
+#include "solve/solvingmaze.h"
+
+#include <gtest/gtest.h>
+
+#include "support/maze_reading.h"
+#include "support/world.h"
+
+namespace gridwright::test {
+namespace {
+
+/// A maze drawn by hand, its ends placed, about to be solved. Cells are joined as the text says: every
+/// carved cell `*` is joined with its carved neighbours.
+struct Solving : World {
+  Solving(const Text& cells, Square start, Square finish) : World(drawing(cells)), way(cells) {
+    canvas.fill(0, 0, 999, 999, kNavy);
+    for (int row = 1; row <= static_cast<int>(cells.size()); ++row) {
+      for (int column = 1; column <= static_cast<int>(cells[0].size()); ++column) {
+        if (!at(column, row)) continue;
+        const Square q = squareOf(column, row);
+        canvas.fill(q, kWhite);
+        if (at(column + 1, row)) canvas.fill(q.left, q.top, q.right + 10, q.bottom, kWhite);
+        if (at(column, row + 1)) canvas.fill(q.left, q.top, q.right, q.bottom + 10, kWhite);
+      }
+    }
+    state.phase = Phase::solving;
+    state.start = start;
+    state.finish = finish;
+    state.startColor = kFuchsia - 1;
+    state.finishColor = kRed - 1;
+    state.ends.startMazeColor = kWhite;
+    canvas.fill(start, state.startColor);
+    canvas.fill(finish, state.finishColor);
+    putWalkOnStart(state);
+  }
+  [[nodiscard]] bool at(int column, int row) const {
+    return row >= 1 && row <= static_cast<int>(way.size()) && column >= 1 &&
+           column <= static_cast<int>(way[0].size()) &&
+           way[static_cast<std::size_t>(row - 1)][static_cast<std::size_t>(column - 1)] == '*';
+  }
+  void solve() {
+    desktop.untilPhase(Phase::solved);
+    try {
+      solvingmaze(program);
+    } catch (const ProgramEnd&) {
+    }
+  }
+  Text way;
+};
+
+TEST(StartAndFinishInAdjacentCells, TakeOneStrokeTheStubAndPhaseFour) {
+  Solving s({"....", ".**.", "...."}, squareOf(2, 2), squareOf(3, 2));
+  Bitmap expected = s.canvas.image();
+  // From the passage into the finish and to its centre; the start is whole.
+  for (int x = 29; x <= 35; ++x)
+    expected.pixels[static_cast<std::size_t>(25 * expected.width + x)] = kFuchsia - 1;
+  s.solve();
+  EXPECT_EQ(s.state.phase, Phase::solved);
+  EXPECT_TRUE(samePicture(s.canvas.image(), expected));
+  EXPECT_EQ(s.program.controls.caption(), "Gridwright-(computer has solved maze)");
+}
+
+TEST(AFinishEntered, HasItsStubOnTheSideOfArrival) {
+  struct Side {
+    const char* name;
+    int column, row;             // of the start, the finish at (3, 3)
+    int fromX, fromY, toX, toY;  // the stub
+  };
+  // The finish is 31 to 38, its centre 35.
+  const Side sides[] = {{"left", 2, 3, 31, 35, 35, 35},
+                        {"right", 4, 3, 35, 35, 38, 35},
+                        {"above", 3, 2, 35, 31, 35, 35},
+                        {"below", 3, 4, 35, 35, 35, 38}};
+  for (const Side& side : sides) {
+    Text cells(5, ".....");
+    cells[2][2] = cells[static_cast<std::size_t>(side.row - 1)][static_cast<std::size_t>(side.column - 1)] =
+        '*';
+    Solving s(cells, squareOf(side.column, side.row), squareOf(3, 3));
+    s.solve();
+    for (int y = 31; y <= 38; ++y) {
+      for (int x = 31; x <= 38; ++x) {
+        const bool stub = x >= side.fromX && x <= side.toX && y >= side.fromY && y <= side.toY;
+        ASSERT_EQ(s.canvas.point(x, y), stub ? kFuchsia - 1 : kRed - 1) << side.name << " " << x << ", " << y;
+      }
+    }
+  }
+}
+
+TEST(TheAnswer, LeavesNoTraceInTheDeadEnds) {
+  Solving s({"*******", "*.*.*.*", "*.*.*.*", "..*....", "****..."}, squareOf(1, 5), squareOf(7, 3));
+  s.desktop.limit = 1'000'000;
+  s.solve();
+  ASSERT_EQ(s.state.phase, Phase::solved);
+  for (const auto& [column, row] : {std::pair{1, 1}, std::pair{1, 3}, std::pair{5, 3}, std::pair{4, 5}}) {
+    const Square q = squareOf(column, row);
+    for (int y = q.top; y <= q.bottom; ++y) {
+      for (int x = q.left; x <= q.right; ++x)
+        ASSERT_EQ(s.canvas.point(x, y), kWhite) << column << ", " << row;
+    }
+  }
+}
+
+TEST(AMazeWithoutAWay, IsWalkedRoundUntilAPersonLeaves) {
+  Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
+  s.desktop.limit = 20'000;
+  s.solve();
+  EXPECT_EQ(s.desktop.trouble, "too many pumps");
+  EXPECT_EQ(s.state.phase, Phase::solving);
+  EXPECT_EQ(s.desktop.lastPace, Pace::working);
+}
+
+TEST(ASolvedMaze, WaitsForACommandWithoutCost) {
+  Solving s({"....", ".**.", "...."}, squareOf(2, 2), squareOf(3, 2));
+  s.desktop.untilPhase(Phase::solved);
+  s.desktop.pumpsPass(10);
+  s.desktop.act([](Program& p) { p.state.phase = Phase::making; });
+  solvingmaze(s.program);
+  EXPECT_EQ(s.state.phase, Phase::making);
+  EXPECT_EQ(s.desktop.lastPace, Pace::idle);
+}
+
+TEST(EachPhaseThatOthersOwn, LeavesTheLoopFromSolvingAndFromSolved) {
+  for (const Phase wait : {Phase::solving, Phase::solved}) {
+    for (const Phase phase : {Phase::quitToTitle, Phase::drawing, Phase::making, Phase::placing}) {
+      Solving s({".....", ".***.", "....."}, squareOf(2, 2), squareOf(4, 2));
+      s.state.ends.kept = {1, 2, 3, 4};
+      if (wait == Phase::solved) s.desktop.untilPhase(Phase::solved);
+      s.desktop.act([phase](Program& p) { p.state.phase = phase; });
+      solvingmaze(s.program);
+      EXPECT_EQ(s.state.phase, phase);
+      EXPECT_EQ(s.state.ends.finishMazeColor, phase == Phase::placing ? 4 : 0)
+          << "the cover colours come back for placing alone";
+    }
+  }
+}
+
+TEST(ThePathLength, CountsTheCellsOfThePresentTrail) {
+  Solving s({"*****", "..*..", "..*..", "....."}, squareOf(1, 1), squareOf(5, 1));
+  s.solve();
+  EXPECT_EQ(s.state.solver.pathLength, 3) << "cells two, three and four; the dead end counted down again";
+}
+
+TEST(AWalkColour, IsMadeGoodAtTheEntry) {
+  Solving s({"....", ".**.", "...."}, squareOf(2, 2), squareOf(3, 2));
+  s.state.mazeColor = kNavy;
+  s.state.ends.startMazeColor = kBlue;
+  s.program.colours.setMaze(0, kLime);
+  s.desktop.act([](Program& p) { EXPECT_EQ(p.state.mazeColor, kLime) << "the first of the maze colours"; });
+  s.solve();
+}
+
+TEST(WithoutATrailInPlay, ThePixelsAndThePathLengthStandStill) {
+  Solving s({".....", ".***.", "....."}, squareOf(2, 2), squareOf(4, 2));
+  s.program.menus.setChecked(Item::easymode, true);
+  s.state.trailOff = true;
+  const Bitmap before = s.canvas.image();
+  s.desktop.act([](Program& p) { p.state.cur = squareOf(3, 2); });
+  s.desktop.pumpsPass(3);
+  try {
+    solvingmaze(s.program);
+  } catch (const ProgramEnd&) {
+  }
+  EXPECT_EQ(s.state.solver.pathLength, 0);
+  EXPECT_TRUE(samePicture(s.canvas.image(), before));
+}
+
+TEST(TheWindow, IsMinimisedWhileSolvingAndComesBackSolved) {
+  Solving s({".....", ".***.", "....."}, squareOf(2, 2), squareOf(4, 2));
+  s.state.autoMinimize = true;
+  s.solve();
+  EXPECT_EQ(s.desktop.states, (std::vector{WindowState::minimised, WindowState::maximised}));
+  EXPECT_EQ(s.desktop.raised, 1);
+}
+
+}  // namespace
+}  // namespace gridwright::test

@@ -1,0 +1,88 @@
+#include "support/bare_desktop.h"
+
+#include "core/input.h"
+
+namespace gridwright::test {
+
+namespace {
+constexpr int kPatience = 10'000;  // idle pumps in a row; nothing can change in them
+}
+
+void BareDesktop::untilPhase(Phase phase) {
+  until([phase](const Program& p) { return p.state.phase == phase; });
+}
+
+void BareDesktop::pumpsPass(int count) {
+  until([count](const Program&) mutable { return count-- == 0; });
+}
+
+void BareDesktop::click(ControlId button) {
+  act([button](Program& p) { input::buttonClick(p, button); });
+}
+
+void BareDesktop::menu(Item item) {
+  act([this, item](Program& p) {
+    if (!p.menus.available(item)) stop("not to be chosen: " + std::string(rowOf(item).name));
+    input::menuClick(p, item);
+  });
+}
+
+void BareDesktop::enter(ControlId box, std::string text) {
+  act([box, text](Program& p) { input::textTyped(p, box, text); });
+  act([box](Program& p) { input::enterPressed(p, box); });
+}
+
+void BareDesktop::stop(std::string why) {
+  trouble = std::move(why);
+  throw ProgramEnd{};
+}
+
+void BareDesktop::doEvents(Program& program, Pace pace) {
+  if (pace == Pace::housekeeping) {
+    ++housekeeping;
+    return;
+  }
+  lastPace = pace;
+  if (++pumps > limit) stop("too many pumps");
+  while (!todo_.empty()) {
+    if (todo_.front().condition) {
+      const bool holds = todo_.front().condition(program);
+      if (!holds && pace == Pace::idle && ++idlePumps_ > kPatience) stop("nothing more happens");
+      if (pace != Pace::idle) idlePumps_ = 0;
+      if (!holds) return;
+      todo_.pop_front();
+      continue;
+    }
+    const Todo todo = std::move(todo_.front());
+    todo_.pop_front();
+    todo.action(program);
+    if (todo.takesPump) return;
+  }
+  throw ProgramEnd{};
+}
+
+Size BareDesktop::maximise() {
+  ++maximised;
+  state_ = WindowState::maximised;
+  return client_;
+}
+
+Outcome<Bitmap> BareDesktop::loadBitmap(const std::filesystem::path& path) {
+  const Bitmap* found = file(path.filename().string());
+  if (found == nullptr) return Fault{Fault::Kind::notFound, path.string()};
+  return *found;
+}
+
+Outcome<Done> BareDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
+  if (savesFail) return Fault{Fault::Kind::notWritable, path.string()};
+  saves.push_back(path.filename().string());
+  bitmaps[saves.back()] = picture;
+  return Done{};
+}
+
+const Bitmap* BareDesktop::file(const std::string& name) const {
+  const auto found = bitmaps.find(name);
+  return found == bitmaps.end() ? nullptr : &found->second;
+}
+
+}  // namespace gridwright::test

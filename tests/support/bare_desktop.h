@@ -1,0 +1,88 @@
+// A desktop of plain memory, for tests that want the program and nothing else.
+//
+// It does what a test has put on its list, one entry a pump, and ends the program when the list is
+// done. Everything the program asks of a desktop is recorded.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/controls.h"
+#include "core/menu_tree.h"
+#include "core/program.h"
+#include "platform/platform.h"
+
+namespace gridwright::test {
+
+class BareDesktop : public Platform {
+ public:
+  using Action = std::function<void(Program&)>;
+  using Condition = std::function<bool(const Program&)>;
+
+  explicit BareDesktop(Size client = {800, 600}) : client_(client) {}
+
+  /// Something a person does: takes a pump of its own.
+  void act(Action action) { todo_.push_back({{}, std::move(action), true}); }
+  /// Something a test looks at, in the pump in which its turn comes; takes none.
+  void look(Action action) { todo_.push_back({{}, std::move(action), false}); }
+  /// Pumps without input until the condition holds.
+  void until(Condition condition) { todo_.push_back({std::move(condition), {}, false}); }
+  void untilPhase(Phase phase);
+  /// This many pumps without input.
+  void pumpsPass(int count);
+
+  void click(ControlId button);
+  /// Chooses an item that a person can choose; otherwise the run is `refused`.
+  void menu(Item item);
+  void enter(ControlId box, std::string text);
+
+  void doEvents(Program& program, Pace pace) override;
+  Size clientSize() override { return client_; }
+  WindowState windowState() override { return state_; }
+  void setWindowState(WindowState state) override { states.push_back(state_ = state); }
+  Size maximise() override;
+  void raise() override { ++raised; }
+  void messageBox(std::string_view text) override { messages.emplace_back(text); }
+  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
+  void printForm(const Bitmap& picture) override { pages.push_back(picture); }
+  void endOfPages() override { ++documents; }
+  std::uint32_t clockSeed() override { return seed; }
+
+  /// A picture file of the working folder; null when there is none.
+  [[nodiscard]] const Bitmap* file(const std::string& name) const;
+  void putFile(const std::string& name, Bitmap picture) { bitmaps[name] = std::move(picture); }
+  void setClient(Size client) { client_ = client; }
+
+  std::map<std::string, Bitmap> bitmaps;  ///< By file name, as a folder would hold them.
+  std::vector<std::string> saves;         ///< Names in the order of writing.
+  std::vector<std::string> messages;
+  std::vector<WindowState> states;  ///< As the program set them.
+  std::vector<Bitmap> pages;
+  int documents = 0, raised = 0, maximised = 0;
+  std::uint32_t seed = 1;
+  bool savesFail = false;  ///< The disk is full.
+
+  std::int64_t pumps = 0, limit = 20'000'000;
+  int housekeeping = 0;
+  Pace lastPace = Pace::idle;
+  std::string trouble;  ///< Why the run ended early; empty when the list was done.
+
+ private:
+  struct Todo {
+    Condition condition;
+    Action action;
+    bool takesPump;
+  };
+  [[noreturn]] void stop(std::string why);
+
+  Size client_;
+  WindowState state_ = WindowState::normal;
+  int idlePumps_ = 0;
+  std::deque<Todo> todo_;
+};
+
+}  // namespace gridwright::test
