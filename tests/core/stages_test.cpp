@@ -159,7 +159,8 @@ TEST(TheWorkPictures, AreWrittenAtTheirMoments) {
   w.desktop.untilPhase(Phase::solved);
   EXPECT_EQ(w.run(), "");
   EXPECT_EQ(w.desktop.saves, (std::vector<std::string>{"title.bmp", "drawing1.bmp", "drawing1b.bmp",
-                                                       "drawing3.bmp", "drawing2.bmp"}));
+                                                       "drawing3.bmp", "drawing2.bmp", "last-drawing.bmp"}))
+      << "the close keeps what is drawn";
 }
 
 TEST(TheMazeStage, TellsHowFarThePresentMazeHasCome) {

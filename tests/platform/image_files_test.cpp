@@ -121,12 +121,26 @@ TEST(AFileThatCannotBeWritten, IsAFault) {
   const TempFolder temp;
   EXPECT_EQ(writeBitmapFile(motley(2, 2, 2), temp.path() / "none" / "out.bmp").fault().kind,
             Fault::Kind::notWritable);
-  EXPECT_FALSE(writePdf({motley(2, 2, 2)}, temp.path() / "none" / "out.pdf"));
+  PdfDocument document(temp.path() / "none" / "out.pdf");
+  EXPECT_FALSE(document.addPage(motley(2, 2, 2)));
+  EXPECT_FALSE(document.finish());
+}
+
+TEST(ADocument, LeavesNothingBehindUnlessItIsFinished) {
+  const TempFolder temp;
+  {
+    PdfDocument document(temp.path() / "out.pdf");
+    ASSERT_TRUE(document.addPage(plainBitmap(8, 6, kNavy)));
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(temp.path()));
 }
 
 TEST(ADocument, HasAPageForEachPictureEachTurnedToItsShape) {
   const TempFolder temp;
-  ASSERT_TRUE(writePdf({plainBitmap(80, 60, kNavy), plainBitmap(60, 80, kNavy)}, temp.path() / "out.pdf"));
+  PdfDocument document(temp.path() / "out.pdf");
+  ASSERT_TRUE(document.addPage(plainBitmap(80, 60, kNavy)));
+  ASSERT_TRUE(document.addPage(plainBitmap(60, 80, kNavy)));
+  ASSERT_TRUE(document.finish());
   const std::string bytes = temp.get("out.pdf");
   EXPECT_EQ(bytes.substr(0, 5), "%PDF-");
   std::size_t pages = 0;

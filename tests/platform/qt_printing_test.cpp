@@ -46,7 +46,7 @@ TEST(PagesWithoutAPrinter, BecomeOnePdfWhenTheRunEnds) {
   printing.page(kPage);
   printing.page(kPage);
   EXPECT_FALSE(folder.has("gridwright-0001.pdf"));
-  printing.endOfPages();
+  EXPECT_TRUE(printing.endOfPages());
   EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), 2);
 }
 
@@ -56,17 +56,25 @@ TEST(ASecondRun, TakesTheNextFreeNumberAndOverwritesNothing) {
   Printing printing(folder.path(), noPrinter);
   for (int run = 0; run < 2; ++run) {
     printing.page(kPage);
-    printing.endOfPages();
+    EXPECT_TRUE(printing.endOfPages());
   }
   EXPECT_EQ(std::filesystem::file_size(folder.path() / "gridwright-0001.pdf"), 4U);
   EXPECT_EQ(folder.pagesIn("gridwright-0002.pdf"), 1);
   EXPECT_EQ(folder.pagesIn("gridwright-0003.pdf"), 1);
 }
 
+TEST(APdfThatCannotBeWritten, IsTold) {
+  Folder folder;
+  Printing printing(folder.path() / "no such folder", noPrinter);
+  printing.page(kPage);
+  EXPECT_FALSE(printing.endOfPages());
+  EXPECT_TRUE(printing.endOfPages()) << "told once";
+}
+
 TEST(AnEndWithoutPages, WritesNothing) {
   Folder folder;
   Printing printing(folder.path(), noPrinter);
-  printing.endOfPages();
+  EXPECT_TRUE(printing.endOfPages());
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
@@ -74,7 +82,7 @@ TEST(ADefaultPrinter, GetsTheRunAsOneDocument) {
   Folder folder;
   Printing printing(folder.path(), printerTo(folder.path() / "paper.pdf"));
   for (int page = 0; page < 3; ++page) printing.page(kPage);
-  printing.endOfPages();
+  EXPECT_TRUE(printing.endOfPages());
   EXPECT_EQ(folder.pagesIn("paper.pdf"), 3);
   EXPECT_FALSE(folder.has("gridwright-0001.pdf"));
 }
@@ -84,7 +92,7 @@ TEST(APrinterThatRefuses, LosesNoPage) {
   Printing printing(folder.path(), printerTo(folder.path() / "no such folder" / "paper.pdf"));
   printing.page(kPage);
   printing.page(kPage);
-  printing.endOfPages();
+  EXPECT_TRUE(printing.endOfPages());
   EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), 2);
 }
 

@@ -151,7 +151,8 @@ TEST(AWalkColour, IsMadeGoodAtTheEntry) {
 TEST(WithoutATrailInPlay, ThePixelsAndThePathLengthStandStill) {
   Solving s({".....", ".***.", "....."}, squareOf(2, 2), squareOf(4, 2));
   s.program.menus.setChecked(Item::easymode, true);
-  s.state.trailOff = true;
+  s.state.trailOff = s.state.solver.trailOffSeen = true;  // play goes on, it does not begin here
+  s.state.solver.playModeAtPause = PlayMode::easy;
   const Bitmap before = s.canvas.image();
   s.desktop.act([](Program& p) { p.state.cur = squareOf(3, 2); });
   s.desktop.pumpsPass(3);

@@ -41,6 +41,9 @@ class BareDesktop : public Platform {
 
   void doEvents(Program& program, Pace pace) override;
   Size clientSize() override { return client_; }
+  std::filesystem::path contentFolder() override { return content; }
+  WindowPlace normalPlace() override { return place; }
+  void setNormalPlace(const WindowPlace& wanted) override { place = wanted; }
   WindowState windowState() override { return state_; }
   void setWindowState(WindowState state) override { states.push_back(state_ = state); }
   Size maximise() override;
@@ -70,6 +73,9 @@ class BareDesktop : public Platform {
   int housekeeping = 0;
   Pace lastPace = Pace::idle;
   std::string trouble;  ///< Why the run ended early; empty when the list was done.
+
+  std::filesystem::path content;  ///< Where pictures that came with the program would lie.
+  WindowPlace place{0, 0, 800, 600};
 
  private:
   struct Todo {
