@@ -11,9 +11,9 @@ namespace gridwright {
 
 namespace {
 
-/// How many of right, left, down and up lead at this distance to picture border, as far as they are
-/// not carved.
-int borderedDirections(const Program& program, int times) {
+/// Whether three of right, left, down and up, no more and no fewer, lead at this distance to picture
+/// border, as far as they are not carved.
+bool threeWaysBordered(const Program& program, int times) {
   const ProgramState& s = program.state;
   const Pixels pixels = program.pixels();
   const int w = times * s.wallWidth;
@@ -25,24 +25,25 @@ int borderedDirections(const Program& program, int times) {
                                                 {-w, 0, s.cur.left - w, s.cur.top},
                                                 {0, h, s.cur.left, s.cur.bottom + h},
                                                 {0, -h, s.cur.left, s.cur.top - h}}};
-  int count = 0;
+  int open = 0;
   for (const Direction& d : directions) {
     const Square cell = s.cur.moved(d.dx, d.dy);
-    const bool bordered = !pixels.allGround(cell.left - 1, cell.top - 1, cell.right + 1, cell.bottom + 1) ||
-                          pixels.border(d.sampleX, d.sampleY);
-    if (bordered && !pixels.maze(d.sampleX, d.sampleY)) ++count;
+    const bool bordered =
+        !pixels.maze(d.sampleX, d.sampleY) &&
+        (pixels.border(d.sampleX, d.sampleY) ||
+         !pixels.allGround(cell.left - 1, cell.top - 1, cell.right + 1, cell.bottom + 1));
+    if (!bordered && ++open == 2) return false;  // whole cells are costly to look at
   }
-  return count;
+  return open == 1;
 }
 
-/// Three directions closed by the picture's border leave only the way the walker came from.
+/// Three directions closed by the picture's border leave only the way the walker came from. Two cells
+/// ahead that is asked of pipes alone.
 void trapCounts(Program& program) {
   ProgramState& s = program.state;
   if (s.walkMode != WalkMode::carve) return;
-  s.testCount = borderedDirections(program, 2);
-  if (s.testCount == 3 && s.mazeKind != MazeKind::threeD) s.walkMode = WalkMode::back;
-  s.testCount = borderedDirections(program, 1);
-  if (s.testCount == 3) s.walkMode = WalkMode::back;
+  const bool pipe = s.mazeKind == MazeKind::pipe;
+  if ((pipe && threeWaysBordered(program, 2)) || threeWaysBordered(program, 1)) s.walkMode = WalkMode::back;
 }
 
 int stateAhead(const Program& program, int times) {
