@@ -27,6 +27,8 @@ class Canvas {
   static constexpr int kSide = 1000;  ///< The largest width and height, in pixels.
 
   Canvas();
+  Canvas(const Canvas&) = delete;  // the plane that strokes go to is a pointer into this very block
+  Canvas& operator=(const Canvas&) = delete;
 
   /// Size of the visible part. `resize` holds both between 1 and 1000.
   [[nodiscard]] int scaleWidth() const { return width_; }

@@ -148,6 +148,41 @@ TEST(AnyDrawing, BecomesATreeInEveryRegionAndItsAnswerIsTheOneWay) {
   }
 }
 
+/// Discs of backgrounds and of border over each other, cut by the edges and off the grid everywhere; free
+/// ground reaches into the band along the top and left.
+Bitmap blots(std::mt19937& chance) {
+  Bitmap picture =
+      plainBitmap(150 + static_cast<int>(chance() % 40), 110 + static_cast<int>(chance() % 30), kBlue);
+  for (int blot = 0; blot < 14; ++blot) {
+    const int cx = static_cast<int>(chance() % 190);
+    const int cy = static_cast<int>(chance() % 140);
+    const int radius =
+        blot % 3 == 2 ? 3 + static_cast<int>(chance() % 9) : 20 + static_cast<int>(chance() % 25);
+    const Colour colour = blot % 3 == 2 ? kLime : (chance() % 2 == 0 ? kNavy : kGreen);
+    for (int y = 0; y < picture.height; ++y) {
+      for (int x = 0; x < picture.width; ++x) {
+        const bool within = (x - cx) * (x - cx) + (y - cy) * (y - cy) < radius * radius;
+        if (within) picture.pixels[static_cast<std::size_t>(y * picture.width + x)] = colour;
+      }
+    }
+  }
+  picture.pixels[static_cast<std::size_t>(picture.width + 1)] = kBlue;  // the frame
+  return picture;
+}
+
+TEST(APictureWithEdgesOffTheGrid, IsCarvedInEveryRegionOfWholeFreeCellsAndNoOtherPixelChanges) {
+  std::mt19937 chance(42);
+  int regions = 0;
+  for (int round = 0; round < 60; ++round) {
+    const Bitmap picture = blots(chance);
+    Made made(picture, static_cast<std::uint32_t>(round));
+    ASSERT_EQ(made.trouble, "") << "round " << round;
+    ASSERT_EQ(made.reading().fault(), "") << "round " << round;
+    regions += made.reading().regions();
+  }
+  EXPECT_GT(regions, 80) << "many pictures fall into several regions";
+}
+
 TEST(TheAnswer, IsTheOneWayBetweenStartAndFinishAndNothingElse) {
   int solved = 0;
   for (const Shape& shape : kShapes) {

@@ -1,0 +1,98 @@
+// A program on a desktop that does nothing, with a wholly free drawing on its Canvas.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include "canvas/colour_repairs.h"
+#include "core/grid.h"
+#include "core/program.h"
+
+namespace gridwright::bench {
+
+/// Events never come; the loops run as fast as they can. Pictures are kept in memory.
+class StillDesktop : public Platform {
+ public:
+  void doEvents(Program& program, Pace /*pace*/) override {
+    ++pumps;
+    if (program.state.phase == until) throw ProgramEnd{};
+  }
+  Size clientSize() override { return {1000, 1000}; }
+  WindowState windowState() override { return WindowState::normal; }
+  void setWindowState(WindowState /*state*/) override {}
+  Size maximise() override { return clientSize(); }
+  void raise() override {}
+  void messageBox(std::string_view /*text*/) override {}
+  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override {
+    const auto found = pictures.find(path.filename().string());
+    if (found == pictures.end()) return Fault{Fault::Kind::notFound, path.string()};
+    return found->second;
+  }
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override {
+    pictures[path.filename().string()] = picture;
+    return Done{};
+  }
+  void printForm(const Bitmap& /*picture*/) override {}
+  void endOfPages() override {}
+  std::uint32_t clockSeed() override { return 1; }
+
+  Phase until = Phase::title;
+  std::int64_t pumps = 0;
+  std::map<std::string, Bitmap> pictures;
+};
+
+struct MeasuredWorld {
+  MeasuredWorld(int width, int height, int wall) : program(desktop, "/no/such/folder") {
+    ProgramState& s = program.state;
+    program.canvas.resize({width, height});
+    program.canvas.fill(0, 0, width - 1, height - 1, kPalette[1]);
+    program.canvas.fill(0, 0, width - 1, wall - 1, kPalette[9]);
+    program.canvas.fill(0, 0, wall - 1, height - 1, kPalette[9]);
+    defaultColours(program);
+    program.colours.setExtraBackgroundByRule();
+    s.wallWidth = s.wallHeight = wall;
+    pitchFromKind(s);
+    measureGrid(program);
+    drawing = program.canvas.image();
+    program.pictures.save("drawing1b.bmp", drawing);
+    s.start = s.walker.walkStart = {wall + 1, wall + 1, 2 * wall - 2, 2 * wall - 2};
+    const int right = s.gridRight + 1;
+    const int bottom = s.gridBottom + 1;
+    s.finish = {right, bottom, right + wall - 3, bottom + wall - 3};
+    s.mazeColor = s.keptMazeColor = kPalette[15];
+    s.creationMode = CreationMode::computer;
+    for (int direction = 1; direction <= 4; ++direction) program.steps.reset(MazeKind::regular, direction);
+    toTheBeginning();
+  }
+
+  void toTheBeginning() {
+    ProgramState& s = program.state;
+    s.phase = Phase::making;
+    s.cur = s.prev = s.start;
+    s.mazeMadeOnce = true;
+    program.canvas.setAutoRedraw(true);
+    program.canvas.paintPicture(drawing);
+  }
+
+  /// Carved cells, and joins between them to the right and down.
+  [[nodiscard]] std::pair<int, int> cellsAndJoins() const {
+    const ProgramState& s = program.state;
+    const Pixels pixels = program.pixels();
+    int cells = 0;
+    int joins = 0;
+    for (int y = s.wallHeight + 1; y <= s.gridBottom + 1; y += s.stepY) {
+      for (int x = s.wallWidth + 1; x <= s.gridRight + 1; x += s.stepX) {
+        cells += pixels.maze(x, y);
+        joins += pixels.maze(x + s.wallWidth - 2, y) + pixels.maze(x, y + s.wallHeight - 2);
+      }
+    }
+    return {cells, joins};
+  }
+
+  StillDesktop desktop;
+  Program program;
+  Bitmap drawing;
+};
+
+}  // namespace gridwright::bench
