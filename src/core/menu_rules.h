@@ -5,6 +5,11 @@
 
 namespace gridwright {
 
+/// Whether the menus stand as a running loop's last pass left them, for the same values: then its rules
+/// have nothing to say. Otherwise notes the values; `noteLoopRules` follows when they were applied.
+bool loopRulesStand(Program& program);
+void noteLoopRules(Program& program);
+
 /// Marks the one item of a group.
 void markOne(MenuModel& menus, std::initializer_list<Item> group, Item marked);
 

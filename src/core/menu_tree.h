@@ -83,6 +83,9 @@ class MenuModel {
   /// What the enable table was last applied for; kept here so that it is asked anew only on a change.
   std::uint64_t enableKey = ~std::uint64_t{0};
 
+  /// What the rules of a running loop were last applied for, and the revision they left.
+  std::uint64_t loopKey = ~std::uint64_t{0}, loopRevision = 0;
+
  private:
   using Bits = std::bitset<kItemCount>;
   static std::size_t index(Item item) { return static_cast<std::size_t>(item); }

@@ -8,7 +8,6 @@ void yield(Program& program, Pace pace) {
   program.state.keyBusy = false;
   applyEnableTableIfChanged(program);
   program.platform.doEvents(program, pace);
-  applyEnableTableIfChanged(program);
 }
 
 void housekeeping(Program& program) {

@@ -9,10 +9,10 @@ void WorkPictures::save(std::string_view name, const Bitmap& picture) {
   Copy& copy = copies_[std::string(name)];
   copy.width = picture.width;
   copy.height = picture.height;
-  copy.channels.clear();
-  copy.channels.reserve(picture.pixels.size() * 3);
+  copy.channels.resize(picture.pixels.size() * 3);
+  std::uint8_t* out = copy.channels.data();
   for (const Colour pixel : picture.pixels) {
-    for (const int shift : {0, 8, 16}) copy.channels.push_back(static_cast<std::uint8_t>(pixel >> shift));
+    for (const int shift : {0, 8, 16}) *out++ = static_cast<std::uint8_t>(pixel >> shift);
   }
   copy.lastWriteFailed = !platform_.saveBitmap(picture, folder_.resolve(name));
 }

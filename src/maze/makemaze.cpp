@@ -35,9 +35,11 @@ void closeChannel(ProgramState& s) { s.walker.channelPosition = 0; }
 
 void status(Program& program) {
   rescueIfStranded(program);
+  if (loopRulesStand(program)) return;
   printStatus(program);
   declaremenus1(program);
   showCreateItems(program);
+  noteLoopRules(program);
 }
 
 /// Works unseen when asked to: a minimised window needs no repainting.

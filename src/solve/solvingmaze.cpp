@@ -82,10 +82,12 @@ bool goesOn(Program& program) {
 }
 
 void menusOfPass(Program& program) {
+  if (loopRulesStand(program)) return;
   keysmenu(program);
   mazemenus(program);
   printmenus(program);
   if (program.state.printMode != PrintMode::none) printStatus(program);
+  noteLoopRules(program);
 }
 
 /// \returns whether the finish has been reached.
