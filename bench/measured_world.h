@@ -19,6 +19,9 @@ class StillDesktop : public Platform {
     if (program.state.phase == until) throw ProgramEnd{};
   }
   Size clientSize() override { return {1000, 1000}; }
+  std::filesystem::path contentFolder() override { return {}; }
+  WindowPlace normalPlace() override { return {}; }
+  void setNormalPlace(const WindowPlace& /*place*/) override {}
   WindowState windowState() override { return WindowState::normal; }
   void setWindowState(WindowState /*state*/) override {}
   Size maximise() override { return clientSize(); }
@@ -62,7 +65,20 @@ struct MeasuredWorld {
     s.finish = {right, bottom, right + wall - 3, bottom + wall - 3};
     s.mazeColor = s.keptMazeColor = kPalette[15];
     s.creationMode = CreationMode::computer;
-    for (int direction = 1; direction <= 4; ++direction) program.steps.reset(MazeKind::regular, direction);
+    program.steps.resetAll();
+    toTheBeginning();
+  }
+
+  /// Another kind in the same drawing, with ends on its grid.
+  void becomes(MazeKind kind, bool longPipes) {
+    ProgramState& s = program.state;
+    s.mazeKind = kind;
+    program.menus.setChecked(Item::pthin, longPipes);
+    pitchFromKind(s);
+    measureGrid(program);
+    const int right = s.gridRight + 1;
+    const int bottom = s.gridBottom + 1;
+    s.finish = {right, bottom, right + s.wallWidth - 3, bottom + s.wallHeight - 3};
     toTheBeginning();
   }
 

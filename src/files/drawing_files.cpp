@@ -62,8 +62,7 @@ void refreshLists(Program& program) {
 }  // namespace
 
 bool isNameForDrawing(std::string_view base) {
-  return !base.empty() && base.find_first_of("/\\") == std::string_view::npos &&
-         base.find('\0') == std::string_view::npos && !isOwnPicture(base);
+  return staysInFolder(base) && !isOwnPicture(base);
 }
 
 void recoverSaves(const WorkFolder& folder) {

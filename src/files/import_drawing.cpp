@@ -13,9 +13,10 @@ void importdrawing(Program& program) {
 
 void importEntered(Program& program) {
   ProgramState& s = program.state;
-  const std::string name = baseName(program.controls[ControlId::Text8].text) + ".bmp";
+  const std::string base = baseName(program.controls[ControlId::Text8].text);
   closePanel(program, kImportPanel);
-  const auto picture = program.platform.loadBitmap(program.files->resolve(name));
+  const auto picture = staysInFolder(base) ? program.platform.loadBitmap(program.files->resolve(base + ".bmp"))
+                                           : Outcome<Bitmap>(Fault{Fault::Kind::notFound, base});
   if (!picture) {
     program.platform.messageBox("Error: can't find bitmap.");
     return;

@@ -21,6 +21,10 @@ bool equalButForCase(std::string_view a, std::string_view b) {
                     [](char x, char y) { return lower(x) == lower(y); });
 }
 
+bool staysInFolder(std::string_view name) {
+  return !name.empty() && name.find_first_of(std::string_view("/\\\0", 3)) == std::string_view::npos;
+}
+
 std::string baseName(std::string_view typed) {
   typed.remove_prefix(std::min(typed.find_first_not_of(' '), typed.size()));
   return std::string(typed.substr(0, typed.find('.')));

@@ -44,6 +44,9 @@ class WorkFolder {
 /// Whether two names are equal but for the case of their letters.
 bool equalButForCase(std::string_view a, std::string_view b);
 
+/// Whether a typed name is not empty and leads to no other folder.
+bool staysInFolder(std::string_view name);
+
 /// The base name in a panel's box: leading blanks trimmed, all before the first point.
 std::string baseName(std::string_view typed);
 

@@ -26,10 +26,6 @@ std::string fileName(const Program& program, const std::string& base) {
   return base + std::string(setEnding(program.state.mazeKind));
 }
 
-bool isNameForSet(std::string_view base) {
-  return !base.empty() && base.find_first_of("/\\") == std::string_view::npos;
-}
-
 PatternSet presentSet(Program& program) {
   PatternSet set;
   for (int direction = step::left; direction <= step::down; ++direction) {
@@ -96,7 +92,7 @@ void saveSetEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text5].text);
   saveSetEscaped(program);
   finishOpenPattern(program);
-  if (!isNameForSet(base) ||
+  if (!staysInFolder(base) ||
       !program.files->replaceText(fileName(program, base), formatSet(presentSet(program)))) {
     program.platform.messageBox("Error: bad file name.");
     return;
@@ -119,7 +115,7 @@ void loadpatterns(Program& program) {
 void loadSetEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text6].text);
   closeSetPanel(program, kLoadSetPanel);
-  const auto text = isNameForSet(base) ? program.files->readText(fileName(program, base))
+  const auto text = staysInFolder(base) ? program.files->readText(fileName(program, base))
                                        : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
   const auto set = text ? parseSet(text.value()) : Outcome<PatternSet>(text.fault());
   if (!set) {

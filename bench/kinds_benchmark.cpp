@@ -1,0 +1,101 @@
+// A pass of the walker in each kind of maze, against a pass in the regular kind; and the search for a
+// finish against a solve.
+//
+// The limit of both ratios is 3. A 3-d maze needs several times as many passes as a regular one; it is
+// the single pass that is held.
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+
+#include "maze/makemaze.h"
+#include "measured_world.h"
+#include "solve/solvingmaze.h"
+
+namespace gridwright::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double nanoseconds(Clock::duration d) { return std::chrono::duration<double, std::nano>(d).count(); }
+
+struct Kind {
+  MazeKind kind;
+  bool longPipes;
+};
+constexpr std::array kKinds = {Kind{MazeKind::regular, false}, Kind{MazeKind::threeD, false},
+                               Kind{MazeKind::pipe, false}, Kind{MazeKind::pipe, true}};
+
+/// Nanoseconds a pass over some seeds.
+double passOf(MeasuredWorld& world, const Kind& kind, int seeds) {
+  world.becomes(kind.kind, kind.longPipes);
+  double spent = 0;
+  world.desktop.pumps = 0;
+  for (int seed = 1; seed <= seeds; ++seed) {
+    world.toTheBeginning();
+    world.program.random.seed(static_cast<std::uint32_t>(seed));
+    const auto begin = Clock::now();
+    makemaze(world.program);
+    spent += nanoseconds(Clock::now() - begin);
+  }
+  return spent / static_cast<double>(world.desktop.pumps);
+}
+
+void pass(benchmark::State& state) {
+  const Kind kind = kKinds.at(static_cast<std::size_t>(state.range(0)));
+  const bool large = state.range(1) != 0;
+  MeasuredWorld world(large ? 1000 : 800, large ? 1000 : 600, large ? 5 : 10);
+  double own = 0;
+  for (auto _ : state) {
+    own = passOf(world, kind, 3);
+    state.SetIterationTime(own * 1e-9);
+  }
+  state.counters["ns_a_pass"] = own;
+  state.counters["ratio"] = own / passOf(world, kKinds[0], 3);
+}
+BENCHMARK(pass)->ArgsProduct({{1, 2, 3}, {0, 1}})->Unit(benchmark::kNanosecond)->UseManualTime()->Iterations(2);
+
+/// Time of the solver's loop over the made maze, from its start to where it leaves or is solved.
+double solve(MeasuredWorld& world, FinishMethod method) {
+  Program& program = world.program;
+  ProgramState& s = program.state;
+  s.phase = Phase::solving;
+  s.finishMethod = s.solver.activeFinishMethod = method;
+  s.finishFound = false;
+  s.startColor = qb::lightMagenta - 1;
+  s.finishColor = qb::gray + 1;
+  s.solver.pathLength = s.solver.bestPathLength = 0;
+  const Square finish = s.finish;
+  if (method != FinishMethod::user) s.finish = {-100, -100, -100, -100};
+  putWalkOnStart(s);
+  world.desktop.until = Phase::solved;
+  const auto begin = Clock::now();
+  try {
+    solvingmaze(program);
+  } catch (const ProgramEnd&) {
+  }
+  const double took = nanoseconds(Clock::now() - begin);
+  world.desktop.until = Phase::title;
+  s.finish = finish;
+  return took;
+}
+
+void search(benchmark::State& state) {
+  MeasuredWorld world(1000, 1000, 5);
+  world.program.random.seed(1);
+  makemaze(world.program);
+  const Bitmap maze = world.program.canvas.image();
+  double searching = 0;
+  double solving = 0;
+  for (auto _ : state) {
+    world.program.canvas.paintPicture(maze);
+    solving = solve(world, FinishMethod::user);
+    world.program.canvas.paintPicture(maze);
+    searching = solve(world, FinishMethod::largest);
+    state.SetIterationTime(searching * 1e-9);
+  }
+  state.counters["ratio_to_solve"] = searching / solving;
+}
+BENCHMARK(search)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+
+}  // namespace
+}  // namespace gridwright::bench
