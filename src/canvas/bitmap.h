@@ -17,6 +17,9 @@ struct Bitmap {
     return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
                   static_cast<std::size_t>(x)];
   }
+  [[nodiscard]] const Colour* row(int y) const {
+    return pixels.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width);
+  }
   friend bool operator==(const Bitmap&, const Bitmap&) = default;
 };
 

@@ -28,7 +28,7 @@ struct Channel {
 class Decoder {
  public:
   Decoder(std::string_view bytes, const BitmapHeader& header, int side)
-      : file_(bytes), size_(bytes.size()), h_(header) {
+      : bytes_(bytes), file_(bytes), size_(bytes.size()), h_(header) {
     const auto cut = [side](std::int64_t extent) {
       return static_cast<int>(std::min<std::int64_t>(extent, side));
     };
@@ -89,7 +89,19 @@ class Decoder {
     const std::int64_t row = h_.fromTop ? y : h_.height - 1 - y;
     const std::size_t from =
         h_.pixelsAt + static_cast<std::size_t>(row) * static_cast<std::size_t>(h_.bytesOfRow());
+    if (h_.bits == 24) return decodePlainRow(from, y);
     for (int x = 0; x < picture_.width; ++x) put(x, y, pixelAt(from, static_cast<std::size_t>(x)));
+  }
+
+  /// The depth of the program's own pictures, which are read at every new maze.
+  void decodePlainRow(std::size_t from, int y) {
+    const auto width = static_cast<std::size_t>(picture_.width);
+    const std::string_view row = bytes_.substr(from, 3 * width);
+    Colour* out = picture_.pixels.data() + static_cast<std::size_t>(y) * width;
+    for (std::size_t at = 0; at + 2 < row.size(); at += 3) {
+      const auto channel = [&](std::size_t i) { return static_cast<std::uint8_t>(row[at + i]); };
+      *out++ = fromBytes(channel(0), channel(1), channel(2));
+    }
   }
 
   [[nodiscard]] Colour pixelAt(std::size_t row, std::size_t x) const {
@@ -99,7 +111,6 @@ class Decoder {
       return paletteColour(file_.byte(row + bit / 8) >> shift & ((1U << h_.bits) - 1));
     }
     const std::size_t at = row + x * (h_.bits / 8);
-    if (h_.bits == 24) return fromBytes(file_.byte(at), file_.byte(at + 1), file_.byte(at + 2));
     const std::uint32_t pixel = file_.number(at, static_cast<int>(h_.bits / 8));
     return red_.in(pixel) | green_.in(pixel) << 8 | blue_.in(pixel) << 16;
   }
@@ -140,6 +151,7 @@ class Decoder {
     }
   }
 
+  std::string_view bytes_;
   BitmapBytes file_;
   std::size_t size_;
   const BitmapHeader& h_;

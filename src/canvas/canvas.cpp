@@ -59,29 +59,31 @@ void Canvas::paintPicture(const Bitmap& source) {
   const int rows = std::min(source.height, kSide);
   if (columns <= 0 || rows <= 0) return;
   for (int y = 0; y < rows; ++y) {
-    for (int x = 0; x < columns; ++x) {
-      const Colour ink = (source.at(x, y) & kColourMask) | kCovered;
-      shown_[index(x, y)] = ink;
-      if (autoRedraw_) persistent_[index(x, y)] = ink;
-    }
+    const Colour* in = source.row(y);
+    Colour* shown = shown_.data() + index(0, y);
+    for (int x = 0; x < columns; ++x) shown[x] = (in[x] & kColourMask) | kCovered;
+    if (autoRedraw_) std::copy_n(shown, columns, persistent_.data() + index(0, y));
   }
   touch(0, 0, columns - 1, rows - 1);
 }
 
 void Canvas::setPicture(const Bitmap& picture) {
-  std::fill(persistent_.begin(), persistent_.end(), backColor_ & kColourMask);
   const int columns = std::min(picture.width, kSide);
   const int rows = std::min(picture.height, kSide);
-  for (int y = 0; y < rows; ++y) {
-    for (int x = 0; x < columns; ++x) {
-      persistent_[index(x, y)] = (picture.at(x, y) & kColourMask) | kCovered;
-    }
+  const Colour ground = backColor_ & kColourMask;
+  for (int y = 0; y < kSide; ++y) {
+    Colour* row = persistent_.data() + index(0, y);
+    const int covered = y < rows ? columns : 0;
+    const Colour* in = covered > 0 ? picture.row(y) : nullptr;
+    for (int x = 0; x < covered; ++x) row[x] = (in[x] & kColourMask) | kCovered;
+    std::fill(row + covered, row + kSide, ground);
   }
   shown_ = persistent_;
   touch(0, 0, kSide - 1, kSide - 1);
 }
 
 void Canvas::setBackColor(Colour colour) {
+  if (colour == backColor_) return;
   backColor_ = colour;
   const Colour ground = colour & kColourMask;
   for (auto* plane : {&persistent_, &shown_}) {
@@ -99,9 +101,10 @@ Colour Canvas::shownPoint(int x, int y) const {
 
 Bitmap Canvas::visiblePart(const std::vector<Colour>& plane) const {
   Bitmap part = plainBitmap(width_, height_, 0);
-  auto out = part.pixels.begin();
+  Colour* out = part.pixels.data();
   for (int y = 0; y < height_; ++y) {
-    for (int x = 0; x < width_; ++x) *out++ = plane[index(x, y)] & kColourMask;
+    const Colour* row = plane.data() + index(0, y);
+    for (int x = 0; x < width_; ++x) *out++ = row[x] & kColourMask;
   }
   return part;
 }

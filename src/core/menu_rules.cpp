@@ -25,7 +25,8 @@ bool loopRulesStand(Program& program) {
                           s.mazeMadeOnce ? 1 : 0, s.print.printedNow ? 1 : 0}) {
     key = key << 4 | static_cast<std::uint64_t>(value);
   }
-  key = key << 28 | static_cast<std::uint64_t>(s.printTotal) << 14 | static_cast<std::uint64_t>(s.printedCount);
+  key =
+      key << 28 | static_cast<std::uint64_t>(s.printTotal) << 14 | static_cast<std::uint64_t>(s.printedCount);
   MenuModel& menus = program.menus;
   if (menus.loopKey == key && menus.loopRevision == menus.revision()) return true;
   menus.loopKey = key;

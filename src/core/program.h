@@ -32,7 +32,6 @@ struct Program {
 
   ProgramState state;
   Canvas canvas;
-  Bitmap pictureHolder;  ///< Holds a picture on its way to the Canvas.
   ColourSets colours;
   MenuModel menus;
   ControlModel controls;

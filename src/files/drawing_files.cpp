@@ -61,9 +61,7 @@ void refreshLists(Program& program) {
 
 }  // namespace
 
-bool isNameForDrawing(std::string_view base) {
-  return staysInFolder(base) && !isOwnPicture(base);
-}
+bool isNameForDrawing(std::string_view base) { return staysInFolder(base) && !isOwnPicture(base); }
 
 void recoverSaves(const WorkFolder& folder) {
   std::set<std::string> bases;

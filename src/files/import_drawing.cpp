@@ -15,8 +15,9 @@ void importEntered(Program& program) {
   ProgramState& s = program.state;
   const std::string base = baseName(program.controls[ControlId::Text8].text);
   closePanel(program, kImportPanel);
-  const auto picture = staysInFolder(base) ? program.platform.loadBitmap(program.files->resolve(base + ".bmp"))
-                                           : Outcome<Bitmap>(Fault{Fault::Kind::notFound, base});
+  const auto picture = staysInFolder(base)
+                           ? program.platform.loadBitmap(program.files->resolve(base + ".bmp"))
+                           : Outcome<Bitmap>(Fault{Fault::Kind::notFound, base});
   if (!picture) {
     program.platform.messageBox("Error: can't find bitmap.");
     return;

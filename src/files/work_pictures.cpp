@@ -1,34 +1,42 @@
 #include "files/work_pictures.h"
 
+#include <system_error>
+#include <utility>
+
 #include "files/work_folder.h"
 #include "platform/platform.h"
 
 namespace gridwright {
 
-void WorkPictures::save(std::string_view name, const Bitmap& picture) {
-  Copy& copy = copies_[std::string(name)];
-  copy.width = picture.width;
-  copy.height = picture.height;
-  copy.channels.resize(picture.pixels.size() * 3);
-  std::uint8_t* out = copy.channels.data();
-  for (const Colour pixel : picture.pixels) {
-    for (const int shift : {0, 8, 16}) *out++ = static_cast<std::uint8_t>(pixel >> shift);
-  }
-  copy.lastWriteFailed = !platform_.saveBitmap(picture, folder_.resolve(name));
+std::optional<WorkPictures::Stamp> WorkPictures::stampOf(const std::filesystem::path& path) {
+  std::error_code noTime;
+  std::error_code noSize;
+  const Stamp stamp{std::filesystem::last_write_time(path, noTime), std::filesystem::file_size(path, noSize)};
+  if (noTime || noSize) return std::nullopt;
+  return stamp;
 }
 
-Bitmap WorkPictures::load(std::string_view name) {
+void WorkPictures::save(std::string_view name, Bitmap picture) {
+  Copy& copy = copies_[std::string(name)];
+  copy.picture = std::move(picture);
+  const std::filesystem::path path = folder_.resolve(name);
+  copy.lastWriteFailed = !platform_.saveBitmap(copy.picture, path);
+  copy.written = stampOf(path);
+}
+
+const Bitmap& WorkPictures::load(std::string_view name) {
   const auto kept = copies_.find(name);
-  if (kept == copies_.end() || !kept->second.lastWriteFailed) {
-    if (auto fromFile = platform_.loadBitmap(folder_.resolve(name))) return std::move(fromFile.value());
+  const bool known = kept != copies_.end();
+  if (known && kept->second.lastWriteFailed) return kept->second.picture;
+  const std::filesystem::path path = folder_.resolve(name);
+  if (known && kept->second.written && kept->second.written == stampOf(path)) return kept->second.picture;
+  fromFile_ = {};
+  if (auto read = platform_.loadBitmap(path)) {
+    fromFile_ = std::move(read.value());
+  } else if (known) {
+    return kept->second.picture;
   }
-  if (kept == copies_.end()) return {};
-  const Copy& copy = kept->second;
-  Bitmap picture = plainBitmap(copy.width, copy.height, 0);
-  for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-    picture.pixels[i] = copy.channels[3 * i] | copy.channels[3 * i + 1] << 8 | copy.channels[3 * i + 2] << 16;
-  }
-  return picture;
+  return fromFile_;
 }
 
 }  // namespace gridwright

@@ -1,14 +1,16 @@
 // The pictures in progress: "drawing1.bmp" and its fellows in the working folder.
 //
 // A picture is read from its file. If that cannot be read, or its last write failed, the copy kept in
-// memory stands in: a full disk or a deleted file loses nothing. Failures are quiet.
+// memory stands in: a full disk or a deleted file loses nothing. Failures are quiet. A file that is
+// still as it was written is not decoded again, because the copy is the same picture.
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "canvas/bitmap.h"
 
@@ -21,20 +23,29 @@ class WorkPictures {
  public:
   WorkPictures(Platform& platform, const WorkFolder& folder) : platform_(platform), folder_(folder) {}
 
-  void save(std::string_view name, const Bitmap& picture);
-  /// The picture, or an empty one that was never written.
-  Bitmap load(std::string_view name);
+  void save(std::string_view name, Bitmap picture);
+  /// The picture, or an empty one that was never written; it stands until the next call.
+  const Bitmap& load(std::string_view name);
 
  private:
-  struct Copy {
-    int width = 0, height = 0;
-    std::vector<std::uint8_t> channels;  // three bytes a pixel: six pictures are kept
-    bool lastWriteFailed = false;
+  /// What tells that a file was touched since.
+  struct Stamp {
+    std::filesystem::file_time_type time;
+    std::uintmax_t size = 0;
+    friend bool operator==(const Stamp&, const Stamp&) = default;
   };
+  struct Copy {
+    Bitmap picture;
+    bool lastWriteFailed = false;
+    std::optional<Stamp> written;
+  };
+
+  static std::optional<Stamp> stampOf(const std::filesystem::path& path);
 
   Platform& platform_;
   const WorkFolder& folder_;
   std::map<std::string, Copy, std::less<>> copies_;
+  Bitmap fromFile_;
 };
 
 }  // namespace gridwright

@@ -9,9 +9,7 @@ namespace gridwright {
 
 void paintWorkPicture(Program& program, std::string_view name) {
   program.canvas.setAutoRedraw(true);
-  program.pictureHolder = program.pictures.load(name);
-  program.canvas.paintPicture(program.pictureHolder);
-  program.pictureHolder = {};
+  program.canvas.paintPicture(program.pictures.load(name));
 }
 
 void chooseUnderpassLength(Program& program) {

@@ -28,10 +28,9 @@ bool threeWaysBordered(const Program& program, int times) {
   int open = 0;
   for (const Direction& d : directions) {
     const Square cell = s.cur.moved(d.dx, d.dy);
-    const bool bordered =
-        !pixels.maze(d.sampleX, d.sampleY) &&
-        (pixels.border(d.sampleX, d.sampleY) ||
-         !pixels.allGround(cell.left - 1, cell.top - 1, cell.right + 1, cell.bottom + 1));
+    const bool bordered = !pixels.maze(d.sampleX, d.sampleY) &&
+                          (pixels.border(d.sampleX, d.sampleY) ||
+                           !pixels.allGround(cell.left - 1, cell.top - 1, cell.right + 1, cell.bottom + 1));
     if (!bordered && ++open == 2) return false;  // whole cells are costly to look at
   }
   return open == 1;

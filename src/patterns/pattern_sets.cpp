@@ -116,7 +116,7 @@ void loadSetEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text6].text);
   closeSetPanel(program, kLoadSetPanel);
   const auto text = staysInFolder(base) ? program.files->readText(fileName(program, base))
-                                       : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
+                                        : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
   const auto set = text ? parseSet(text.value()) : Outcome<PatternSet>(text.fault());
   if (!set) {
     program.platform.messageBox("Error: can't find file.");

@@ -108,9 +108,7 @@ void loadthispic(Program& program) {
   if (!trailChanged && !playBegan) return;
   program.canvas.fill(s.cur, s.mazeColor);
   if (s.trailOff) {
-    program.pictureHolder = program.pictures.load("drawing2.bmp");
-    program.canvas.paintPicture(program.pictureHolder);
-    program.pictureHolder = {};
+    program.canvas.paintPicture(program.pictures.load("drawing2.bmp"));
     program.canvas.fill(s.start, s.mazeColor);
   } else {
     s.cur = s.prev = s.start;

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "canvas/bitmap_decode.h"
+#include "canvas/bitmap_encode.h"
 #include "canvas/canvas.h"
 
 namespace gridwright {
@@ -48,10 +49,13 @@ QImage imageOf(const Bitmap& picture) {
 }
 
 Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path) {
+  const std::string bytes = encodeBitmapFile(picture);
   QFile file(nameOf(path));
-  if (!file.open(QIODevice::WriteOnly) || !imageOf(picture).save(&file, "BMP") || !file.flush()) {
-    return Fault{Fault::Kind::notWritable, path.string()};
-  }
+  const bool written =
+      file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+      file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size());
+  file.close();
+  if (!written || file.error() != QFileDevice::NoError) return Fault{Fault::Kind::notWritable, path.string()};
   return Done{};
 }
 

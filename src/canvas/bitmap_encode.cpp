@@ -1,0 +1,53 @@
+#include "canvas/bitmap_encode.h"
+
+#include <cstdint>
+
+namespace gridwright {
+
+namespace {
+
+constexpr std::uint32_t kFileHeader = 14;
+constexpr std::uint32_t kInfoHeader = 40;
+constexpr std::uint32_t kPixelsAMetre = 3780;  // 96 an inch, as screens have
+
+void appendNumber(std::string& bytes, std::uint32_t value, int count) {
+  for (int i = 0; i < count; ++i) bytes.push_back(static_cast<char>(value >> 8 * i));
+}
+
+}  // namespace
+
+std::string encodeBitmapFile(const Bitmap& picture) {
+  const auto width = static_cast<std::uint32_t>(picture.width);
+  const auto height = static_cast<std::uint32_t>(picture.height);
+  const std::uint32_t row = (3 * width + 3) / 4 * 4;
+  std::string bytes = "BM";
+  bytes.reserve(kFileHeader + kInfoHeader + std::size_t{row} * height);
+  appendNumber(bytes, kFileHeader + kInfoHeader + row * height, 4);
+  appendNumber(bytes, 0, 4);
+  appendNumber(bytes, kFileHeader + kInfoHeader, 4);
+  appendNumber(bytes, kInfoHeader, 4);
+  appendNumber(bytes, width, 4);
+  appendNumber(bytes, height, 4);
+  appendNumber(bytes, 1, 2);
+  appendNumber(bytes, 24, 2);
+  appendNumber(bytes, 0, 4);
+  appendNumber(bytes, row * height, 4);
+  appendNumber(bytes, kPixelsAMetre, 4);
+  appendNumber(bytes, kPixelsAMetre, 4);
+  appendNumber(bytes, 0, 4);
+  appendNumber(bytes, 0, 4);
+  const std::size_t pixelsAt = bytes.size();
+  bytes.resize(pixelsAt + std::size_t{row} * height);
+  for (std::uint32_t y = 0; y < height; ++y) {
+    const Colour* in = picture.pixels.data() + std::size_t{height - 1 - y} * width;
+    char* out = bytes.data() + pixelsAt + std::size_t{y} * row;
+    for (std::uint32_t x = 0; x < width; ++x, ++in) {
+      *out++ = static_cast<char>(*in >> 16);
+      *out++ = static_cast<char>(*in >> 8);
+      *out++ = static_cast<char>(*in);
+    }
+  }
+  return bytes;
+}
+
+}  // namespace gridwright
