@@ -16,7 +16,8 @@ namespace {
 constexpr int kSmallest = 5;
 constexpr int kLargest = 50;
 
-/// A new wall size means a new grid: the brush goes to the first cell and no end is placed.
+/// A new wall size means a new grid: the brush goes to the first cell, no end is placed, and a maze
+/// that was made part of every maze is one no more, since its stops lie on the old grid.
 void startNewGrid(ProgramState& s, int wallSize) {
   s.wallWidth = s.wallHeight = wallSize;
   pitchFromKind(s);
@@ -26,6 +27,7 @@ void startNewGrid(ProgramState& s, int wallSize) {
   s.drawing.skipPaintOnce = true;
   s.symmetryMode = Symmetry::off;
   s.drawingOff = false;
+  s.nrefreshDue = false;
 }
 
 }  // namespace

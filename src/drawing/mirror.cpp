@@ -44,7 +44,9 @@ void measureDrawing(Program& program) {
   const int width = program.canvas.scaleWidth();
   const int height = program.canvas.scaleHeight();
   pitchFromKind(s);
-  if (s.cur.right >= width || s.cur.bottom >= height) s.cur = s.prev = firstCell(s);
+  // A smaller Canvas leaves the square outside, and so does a jump to the centre of one with two columns.
+  const bool outside = s.cur.left < 0 || s.cur.top < 0 || s.cur.right >= width || s.cur.bottom >= height;
+  if (outside) s.cur = s.prev = firstCell(s);
   s.squareWidth = s.cur.right - s.cur.left;
   s.squareHeight = s.cur.bottom - s.cur.top;
   const Lines columns = walkLines(s.wallWidth, s.stepX, width, s.cur.left);

@@ -57,7 +57,9 @@ void rfinish(Program& program) {
   }
   s.start = s.finish = {-1, -1, -1, -1};
   if (s.phase == Phase::making || s.phase == Phase::placing) {
-    s.start = s.walker.walkStart = searchCarvedStart(program);
+    s.start = searchCarvedStart(program);
+    // Before anything is carved there is no start; the walker must still have a cell to go back to.
+    if (isPlaced(s.start)) s.walker.walkStart = s.start;
     if (s.phase == Phase::making) {
       resetWhileMaking(program);
     } else {

@@ -1,0 +1,341 @@
+// What holds of every maze whose corridors run under each other: it ends, it is a tree with the
+// underpasses counted, it is solved from any two cells, the trail is the one way, and the found finish
+// is the best one. The slow twin here reads cells, joins and tunnels from the pixels.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <deque>
+#include <random>
+
+#include "support/maze_reading.h"
+#include "support/world.h"
+
+namespace gridwright::test {
+namespace {
+
+struct Setting {
+  const char* name;
+  Item kind;
+  Item length;
+};
+const std::array kSettings = {Setting{"3-d", Item::create3d, Item::pthick},
+                              Setting{"short pipes", Item::create3dpipe, Item::pthick},
+                              Setting{"long pipes", Item::create3dpipe, Item::pthin}};
+constexpr std::array kLevels = {Item::mode1, Item::mode2, Item::mode3, Item::mode4, Item::mode5, Item::mode6};
+
+/// Drawings of one room each, so that the maze is one tree.
+const std::array kRooms = {
+    Text{"...........", "...........", "...........", "...........", "...........", "...........",
+         "..........."},
+    Text{".........", ".........", ".........", "...###...", "...###...", "...###...", ".........",
+         ".........", "........."},
+    Text{"...............", "...............", "...............", ".....,,,,,.....", ".....,,,,,....."},
+};
+
+class TunnelReading {
+ public:
+  TunnelReading(const Bitmap& picture, PlainSets sets, int wall)
+      : picture_(picture), sets_(std::move(sets)), wall_(wall) {
+    columns_ = picture.width / wall - 1;
+    rows_ = picture.height / wall - 1;
+    cells_ = columns_ * rows_;
+    ways_.resize(static_cast<std::size_t>(cells_));
+    for (int cell = 0; cell < cells_; ++cell) readJoins(cell);
+    for (int cell = 0; cell < cells_; ++cell) {
+      for (const int d : {0, 2}) readTunnel(cell, d);
+    }
+  }
+
+  struct Way {
+    int to;
+    int span;  // 0: a join
+  };
+
+  [[nodiscard]] bool carved(int cell) const {
+    const Square q = squareAt(cell);
+    return maze(q.left, q.top) && maze(q.right, q.bottom);
+  }
+  [[nodiscard]] std::vector<int> carvedCells() const {
+    std::vector<int> list;
+    for (int cell = 0; cell < cells_; ++cell) {
+      if (carved(cell)) list.push_back(cell);
+    }
+    return list;
+  }
+  [[nodiscard]] Square squareAt(int cell) const {
+    return squareOf(cell % columns_ + 1, cell / columns_ + 1, wall_);
+  }
+  [[nodiscard]] int cellOf(const Square& q) const {
+    return (q.top / wall_ - 1) * columns_ + q.left / wall_ - 1;
+  }
+  [[nodiscard]] int wayCount() const {
+    std::size_t ends = 0;
+    for (const auto& ways : ways_) ends += ways.size();
+    return static_cast<int>(ends / 2);
+  }
+  [[nodiscard]] int tunnels() const { return tunnels_; }
+  [[nodiscard]] bool hasClosedCells() const { return closedCells_; }
+
+  struct Reach {
+    bool reached = false;
+    int from = -1;
+    int joins = 0, spans = 0, underpasses = 0;
+  };
+  [[nodiscard]] std::vector<Reach> reachFrom(int start) const {
+    std::vector<Reach> reach(static_cast<std::size_t>(cells_));
+    reach[static_cast<std::size_t>(start)].reached = true;
+    std::deque<int> open{start};
+    while (!open.empty()) {
+      const int cell = open.front();
+      open.pop_front();
+      const Reach here = reach[static_cast<std::size_t>(cell)];
+      for (const Way& way : ways_[static_cast<std::size_t>(cell)]) {
+        Reach& there = reach[static_cast<std::size_t>(way.to)];
+        if (there.reached) continue;
+        there = {true, cell, here.joins + (way.span == 0), here.spans + way.span,
+                 here.underpasses + (way.span != 0)};
+        open.push_back(way.to);
+      }
+    }
+    return reach;
+  }
+
+ private:
+  static constexpr std::array kDx = {1, -1, 0, 0};
+  static constexpr std::array kDy = {0, 0, 1, -1};
+
+  [[nodiscard]] bool maze(int x, int y) const {
+    if (x < 0 || y < 0 || x >= picture_.width || y >= picture_.height) return false;
+    return sets_.isMaze(picture_.at(x, y));
+  }
+  [[nodiscard]] int beside(int cell, int d) const {
+    const int column = cell % columns_ + kDx.at(static_cast<std::size_t>(d));
+    const int row = cell / columns_ + kDy.at(static_cast<std::size_t>(d));
+    if (column < 0 || row < 0 || column >= columns_ || row >= rows_) return -1;
+    return row * columns_ + column;
+  }
+  /// The two pixels of wall between neighbours are both gone.
+  [[nodiscard]] bool open(int cell, int d) const {
+    if (beside(cell, d) == -1) return false;
+    const Square q = squareAt(cell);
+    switch (d) {
+      case 0:
+        return maze(q.right + 1, q.top) && maze(q.right + 2, q.top);
+      case 1:
+        return maze(q.left - 1, q.top) && maze(q.left - 2, q.top);
+      case 2:
+        return maze(q.left, q.bottom + 1) && maze(q.left, q.bottom + 2);
+      default:
+        return maze(q.left, q.top - 1) && maze(q.left, q.top - 2);
+    }
+  }
+  [[nodiscard]] int openings(int cell) const {
+    return open(cell, 0) + open(cell, 1) + open(cell, 2) + open(cell, 3);
+  }
+  void join(int a, int b, int span) {
+    ways_[static_cast<std::size_t>(a)].push_back({b, span});
+    ways_[static_cast<std::size_t>(b)].push_back({a, span});
+  }
+  void readJoins(int cell) {
+    if (!carved(cell)) return;
+    for (const int d : {0, 2}) {
+      if (open(cell, d)) join(cell, beside(cell, d), 0);
+    }
+  }
+  /// A cell whose one opening is behind it, with carved ground before it, is a tunnel's mouth: the
+  /// tunnel ends at the mouth that matches as brackets do, or stops on the way at a cell closed all
+  /// round.
+  void readTunnel(int mouth, int d) {
+    const int back = d ^ 1;
+    if (!carved(mouth) || openings(mouth) != 1 || !open(mouth, back)) return;
+    if (beside(mouth, d) == -1 || !carved(beside(mouth, d))) return;
+    int from = mouth;
+    int depth = 1;
+    int span = 0;
+    for (int cell = beside(mouth, d); cell != -1; cell = beside(cell, d)) {
+      ++span;
+      const int count = carved(cell) ? openings(cell) : 0;
+      if (count == 0) {
+        if (depth != 1) continue;
+        closedCells_ = true;
+      } else if (count == 1 && open(cell, back)) {
+        ++depth;
+        continue;
+      } else if (count != 1 || !open(cell, d) || --depth != 0) {
+        continue;
+      }
+      join(from, cell, span);
+      ++tunnels_;
+      if (depth == 0) return;
+      from = cell;
+      span = 0;
+    }
+  }
+
+  const Bitmap& picture_;
+  PlainSets sets_;
+  int wall_, columns_ = 0, rows_ = 0, cells_ = 0, tunnels_ = 0;
+  bool closedCells_ = false;
+  std::vector<std::vector<Way>> ways_;
+};
+
+/// A session up to the maze, and then whatever the test adds to the desktop's list.
+struct Session {
+  Session(const Text& cells, const Setting& setting, int level, Item size, std::uint32_t seed,
+          int wall = 10) {
+    world.desktop.seed = seed;
+    world.desktop.limit = 3'000'000;
+    world.begin(drawing(cells, wall));
+    if (wall != 10) {
+      world.desktop.menu(Item::changewallsize);
+      world.desktop.enter(ControlId::Text2, std::to_string(wall));
+    }
+    world.desktop.menu(Item::cgenerate);
+    world.desktop.menu(setting.kind);
+    world.desktop.menu(kLevels.at(static_cast<std::size_t>(level - 1)));
+    world.desktop.menu(size);
+    if (setting.length == Item::pthin) world.desktop.menu(Item::pthin);
+    world.desktop.menu(Item::newmaze);
+    world.desktop.untilPhase(Phase::placing);
+    world.desktop.pumpsPass(1);
+  }
+  [[nodiscard]] TunnelReading reading() {
+    return {*world.desktop.file("drawing3.bmp"), PlainSets(world.program.colours), world.state.wallWidth};
+  }
+  World world;
+};
+
+std::string nameOf(const Setting& setting, int level, Item size, std::uint32_t seed, std::size_t room) {
+  return std::string(setting.name) + ", difficulty " + std::to_string(level) +
+         (size == Item::plarge ? ", large paths" : ", normal paths") + ", seed " + std::to_string(seed) +
+         ", room " + std::to_string(room);
+}
+
+/// Start and finish on two cells of the maze, by chance, as if they had been moved there.
+void placeByChance(Session& session, std::mt19937& random, int& start, int& finish) {
+  session.world.desktop.act([&](Program& p) {
+    const TunnelReading maze = session.reading();
+    const auto cells = maze.carvedCells();
+    start = cells[random() % cells.size()];
+    do finish = cells[random() % cells.size()];
+    while (finish == start);
+    p.state.start = maze.squareAt(start);
+    p.state.finish = maze.squareAt(finish);
+    p.state.ends.underStart = p.state.ends.underFinish = kWhite;
+  });
+  session.world.desktop.pumpsPass(1);
+}
+
+std::string treeFault(const TunnelReading& maze) {
+  const auto cells = maze.carvedCells();
+  const auto reach = maze.reachFrom(cells.front());
+  const auto reached = std::count_if(cells.begin(), cells.end(),
+                                     [&](int c) { return reach[static_cast<std::size_t>(c)].reached; });
+  const auto count = static_cast<int>(cells.size());
+  if (reached == count && maze.wayCount() == count - 1) return {};
+  return std::to_string(count) + " cells, " + std::to_string(reached) + " reached, " +
+         std::to_string(maze.wayCount()) + " ways of which " + std::to_string(maze.tunnels()) + " tunnels";
+}
+
+std::string trailFault(const TunnelReading& maze, const Program& p, int start, int finish) {
+  const auto reach = maze.reachFrom(start);
+  std::vector<bool> onWay(reach.size());
+  for (int cell = finish; cell != -1; cell = reach[static_cast<std::size_t>(cell)].from)
+    onWay[static_cast<std::size_t>(cell)] = true;
+  if (!onWay[static_cast<std::size_t>(start)]) return "no way for the twin";
+  for (const int cell : maze.carvedCells()) {
+    const Square q = maze.squareAt(cell);
+    bool any = false;
+    for (int y = q.top; y <= q.bottom; ++y) {
+      for (int x = q.left; x <= q.right; ++x) any = any || p.canvas.point(x, y) == p.state.startColor;
+    }
+    if (any != onWay[static_cast<std::size_t>(cell)]) {
+      return std::string(any ? "a stub" : "a gap") + " at (" + std::to_string(q.left) + ", " +
+             std::to_string(q.top) + ")";
+    }
+  }
+  return {};
+}
+
+class EverySetting : public ::testing::TestWithParam<Setting> {};
+
+TEST_P(EverySetting, MakesOneTreeThatIsSolvedByItsOnlyWay) {
+  const Setting& setting = GetParam();
+  std::mt19937 random(7);
+  int tunnels = 0;
+  for (int level = 1; level <= 6; ++level) {
+    for (const Item size : {Item::pnormal, Item::plarge}) {
+      for (std::uint32_t seed = 1; seed <= 6; ++seed) {
+        const std::size_t room = seed % kRooms.size();
+        const std::string name = nameOf(setting, level, size, seed, room);
+        Session session(kRooms.at(room), setting, level, size, seed);
+        int start = -1, finish = -1;
+        placeByChance(session, random, start, finish);
+        session.world.desktop.menu(Item::solvemaze);
+        session.world.desktop.untilPhase(Phase::solved);
+        ASSERT_EQ(session.world.run(), "") << name;
+        const TunnelReading maze = session.reading();
+        ASSERT_EQ(treeFault(maze), "") << name;
+        EXPECT_EQ(trailFault(maze, session.world.program, start, finish), "")
+            << name << " from " << start << " to " << finish;
+        tunnels += maze.tunnels();
+      }
+    }
+  }
+  EXPECT_GT(tunnels, 0);
+}
+
+TEST_P(EverySetting, WorksAtTheSmallestAndAtAnOddWallSize) {
+  for (const int wall : {5, 7, 12}) {
+    for (std::uint32_t seed = 1; seed <= 4; ++seed) {
+      Session session(kRooms[0], GetParam(), 4, Item::plarge, seed, wall);
+      session.world.desktop.menu(Item::solvemaze);
+      session.world.desktop.untilPhase(Phase::solved);
+      ASSERT_EQ(session.world.run(), "") << wall << " seed " << seed;
+      EXPECT_EQ(treeFault(session.reading()), "") << wall << " seed " << seed;
+    }
+  }
+}
+
+TEST_P(EverySetting, FindsTheFinishThatTheTwinFinds) {
+  const Setting& setting = GetParam();
+  int compared = 0;
+  for (const Item option : {Item::largestsolution, Item::includeunderpasses, Item::mostunderpasses}) {
+    for (const int level : {2, 4, 6}) {
+      for (std::uint32_t seed = 1; seed <= 5; ++seed) {
+        const std::string name = nameOf(setting, level, Item::pnormal, seed, seed % kRooms.size());
+        Session session(kRooms.at(seed % kRooms.size()), setting, level, Item::pnormal, seed);
+        session.world.desktop.menu(option);
+        session.world.desktop.until(
+            [](const Program& p) { return p.state.finishFound && p.state.phase == Phase::placing; });
+        session.world.desktop.pumpsPass(1);
+        ASSERT_EQ(session.world.run(), "") << name;
+        const TunnelReading maze = session.reading();
+        if (maze.hasClosedCells()) continue;  // such a cell is half a step; the twin has no halves
+        ++compared;
+        const auto reach = maze.reachFrom(maze.cellOf(session.world.state.start));
+        const auto worth = [&](int cell) {
+          const auto& r = reach[static_cast<std::size_t>(cell)];
+          if (option == Item::largestsolution) return std::pair{0, r.joins};
+          if (option == Item::includeunderpasses) return std::pair{0, r.joins + r.spans};
+          return std::pair{r.underpasses, r.joins};
+        };
+        auto best = worth(maze.cellOf(session.world.state.start));
+        for (const int cell : maze.carvedCells()) best = std::max(best, worth(cell));
+        EXPECT_EQ(worth(maze.cellOf(session.world.state.finish)), best) << name << ", " << rowOf(option).name;
+      }
+    }
+  }
+  EXPECT_GT(compared, 22) << "at least every second maze";
+}
+
+INSTANTIATE_TEST_SUITE_P(Settings, EverySetting, ::testing::ValuesIn(kSettings), [](const auto& setting) {
+  std::string name = setting.param.name;
+  name.erase(std::remove_if(name.begin(), name.end(), [](char c) { return c == ' ' || c == '-'; }),
+             name.end());
+  return name;
+});
+
+}  // namespace
+}  // namespace gridwright::test
