@@ -88,11 +88,16 @@ void putWindow(Program& program, Values& values) {
   values[record::windowWidth] = place.width;
 }
 
-/// The square, or the first cell for one that lies off the Canvas.
-Square onCanvas(const Program& program, const Square& square) {
-  const auto inside = [](int low, int high, int extent) { return low >= 0 && low <= high && high < extent; };
-  const bool lies = inside(square.left, square.right, program.canvas.scaleWidth()) &&
-                    inside(square.top, square.bottom, program.canvas.scaleHeight());
+constexpr int kUnset = -10;
+
+/// The square, or the first cell for one that lies off the Canvas. Ends that are unset stand a little
+/// above and left of it, at -10 and up, and stay so.
+Square onCanvas(const Program& program, const Square& square, int lowest) {
+  const auto inside = [&](int side, int extent) { return side >= lowest && side < extent; };
+  const int width = program.canvas.scaleWidth();
+  const int height = program.canvas.scaleHeight();
+  const bool lies = inside(square.left, width) && inside(square.right, width) && inside(square.top, height) &&
+                    inside(square.bottom, height);
   return lies ? square : firstCell(program.state);
 }
 
@@ -101,11 +106,11 @@ void takeGeometry(Program& program, const Values& values) {
   s.mazeKind = static_cast<MazeKind>(values[record::mazeKind]);
   s.wallWidth = s.wallHeight = values[record::wallWidth];
   pitchFromKind(s);
-  s.cur = onCanvas(program, squareAt(values, record::cur));
+  s.cur = onCanvas(program, squareAt(values, record::cur), 0);
   if (s.cur.left >= s.cur.right || s.cur.top >= s.cur.bottom) s.cur = firstCell(s);
   s.prev = s.cur;
-  s.start = onCanvas(program, squareAt(values, record::start));
-  s.finish = onCanvas(program, squareAt(values, record::finish));
+  s.start = onCanvas(program, squareAt(values, record::start), kUnset);
+  s.finish = onCanvas(program, squareAt(values, record::finish), kUnset);
 }
 
 void takeColours(Program& program, const Values& values) {
