@@ -70,7 +70,7 @@ TEST_P(EveryEndPoint, AJobWithAnswersPrintsTwoPagesAMaze) {
     EXPECT_NE(blank, solved);
     for (std::size_t i = 0; i < blank.pixels.size(); ++i) {
       if (blank.pixels[i] == solved.pixels[i]) continue;
-      ASSERT_EQ(blank.pixels[i], kWhite) << "the answer lies on the maze's own paths";
+      ASSERT_TRUE(blank.pixels[i] != kNavy && blank.pixels[i] != kBlue) << "the answer crosses no wall";
     }
   }
 }
