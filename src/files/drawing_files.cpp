@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
+#include <cctype>
+#include <map>
 
 #include "core/panels.h"
 #include "files/drawing_record.h"
@@ -31,6 +32,11 @@ bool isOwnPicture(std::string_view base) {
     if (equalButForCase("example" + std::to_string(slide), base)) return true;
   }
   return false;
+}
+
+std::string inLowerCase(std::string text) {
+  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return text;
 }
 
 PairPaths pairOf(const WorkFolder& folder, const std::string& base) {
@@ -64,15 +70,17 @@ void refreshLists(Program& program) {
 bool isNameForDrawing(std::string_view base) { return staysInFolder(base) && !isOwnPicture(base); }
 
 void recoverSaves(const WorkFolder& folder) {
-  std::set<std::string> bases;
-  for (const std::string_view ending : {".maze.building", ".maze.ready", ".bmp.building"}) {
-    for (const std::string& name : folder.list(ending))
-      bases.insert(name.substr(0, name.size() - ending.size()));
+  // The bitmap's name may be spelt unlike the record's: a pair is found by its name without case.
+  std::map<std::string, PairPaths> pairs;
+  for (const std::string_view ending : {".bmp.building", ".maze.building", ".maze.ready"}) {
+    for (const std::string& name : folder.list(ending)) {
+      const std::string target = name.substr(0, name.rfind('.'));
+      const std::string base = target.substr(0, target.rfind('.'));
+      PairPaths& pair = pairs.try_emplace(inLowerCase(base), pairOf(folder, base)).first->second;
+      (equalButForCase(ending, ".bmp.building") ? pair.bitmap : pair.record) = folder.path() / target;
+    }
   }
-  for (const std::string& base : bases) {
-    recoverPair({folder.path() / (base + std::string(kRecordEnding)),
-                 folder.path() / (base + std::string(kBitmapEnding))});
-  }
+  for (const auto& [base, pair] : pairs) recoverPair(pair);
 }
 
 void sdrawing(Program& program) {
@@ -135,7 +143,8 @@ void keepLastDrawing(Program& program) {
   if (phase == Phase::title) return;
   if (phase == Phase::patternEditing || phase == Phase::patternRequest) {
     // The editor's field lies over the picture.
-    program.pictures.save(kLastDrawing, program.pictures.load("drawing4.bmp"));
+    if (program.state.editor.fieldCoversStrokes)
+      program.pictures.save(kLastDrawing, program.pictures.load("drawing4.bmp"));
   } else if (program.canvas.hasStrokes()) {
     program.pictures.save(kLastDrawing, program.canvas.image());
   }

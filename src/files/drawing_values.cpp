@@ -88,19 +88,29 @@ void putWindow(Program& program, Values& values) {
   values[record::windowWidth] = place.width;
 }
 
+constexpr int kUnset = -10;
+
+/// The square, or the first cell for one that lies off the Canvas. Ends that are unset stand a little
+/// above and left of it, at -10 and up, and stay so.
+Square onCanvas(const Program& program, const Square& square, int lowest) {
+  const auto inside = [&](int side, int extent) { return side >= lowest && side < extent; };
+  const int width = program.canvas.scaleWidth();
+  const int height = program.canvas.scaleHeight();
+  const bool lies = inside(square.left, width) && inside(square.right, width) && inside(square.top, height) &&
+                    inside(square.bottom, height);
+  return lies ? square : firstCell(program.state);
+}
+
 void takeGeometry(Program& program, const Values& values) {
   ProgramState& s = program.state;
   s.mazeKind = static_cast<MazeKind>(values[record::mazeKind]);
   s.wallWidth = s.wallHeight = values[record::wallWidth];
   pitchFromKind(s);
-  s.cur = squareAt(values, record::cur);
-  const bool onCanvas = s.cur.left >= 0 && s.cur.top >= 0 && s.cur.left < s.cur.right &&
-                        s.cur.top < s.cur.bottom && s.cur.right < program.canvas.scaleWidth() &&
-                        s.cur.bottom < program.canvas.scaleHeight();
-  if (!onCanvas) s.cur = firstCell(s);
+  s.cur = onCanvas(program, squareAt(values, record::cur), 0);
+  if (s.cur.left >= s.cur.right || s.cur.top >= s.cur.bottom) s.cur = firstCell(s);
   s.prev = s.cur;
-  s.start = squareAt(values, record::start);
-  s.finish = squareAt(values, record::finish);
+  s.start = onCanvas(program, squareAt(values, record::start), kUnset);
+  s.finish = onCanvas(program, squareAt(values, record::finish), kUnset);
 }
 
 void takeColours(Program& program, const Values& values) {
@@ -137,13 +147,15 @@ void takeSettings(Program& program, const Values& values) {
   s.autoMinimize = flagAt(values, record::autoMinimize);
   s.minimizedNow = false;
   s.symmetryMode = static_cast<Symmetry>(within(values[record::symmetryMode], 0, 3, 0));
-  s.patternState = values[record::patternState] == 3 ? PatternState::random : PatternState::choose;
+  s.randomPatternMode = values[record::randomPatternMode] == 5 ? 5 : 0;
+  // Random steps beside the mode of random patterns were temporary, and that ends with a load.
+  const bool randomSteps = values[record::patternState] == 3 && s.randomPatternMode != 5;
+  s.patternState = randomSteps ? PatternState::random : PatternState::choose;
   s.patternDirection = s.patternState == PatternState::random ? step::up : 0;
   s.randomStepsTemporary = false;
   s.stopAtFinish = flagAt(values, record::stopAtFinish);
   s.randomPatternSize = within(values[record::randomPatternSize], 2, 99, 5);
   s.randomStepsDone = std::max(values[record::randomStepsDone], 0);
-  s.randomPatternMode = values[record::randomPatternMode] == 5 ? 5 : 0;
   s.randomFlagLeft = flagAt(values, record::randomFlagLeft);
   s.randomFlagRight = flagAt(values, record::randomFlagRight);
   s.randomFlagUp = flagAt(values, record::randomFlagUp);
@@ -202,6 +214,10 @@ DrawingRecord recordOf(Program& program) {
 void install(Program& program, const DrawingRecord& drawing, const Bitmap& picture) {
   ProgramState& s = program.state;
   const Values& values = drawing.values;
+  // The window first: squares are held against the Canvas that they will lie on.
+  program.platform.setNormalPlace({values[record::windowLeft], values[record::windowTop],
+                                   values[record::windowWidth], values[record::windowHeight]});
+  program.canvas.resize(program.platform.maximise());
   program.canvas.setPicture(picture);
   s.files.lastSet.clear();
   takeGeometry(program, values);
@@ -216,9 +232,6 @@ void install(Program& program, const DrawingRecord& drawing, const Bitmap& pictu
       program.steps.write(place.kind, place.direction, steps);
     }
   }
-  program.platform.setNormalPlace({values[record::windowLeft], values[record::windowTop],
-                                   values[record::windowWidth], values[record::windowHeight]});
-  program.platform.maximise();
   program.platform.raise();
   s.drawing.skipPaintOnce = s.drawing.firstPaint = true;
   markAll(program, values);

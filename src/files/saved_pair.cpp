@@ -19,25 +19,30 @@ void forget(const fs::path& path) {
   fs::remove(path, ignored);
 }
 
+bool takeBitmapOver(const PairPaths& paths) {
+  std::error_code failed;
+  return !fs::exists(paths.buildingBitmap(), failed) || moveOver(paths.buildingBitmap(), paths.bitmap);
+}
+
 /// The record's ready name is the promise that both are whole; it goes last.
 bool finishTakingOver(const PairPaths& paths) {
-  std::error_code failed;
-  if (fs::exists(paths.buildingBitmap(), failed) && !moveOver(paths.buildingBitmap(), paths.bitmap))
-    return false;
-  return moveOver(paths.readyRecord(), paths.record);
+  return takeBitmapOver(paths) && moveOver(paths.readyRecord(), paths.record);
 }
 
 }  // namespace
 
 Outcome<Done> takePairOver(const PairPaths& paths) {
+  const Fault refused{Fault::Kind::notWritable, paths.record.string()};
   std::error_code failed;
   if (fs::is_directory(paths.record, failed) || fs::is_directory(paths.bitmap, failed) ||
-      !moveOver(paths.buildingRecord(), paths.readyRecord()) || !finishTakingOver(paths)) {
+      !moveOver(paths.buildingRecord(), paths.readyRecord()) || !takeBitmapOver(paths)) {
     forget(paths.buildingRecord());
     forget(paths.readyRecord());
     forget(paths.buildingBitmap());
-    return Fault{Fault::Kind::notWritable, paths.record.string()};
+    return refused;
   }
+  // The old bitmap is gone now: a ready record that cannot move yet stays, so that a recovery does.
+  if (!moveOver(paths.readyRecord(), paths.record)) return refused;
   return Done{};
 }
 

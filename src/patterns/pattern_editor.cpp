@@ -19,6 +19,9 @@ void captionEditing(Program& program) {
   program.controls.setCaption(kCaptions.at(static_cast<std::size_t>(program.state.mazeKind)));
 }
 
+/// `editorCallerPhase` while no editor is open.
+constexpr auto kNoCaller = static_cast<Phase>(-10);
+
 /// How the loop over the field was left.
 enum class Left { rebuild, end, quit };
 
@@ -117,6 +120,7 @@ void exitpattern(Program& program) {
   if (s.editedPattern == 0) return;
   endRandomRun(s);
   paintWorkPicture(program, "drawing4.bmp");
+  s.editor.editorCallerPhase = kNoCaller;
   s.phase = s.phaseBeforePatterns;
   s.editedPattern = 0;
   s.panelOpen = false;

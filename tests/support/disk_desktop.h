@@ -1,0 +1,17 @@
+// A desktop of memory whose bitmaps lie in a real folder, through the decoder that the desktops use.
+#pragma once
+
+#include "platform/images/image_files.h"
+#include "support/bare_desktop.h"
+
+namespace gridwright::test {
+
+class DiskDesktop : public BareDesktop {
+ public:
+  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override { return readBitmapFile(path); }
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override {
+    return writeBitmapFile(picture, path);
+  }
+};
+
+}  // namespace gridwright::test
