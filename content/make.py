@@ -5,8 +5,10 @@
 """
 
 import argparse
+import itertools
 import os
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -34,19 +36,60 @@ def read(path):
     return rows
 
 
-def side_by_side(drawing, maze, path):
+def side_by_side(drawing, maze):
     """The left half of a drawing beside the left half of its maze."""
     half = 3 * paint.draw.WIDTH // 2
     page = paint.Picture(paint.PAPER)
     lower = 70  # both stand in the middle of the page
-    for y in range(lower, paint.draw.HEIGHT):
-        page.rows[y] = drawing.rows[y - lower][:half] + maze[y - lower][:half]
-    for y in range(lower):
-        page.rows[y] = drawing.rows[0][:] + bytearray()
-    page.stroke([(366, 300), (426, 300)], 10, paint.CORAL)
-    page.polygon([(420, 276), (456, 300), (420, 324)], paint.CORAL)
-    paint.caption(page, "A drawing, and the maze that grows in it")
-    page.save(path)
+    for y in range(paint.draw.HEIGHT):
+        above = drawing.rows[0] if y < lower else drawing.rows[y - lower][:half] + maze[y - lower][:half]
+        page.rows[y] = bytearray(above)
+    page.stroke([(374, 300), (410, 300)], 10, paint.CORAL)
+    page.polygon([(406, 278), (434, 300), (406, 322)], paint.CORAL)
+    return paint.caption(page, "A drawing, and the maze that grows in it").rows
+
+
+def run_lengths(row):
+    """A row of palette numbers as pairs of a count and a number, and runs of single ones as they stand."""
+    packed, singles = bytearray(), bytearray()
+
+    def flush():
+        while len(singles) >= 3:
+            part = singles[:255] if len(singles) - 255 not in (1, 2) else singles[:252]
+            packed.extend(bytes((0, len(part))) + part + bytes(len(part) % 2))
+            del singles[: len(part)]
+        for number in singles:
+            packed.extend((1, number))
+        singles.clear()
+
+    for number, run in itertools.groupby(row):
+        count = len(list(run))
+        if count < 3:
+            singles.extend(bytes((number,)) * count)
+            continue
+        flush()
+        while count:
+            packed.extend((min(count, 255), number))
+            count -= min(count, 255)
+    flush()
+    return packed + b"\0\0"
+
+
+def save(rows, path):
+    """A bitmap of at most 256 colours, packed by run lengths: a sixth of the plain one."""
+    palette = {}
+    body = bytearray()
+    for row in reversed(rows):
+        triples = zip(row[0::3], row[1::3], row[2::3])
+        body += run_lengths(bytes(palette.setdefault(triple, len(palette)) for triple in triples))
+    body[-2:] = b"\0\1"
+    table = b"".join(bytes((blue, green, red, 0)) for red, green, blue in palette)
+    start = 54 + len(table)
+    head = struct.pack("<2sIHHI", b"BM", start + len(body), 0, 0, start)
+    size = (paint.draw.WIDTH, paint.draw.HEIGHT)
+    info = struct.pack("<IiiHHIIiiII", 40, *size, 1, 8, 1, len(body), 3780, 3780, len(palette), len(palette))
+    with open(path, "wb") as out:
+        out.write(head + info + table + body)
 
 
 def main():
@@ -66,11 +109,8 @@ def main():
         status = subprocess.run([words.program, "--work", folder, script], check=False).returncode
         if status:
             sys.exit(status)
-        maze = os.path.join(folder, "drawing3.bmp" if words.name in WITHOUT_ENDS else "maze.bmp")
-        if words.name == "example9":
-            side_by_side(drawing, read(maze), target + ".tmp")
-        else:
-            shutil.copy(maze, target + ".tmp")
+        maze = read(os.path.join(folder, "drawing3.bmp" if words.name in WITHOUT_ENDS else "maze.bmp"))
+    save(side_by_side(drawing, maze) if words.name == "example9" else maze, target + ".tmp")
     os.replace(target + ".tmp", target)
 
 

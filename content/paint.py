@@ -173,7 +173,7 @@ def oak():
         picture.ellipse(x, y, 13, 13, (120, 20, 24))
         picture.ellipse(x, y, 11, 11, (232, 62, 54))
         picture.ellipse(x - 3, y - 4, 3, 3, (255, 214, 200))
-    return caption(picture, "Wall size 5: more than eight thousand cells")
+    return caption(picture, "Wall size 5: seven thousand cells")
 
 
 def fish():
@@ -219,7 +219,9 @@ def teapot():
         picture.polygon(body, colour)
     lid = curve([(270, 226), (300, 170), (400, 146), (500, 170), (530, 226)])
     picture.stroke(lid + lid[:1], 12, outline)
-    picture.polygon(lid, TEAL)
+    picture.polygon(lid, (244, 150, 124))
+    for x, y in ((320, 204), (360, 176), (400, 206), (440, 176), (480, 204)):
+        picture.dot(x, y, 8, PAPER)
     picture.dot(400, 116, 30, outline)
     picture.dot(400, 116, 24, CORAL)
     for x, y in ((320, 330), (400, 300), (480, 330), (440, 410), (360, 410)):
