@@ -61,9 +61,9 @@ def read_packed(path):
 def smaller(rows, times):
     """Each new pixel is the mean of the old ones under it."""
     small = []
-    for y in range(0, len(rows), times):
+    for y in range(0, len(rows) // times * times, times):
         line = []
-        for x in range(0, len(rows[0]), times):
+        for x in range(0, len(rows[0]) // times * times, times):
             under = [rows[y + j][x + i] for j in range(times) for i in range(times)]
             line.append(tuple(sum(pixel[c] for pixel in under) // len(under) for c in range(3)))
         small.append(line)
