@@ -54,8 +54,8 @@ def name_strokes():
             letters.append([at(x, (0, middle), (20, base), (46, 212), (72, base), (92, middle))])
             x += 75
         elif letter == "g":
-            hook = curve([(x + 52, 340), (x + 42, 376), (x + 20, 384), (x, 372)])
-            letters.append([bowl(x), at(x, (64, middle), (64, 340)), hook])
+            hook = curve([(x + 52, 330), (x + 42, 360), (x + 20, 367), (x, 357)])
+            letters.append([bowl(x), at(x, (64, middle), (64, 330)), hook])
             x += 52
         elif letter == "h":
             arch = curve([(x, 250), (x + 12, 206), (x + 36, 200), (x + 48, 236), (x + 48, base)])
@@ -81,7 +81,8 @@ def title():
         ([(-20, 566), (170, 540), (380, 570), (560, 540), (820, 562)], (96, 52, 84)),
     ):
         picture.polygon(curve(points) + [(820, 620), (-20, 620)], colour)
-    letters = name_strokes()
+    rise = 66  # clear of the buttons
+    letters = [[[(x, y - rise) for x, y in line] for line in letter] for letter in name_strokes()]
     for spread, dx, dy, colour in ((36, 5, 7, (206, 120, 62)), (34, 0, 0, PAPER), (29, 0, 0, INK)):
         for letter in letters:
             for line in letter:
