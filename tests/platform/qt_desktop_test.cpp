@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "core/input.h"
 #include "core/panels.h"
@@ -124,7 +125,7 @@ TEST(TheCaption, IsTheModels) {
 
 /// What a screen reader says of the Canvas once the program waits for a person.
 QString description(Session& session) {
-  session.desktop.window().close();  // what ends the wait
+  QTimer::singleShot(20, &session.desktop.window(), &QWidget::close);  // what ends the wait
   try {
     session.pump(Pace::idle);
   } catch (const ProgramEnd&) {
