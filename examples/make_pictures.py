@@ -268,7 +268,70 @@ def window():
     return picture
 
 
-PICTURES = {"balloon": balloon, "cat": cat, "snail": snail, "window": window}
+def butterfly():
+    """Wings of several regions around a body that no maze enters; in the 3-d kind."""
+    gold, ink = (250, 196, 60), (28, 30, 52)
+    picture = Picture(YELLOW)
+    gradient(picture, (196, 232, 246), (236, 250, 226), 24)
+    for x, y, size in ((70, 520, 26), (150, 556, 18), (724, 520, 26), (650, 556, 18), (50, 60, 14), (750, 60, 14)):
+        for turn in range(0, 360, 60):
+            a = math.radians(turn)
+            picture.ellipse(x + size * math.cos(a), y + size * math.sin(a), size * 0.55, size * 0.55, (246, 150, 170))
+        picture.ellipse(x, y, size * 0.5, size * 0.5, gold)
+    upper = curve([(412, 250), (470, 120), (600, 40), (735, 60), (752, 170), (690, 280), (560, 318), (430, 292)], closed=True)
+    lower = curve([(416, 292), (520, 326), (640, 352), (676, 440), (610, 540), (510, 530), (440, 420)], closed=True)
+    for shape, colour in ((lower, MAROON), (upper, NAVY)):
+        for side in (shape, mirrored(shape, 400)):
+            picture.stroke(side + side[:1], 10, ink)
+            picture.polygon(side, colour)
+    inner = curve([(470, 236), (520, 150), (620, 96), (690, 120), (684, 190), (620, 248), (530, 270)], closed=True)
+    for side in (inner, mirrored(inner, 400)):
+        picture.polygon(side, PURPLE)
+    for axis in (606, 194):
+        picture.ellipse(axis, 452, 40, 40, TEAL)
+        picture.ellipse(axis, 452, 12, 12, gold)
+    for axis, top in ((716, 96), (84, 96)):
+        picture.ellipse(axis, top, 13, 13, gold)
+    picture.stroke([(400, 226), (400, 470)], lambda part: 38 - 24 * part, ink)
+    picture.dot(400, 206, 22, ink)
+    for side in (1, -1):
+        picture.stroke(curve([(400 + 8 * side, 190), (400 + 30 * side, 110), (400 + 74 * side, 70)]), 5, ink)
+        picture.dot(400 + 74 * side, 70, 8, ink)
+    return picture
+
+
+def octopus():
+    """Arms that are regions of one body; in the pipe kind."""
+    coral, ink = (238, 110, 84), (28, 30, 52)
+    picture = Picture(AQUA)
+    gradient(picture, (120, 206, 222), (30, 108, 160), 30)
+    for x, y, r in ((90, 110, 20), (120, 60, 10), (700, 90, 26), (736, 150, 12), (676, 40, 9), (60, 330, 9), (752, 330, 14)):
+        picture.ellipse(x, y, r, r, (214, 244, 250))
+        picture.ellipse(x - r * 0.3, y - r * 0.3, r * 0.25, r * 0.25, (252, 254, 252))
+    picture.polygon(curve([(-20, 560), (200, 540), (420, 556), (620, 536), (820, 556)]) + [(820, 620), (-20, 620)],
+                    (232, 206, 146))
+    arms = (
+        [(330, 330), (250, 400), (130, 400), (70, 340), (90, 270)],
+        [(345, 360), (290, 460), (170, 500), (90, 470)],
+        [(375, 370), (360, 470), (290, 530), (210, 540)],
+        [(392, 380), (392, 470), (378, 520), (352, 546)],
+    )
+    for rim, colour in ((10, (64, 20, 60)), (0, MAROON)):
+        for points in arms:
+            for line in (curve(points), mirrored(curve(points), 400)):
+                picture.stroke(line, lambda part, rim=rim: 62 - 26 * part + rim, colour)
+        picture.ellipse(400, 210, 150 + rim / 2, 176 + rim / 2, colour)
+    for axis in (344, 456):
+        picture.ellipse(axis, 240, 34, 40, (252, 250, 240))
+        picture.ellipse(axis + 4, 250, 15, 20, ink)
+        picture.ellipse(axis - 1, 242, 5, 6, (252, 250, 240))
+    picture.stroke(curve([(366, 304), (400, 322), (434, 304)]), 7, (64, 20, 60))
+    for x, y, r in ((320, 130, 16), (362, 90, 10), (470, 120, 19), (424, 80, 8), (500, 176, 9), (300, 182, 8)):
+        picture.ellipse(x, y, r, r, coral)
+    return picture
+
+
+PICTURES = {"balloon": balloon, "cat": cat, "snail": snail, "window": window, "butterfly": butterfly, "octopus": octopus}
 
 
 def main(words):

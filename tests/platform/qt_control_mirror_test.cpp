@@ -134,5 +134,14 @@ TEST(AButton, IsCalledByItsCaptionAndOpenedByAFirstLetter) {
   EXPECT_EQ(desk.as<QAbstractButton>(ControlId::Command3)->text(), "Click to see &examples and credits");
 }
 
+TEST(EverySwatch, IsNamedByItsColourWhateverItsCaption) {
+  Desk desk;
+  desk.model.setText(ControlId::Check2, "Background Color");
+  desk.model.setText(ControlId::Check1, "");
+  desk.show();
+  EXPECT_EQ(desk.mirror.widget(ControlId::Check2)->accessibleName(), "navy, Background Color");
+  EXPECT_EQ(desk.mirror.widget(ControlId::Check1)->accessibleName(), "black");
+}
+
 }  // namespace
 }  // namespace gridwright

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "core/input.h"
 #include "core/panels.h"
@@ -120,6 +121,33 @@ TEST(TheCaption, IsTheModels) {
   session.program.controls.setCaption("Gridwright-(placing start and finish)");
   session.pump(Pace::working);
   EXPECT_EQ(session.desktop.window().windowTitle(), "Gridwright-(placing start and finish)");
+}
+
+/// What a screen reader says of the Canvas once the program waits for a person.
+QString description(Session& session) {
+  QTimer::singleShot(20, &session.desktop.window(), &QWidget::close);  // what ends the wait
+  try {
+    session.pump(Pace::idle);
+  } catch (const ProgramEnd&) {
+  }
+  return session.desktop.window().view().accessibleDescription();
+}
+
+TEST(AScreenReader, HearsThePhaseAndTheSquaresCell) {
+  Session session;
+  session.program.controls.setCaption("drawing");
+  session.program.state.wallWidth = session.program.state.stepX = 20;
+  session.program.state.cur = {60, 10, 79, 19};
+  EXPECT_EQ(description(session), "drawing; square in column 3, row 1");
+}
+
+TEST(AScreenReader, HearsWhereBothEndsArePlaced) {
+  Session session;
+  session.program.controls.setCaption("placing");
+  session.program.state.phase = Phase::placing;
+  session.program.state.start = {10, 10, 19, 19};
+  session.program.state.finish = {40, 30, 49, 39};
+  EXPECT_EQ(description(session), "placing; start in column 1, row 1; finish in column 4, row 3");
 }
 
 }  // namespace

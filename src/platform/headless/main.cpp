@@ -32,6 +32,11 @@ int complain(const std::string& words) {
   return kBadInput;
 }
 
+int say(std::string_view words) {
+  std::cout << words << std::endl;
+  return std::cout ? 0 : kBadInput;
+}
+
 constexpr std::string_view kUsage =
     "usage: gridwright-headless [--work DIR] [--size WxH] [--pages DIR | --pdf FILE] SCRIPT\n"
     "       (- reads the script from standard input)";
@@ -109,6 +114,9 @@ int run(const CommandLine& line, const std::string& source) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 2 && argv[1] == std::string_view("--help")) return say(kUsage);
+  if (argc == 2 && argv[1] == std::string_view("--version"))
+    return say("gridwright-headless " GRIDWRIGHT_VERSION);
   CommandLine line;
   std::error_code unknown;
   line.options.contentFolder =

@@ -155,7 +155,9 @@ void ControlMirror::mirrorOne(ControlId id, const Control& control) {
       auto& box = static_cast<QAbstractButton&>(widget);
       const QString plain = QString(text).replace("&", "&&");
       if (box.text() != plain) box.setText(plain);
-      box.setAccessibleName(text);
+      // A swatch may have no caption; its colour always names it.
+      const QString colour = box.accessibleDescription();
+      box.setAccessibleName(text.isEmpty() || colour.isEmpty() ? colour + text : colour + ", " + text);
       box.setChecked(control.value != 0);
       break;
     }

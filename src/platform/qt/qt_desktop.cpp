@@ -23,6 +23,13 @@ constexpr auto kLookOften = 400us;       // and further apart too few
 constexpr int kMostPassesBetween = 64;
 constexpr auto kMaximiseTime = 200ms;
 
+/// Where a square stands, in cells from the upper left.
+QString cellOf(const ProgramState& s, const Square& square) {
+  return QString("column %1, row %2")
+      .arg((square.left - s.wallWidth) / std::max(1, s.stepX) + 1)
+      .arg((square.top - s.wallHeight) / std::max(1, s.stepY) + 1);
+}
+
 }  // namespace
 
 QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
@@ -49,6 +56,7 @@ void QtDesktop::doEvents(Program& program, Pace pace) {
   bool reached = ask(program, flags);
   while (pace == Pace::idle && !reached && !closing_) {
     bringInLine(program);
+    describe(program);
     reached = ask(program, QEventLoop::WaitForMoreEvents);
   }
   if (closing_) throw ProgramEnd{};
@@ -80,6 +88,19 @@ void QtDesktop::bringInLine(Program& program) {
   menus_.mirror(program.menus);
   if (inputs_.empty()) controls_.mirror(program.controls);  // not over what is being typed
   showCanvas(program);
+}
+
+/// Tells a screen reader what the picture is about. Only a program that waits for a person is described:
+/// a walker at work stands somewhere else before a word is spoken.
+void QtDesktop::describe(const Program& program) {
+  const ProgramState& s = program.state;
+  QString words = qString(program.controls.caption());
+  if (s.phase == Phase::placing) {
+    words += "; start in " + cellOf(s, s.start) + "; finish in " + cellOf(s, s.finish);
+  } else if (s.phase != Phase::title) {
+    words += "; square in " + cellOf(s, s.cur);
+  }
+  if (window_.view().accessibleDescription() != words) window_.view().setAccessibleDescription(words);
 }
 
 /// Lets Qt run, then hands over what that brought. \returns whether anything reached the program.

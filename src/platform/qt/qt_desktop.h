@@ -53,6 +53,7 @@ class QtDesktop : public Platform {
   void bringInLine(Program& program);
   bool ask(Program& program, QEventLoop::ProcessEventsFlags flags);
   bool reportSize(Program& program);
+  void describe(const Program& program);
 
   InputQueue inputs_;
   Window window_;
