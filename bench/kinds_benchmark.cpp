@@ -55,7 +55,11 @@ void pass(benchmark::State& state) {
   state.counters["ns_a_pass"] = own;
   state.counters["ratio"] = own / passOf(world, kKinds[0]);
 }
-BENCHMARK(pass)->ArgsProduct({{1, 2, 3}, {0, 1}})->Unit(benchmark::kNanosecond)->UseManualTime()->Iterations(2);
+BENCHMARK(pass)
+    ->ArgsProduct({{1, 2, 3}, {0, 1}})
+    ->Unit(benchmark::kNanosecond)
+    ->UseManualTime()
+    ->Iterations(2);
 
 /// Time of the solver's loop over the made maze, from its start to where it leaves or is solved.
 double solve(MeasuredWorld& world, FinishMethod method) {
