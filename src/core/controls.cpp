@@ -1,7 +1,6 @@
 #include "core/controls.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace gridwright {
 
@@ -26,7 +25,7 @@ void ControlModel::setText(ControlId id, std::string_view text) {
   ++revision_;
 }
 
-void ControlModel::setEntries(ControlId id, std::vector<std::string> entries) {
+void ControlModel::setEntries(ControlId id, const std::vector<std::string>& entries) {
   set(controls_[index(id)].entries, entries);
   setSelected(id, -1);
 }

@@ -71,7 +71,7 @@ class ControlModel {
   void setEnabled(ControlId id, bool on) { set(controls_[index(id)].enabled, on); }
   void setValue(ControlId id, int value) { set(controls_[index(id)].value, value); }
   void setText(ControlId id, std::string_view text);
-  void setEntries(ControlId id, std::vector<std::string> entries);
+  void setEntries(ControlId id, const std::vector<std::string>& entries);
   void setSelected(ControlId id, int entry) { set(controls_[index(id)].selected, entry); }
   void setInterval(ControlId id, int milliseconds) { set(controls_[index(id)].interval, milliseconds); }
   void show(ControlId id) { setVisible(id, true), setEnabled(id, true); }

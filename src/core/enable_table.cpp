@@ -102,7 +102,7 @@ const Rule* ruleOf(Item item) {
 
 std::uint64_t keyOf(const Program& program) {
   const ProgramState& s = program.state;
-  std::uint64_t key = static_cast<std::uint64_t>(static_cast<int>(s.phase) + 6);
+  auto key = static_cast<std::uint64_t>(static_cast<int>(s.phase)) + 6;
   for (const bool flag :
        {s.paused, s.panelOpen, s.editedPattern != 0, s.printTotal != 0, s.printMode != PrintMode::none,
         s.nrefreshDue, program.controls[ControlId::Check1].visible,

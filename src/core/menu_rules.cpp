@@ -19,7 +19,7 @@ void markPair(MenuModel& menus, Item ifTrue, Item ifFalse, bool value) {
 
 bool loopRulesStand(Program& program) {
   const ProgramState& s = program.state;
-  std::uint64_t key = static_cast<std::uint64_t>(static_cast<int>(s.phase) + 6);
+  auto key = static_cast<std::uint64_t>(static_cast<int>(s.phase)) + 6;
   for (const int value : {static_cast<int>(s.mazeKind), s.creationMode == CreationMode::user ? 0 : 1,
                           s.difficultyLevel, static_cast<int>(s.printMode), s.panelOpen ? 1 : 0,
                           s.mazeMadeOnce ? 1 : 0, s.print.printedNow ? 1 : 0}) {

@@ -31,7 +31,7 @@ std::string baseName(std::string_view typed) {
 }
 
 fs::path WorkFolder::resolve(std::string_view name) const {
-  const fs::path exact = folder_ / fs::path(name);
+  fs::path exact = folder_ / fs::path(name);
   std::error_code failed;
   if (fs::exists(exact, failed)) return exact;
   fs::path found;

@@ -84,7 +84,7 @@ void StepFiles::writeText(MazeKind kind, int direction, std::string_view text) {
   kept.lastWriteFailed = !folder_.writeText(stepFileName(kind, direction), text);
 }
 
-void StepFiles::write(MazeKind kind, int direction, Steps steps) {
+void StepFiles::write(MazeKind kind, int direction, const Steps& steps) {
   writeText(kind, direction, formatSteps(steps));
 }
 

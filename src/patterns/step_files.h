@@ -37,7 +37,7 @@ class StepFiles {
 
   /// The pattern of a direction. A file that is missing reads as the direction's default.
   const Steps& steps(MazeKind kind, int direction);
-  void write(MazeKind kind, int direction, Steps steps);
+  void write(MazeKind kind, int direction, const Steps& steps);
   void reset(MazeKind kind, int direction);
   void resetKind(MazeKind kind);
   void resetAll();
