@@ -71,6 +71,7 @@ void endsolution2(Program& program) {
   if (s.playMode != PlayMode::off) {
     s.chosenPlayMode = s.playMode;
     s.playMode = PlayMode::off;
+    s.solver.seenInStart.clear();  // the walk stood still for this pass, which is no repetition
   }
   if (!s.paused && s.solver.probeX == s.start.left && s.solver.probeY == s.start.top) ++s.solver.startReturns;
 }

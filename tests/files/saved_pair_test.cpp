@@ -97,6 +97,24 @@ TEST(ATakeoverThatTheFolderRefuses, LeavesTheOldPair) {
   }
 }
 
+TEST(ARecordThatCannotMoveAfterItsBitmapHas, StaysReadyAndARecoveryCompletesThePair) {
+  Pair p;
+  p.oldPair();
+  // A folder never takes a file's place: it stands for a record that the disk refuses to move.
+  fs::create_directory(p.paths.buildingRecord());
+  p.temp.put("cat.bmp.building", "new bitmap");
+  EXPECT_FALSE(takePairOver(p.paths));
+  p.expect("old record", "new bitmap");
+  EXPECT_TRUE(fs::exists(p.paths.readyRecord()));
+  recoverPair(p.paths);
+  EXPECT_TRUE(fs::exists(p.paths.readyRecord())) << "as long as it cannot move";
+  fs::remove_all(p.paths.readyRecord());
+  p.temp.put("cat.maze.ready", "new record");  // now it can
+  recoverPair(p.paths);
+  p.expect("new record", "new bitmap");
+  p.expectNothingElse(2);
+}
+
 /// Whoever runs the tests, what is read-only is read-only while this lives.
 class AsNobody {
  public:

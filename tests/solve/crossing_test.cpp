@@ -147,6 +147,50 @@ TEST(ACrossingThatLeavesTheStart, LeavesTheStartBoxWhole) {
   }
 }
 
+TEST(ALongCrossing, ReadsTwoSidesAtTheNearPixelWhileTheProbeMovesAlongThem) {
+  struct Read {
+    int dx, dy;          // of the crossing
+    int sideX, sideY;    // from the cell's corner: one pixel outside a side across
+    int deltaX, deltaY;  // of the probe, along that side
+    bool isNear;
+  };
+  for (const Read& read :
+       {Read{-1, 0, 0, 8, 0, 1, true}, Read{1, 0, 0, 8, 0, 1, false}, Read{0, -1, 8, 0, 1, 0, true},
+        Read{0, 1, 8, 0, 1, 0, false}, Read{-1, 0, 0, -1, 0, -1, false}, Read{0, -1, -1, 0, -1, 0, false}}) {
+    Tunnel t("O-O + O-O", read.dx, read.dy);
+    t.state.mazeKind = MazeKind::pipe;
+    t.state.shortUnderpasses = false;
+    t.stand(2);
+    t.state.deltaX = read.deltaX;
+    t.state.deltaY = read.deltaY;
+    const int x = t.cell(2).left + read.sideX;
+    const int y = t.cell(2).top + read.sideY;
+    t.canvas.fill(x, y, x, y, kWhite);
+    longUnderpass(t.program);
+    EXPECT_EQ(t.state.cur, t.cell(read.isNear ? 2 : 4))
+        << read.dx << ", " << read.dy << " at " << read.sideX << ", " << read.sideY;
+  }
+}
+
+TEST(ALongCrossingToTheRight, LooksForTheTrailHalfAHeightAlongTheRow) {
+  for (const bool atHeight : {true, false}) {
+    Tunnel t("O-O + O-O", 1, 0);
+    t.state.mazeKind = MazeKind::pipe;
+    t.state.shortUnderpasses = false;
+    t.state.wallHeight = 14;
+    t.stand(2);
+    const Square q = t.cell(2);
+    const int centre = q.top + 6;
+    const int x = q.left + (atHeight ? 7 : 5);  // half of 14 or of the width, 10
+    t.canvas.fill(x, centre, x, centre, kFuchsia);
+    longUnderpass(t.program);
+    ASSERT_EQ(t.state.cur, t.cell(4));
+    const Colour stroke = atHeight ? kWhite : kFuchsia;  // taken back, or drawn
+    EXPECT_EQ(t.canvas.point(q.left, centre), stroke);
+    EXPECT_EQ(t.canvas.point(q.right, centre), stroke);
+  }
+}
+
 TEST(AStartWithAnOpenSide, IsLeftAsTheWalkBegins) {
   Tunnel t("O-O + O-O", 1, 0);
   t.state.start = t.cell(2);

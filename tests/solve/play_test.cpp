@@ -159,6 +159,23 @@ TEST(LeaveTrail, TurnedOffLetsTheTrailVanishAndTurnedOnBeginsAtTheStart) {
   EXPECT_EQ(c.run(), "");
 }
 
+TEST(AWalkInPlayThatBeginsAnew, LeavesOneDeltaAsItStands) {
+  for (const int deltaY : {-1, 0, 1}) {
+    Playing w('*');
+    w.state.start = squareOf(2, 2);
+    w.state.solver.trailOffSeen = true;  // the trail was off until now
+    w.state.deltaX = 0;
+    w.state.deltaY = deltaY;
+    loadthispic(w.program);
+    EXPECT_EQ(w.state.cur, squareOf(2, 2));
+    EXPECT_EQ(w.state.prev, squareOf(2, 2));
+    EXPECT_EQ(w.state.solver.probeX, 22);
+    EXPECT_EQ(w.state.solver.probeY, 21);
+    EXPECT_EQ(w.state.deltaX, 1);
+    EXPECT_EQ(w.state.deltaY, deltaY);
+  }
+}
+
 TEST(PlayTurnedOffInMidWalk, HandsTheWalkToTheComputer) {
   for (const bool trail : {true, false}) {
     Corridor c(Item::easymode, trail);

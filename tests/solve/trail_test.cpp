@@ -126,6 +126,25 @@ TEST(APassageOfAnotherColour, IsRepairedWhereTheStrokeWentThroughIt) {
   }
 }
 
+TEST(AStrokeThroughAClosedCell, AsksForADistanceWhenLevelAndForNoneWhenUpright) {
+  struct Walk {
+    int columns, rows;  // gone, from (2, 2)
+    bool level, upright;
+  };
+  for (const Walk& walk : {Walk{1, 0, false, false}, Walk{-1, 0, false, false}, Walk{2, 0, true, false},
+                           Walk{-2, 0, true, false}, Walk{0, 1, false, true}, Walk{0, -1, false, true},
+                           Walk{0, 2, false, true}, Walk{0, -2, false, true}, Walk{2, 1, true, true}}) {
+    Trail t(squareOf(2, 2), squareOf(2, 2));
+    t.state.cur = t.state.prev.moved(10 * walk.columns, 10 * walk.rows);
+    strokeThroughClosedCell(t.program, kFuchsia);
+    const std::string what = std::to_string(walk.columns) + ", " + std::to_string(walk.rows);
+    EXPECT_EQ(t.canvas.point(21, 25) == kFuchsia, walk.level) << what;
+    EXPECT_EQ(t.canvas.point(28, 25) == kFuchsia, walk.level) << what;
+    EXPECT_EQ(t.canvas.point(25, 21) == kFuchsia, walk.upright) << what;
+    EXPECT_EQ(t.canvas.point(25, 28) == kFuchsia, walk.upright) << what;
+  }
+}
+
 TEST(TheEnds, AreNotTakenForTheMazeColour) {
   Trail t(squareOf(2, 2), squareOf(3, 2));
   t.canvas.fill(squareOf(3, 2), kFuchsia);
