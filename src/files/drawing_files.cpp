@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <map>
+#include <system_error>
 
 #include "core/panels.h"
 #include "files/drawing_record.h"
@@ -70,6 +71,11 @@ void refreshLists(Program& program) {
 bool isNameForDrawing(std::string_view base) { return staysInFolder(base) && !isOwnPicture(base); }
 
 void recoverSaves(const WorkFolder& folder) {
+  // A bitmap that was cut off while it got its building name.
+  for (const std::string& name : folder.list(".building.building")) {
+    std::error_code ignored;
+    fs::remove(folder.path() / name, ignored);
+  }
   // The bitmap's name may be spelt unlike the record's: a pair is found by its name without case.
   std::map<std::string, PairPaths> pairs;
   for (const std::string_view ending : {".bmp.building", ".maze.building", ".maze.ready"}) {

@@ -71,7 +71,7 @@ class Platform {
   /// \returns a Fault, and nothing else happens, when it cannot be opened or is not whole.
   virtual Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) = 0;
 
-  /// Writes a 24-bit bitmap file. On failure no complete file is promised at `path`.
+  /// Writes a 24-bit bitmap file. On failure what was there stays as it was.
   virtual Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) = 0;
 
   /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.

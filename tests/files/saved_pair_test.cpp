@@ -180,7 +180,7 @@ TEST(ASaveKilledAtAnyMoment, LeavesTheOldOrTheNewPairWhole) {
   TempFolder temp;
   std::mt19937 moments(1);
   int seen = 0;
-  for (int kill = 0; kill < 50; ++kill) {
+  for (int kill = 0; kill < 300; ++kill) {
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) saveForEver(temp.path());

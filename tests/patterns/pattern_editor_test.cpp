@@ -59,7 +59,7 @@ Bitmap pathsOf(Bitmap picture) {
 
 TEST_P(InEveryKind, ThePatternOnTheFieldEqualsItsReplay) {
   Editing w(GetParam());
-  constexpr int kRuns = 100;
+  constexpr int kRuns = 1000;
   int checked = 0;
   Bitmap live;
   Square at;

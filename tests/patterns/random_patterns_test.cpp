@@ -44,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, InEveryKind,
                          ::testing::Values(MazeKind::regular, MazeKind::pipe, MazeKind::threeD));
 
 TEST_P(InEveryKind, ThePreparedPatternIsTheOneThatWasWalked) {
-  for (std::uint32_t seed = 1; seed <= 100; ++seed) {
+  for (std::uint32_t seed = 1; seed <= 1000; ++seed) {
     ByChance w(GetParam(), 2 + static_cast<int>(seed % 50), seed % 2 == 0, seed);
     // What the walk leaves on the field is looked at in its last pump, before the drawing comes back.
     Bitmap field;

@@ -24,6 +24,9 @@ namespace {
 
 constexpr qint64 kLargestFile = 512LL * 1024 * 1024;  // 100 million pixels of 32 bits, and some
 
+/// A file gets its name when it is whole, so that a full disk leaves the old one as it was.
+std::filesystem::path buildingName(std::filesystem::path path) { return path += ".building"; }
+
 QString nameOf(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
 
 }  // namespace
@@ -50,13 +53,18 @@ QImage imageOf(const Bitmap& picture) {
 
 Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path) {
   const std::string bytes = encodeBitmapFile(picture);
-  QFile file(nameOf(path));
-  const bool written =
-      file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-      file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size());
+  const auto length = static_cast<qint64>(bytes.size());
+  const std::filesystem::path building = buildingName(path);
+  QFile file(nameOf(building));
+  bool written =
+      file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes.data(), length) == length;
   file.close();
-  if (!written || file.error() != QFileDevice::NoError) return Fault{Fault::Kind::notWritable, path.string()};
-  return Done{};
+  written = written && file.error() == QFileDevice::NoError;
+  std::error_code failed;
+  if (written) std::filesystem::rename(building, path, failed);
+  if (written && !failed) return Done{};
+  std::filesystem::remove(building, failed);
+  return Fault{Fault::Kind::notWritable, path.string()};
 }
 
 void turnPageTo(QPagedPaintDevice& device, const Bitmap& picture) {
@@ -89,12 +97,6 @@ struct PdfDocument::Writer {
   std::unique_ptr<QPdfWriter> pdf;
   QPainter painter;  // ends before the writer and the file do
 };
-
-namespace {
-
-std::filesystem::path buildingName(std::filesystem::path path) { return path += ".building"; }
-
-}  // namespace
 
 PdfDocument::PdfDocument(std::filesystem::path path)
     : path_(std::move(path)), writer_(std::make_unique<Writer>(buildingName(path_))) {}

@@ -17,7 +17,7 @@ namespace gridwright {
 /// Decodes a bitmap file by content to exact 24-bit colour, alpha dropped, cut at 1000 by 1000.
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
 
-/// Writes a 24-bit bitmap file.
+/// Writes a 24-bit bitmap file. On failure what was there stays as it was.
 Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path);
 
 QImage imageOf(const Bitmap& picture);
