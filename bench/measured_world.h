@@ -32,7 +32,8 @@ class StillDesktop : public Platform {
     if (found == pictures.end()) return Fault{Fault::Kind::notFound, path.string()};
     return found->second;
   }
-  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override {
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                           Overwrite /*how*/) override {
     pictures[path.filename().string()] = picture;
     return Done{};
   }

@@ -39,12 +39,13 @@ std::string encodeBitmapFile(const Bitmap& picture) {
   const std::size_t pixelsAt = bytes.size();
   bytes.resize(pixelsAt + std::size_t{row} * height);
   for (std::uint32_t y = 0; y < height; ++y) {
-    const Colour* in = picture.pixels.data() + std::size_t{height - 1 - y} * width;
+    const Colour* in = picture.row(static_cast<int>(height - 1 - y));
     char* out = bytes.data() + pixelsAt + std::size_t{y} * row;
-    for (std::uint32_t x = 0; x < width; ++x, ++in) {
-      *out++ = static_cast<char>(*in >> 16);
-      *out++ = static_cast<char>(*in >> 8);
-      *out++ = static_cast<char>(*in);
+    for (std::uint32_t x = 0; x < width; ++x, out += 3) {
+      const Colour pixel = in[x];  // read once: to the compiler, each byte written may change it
+      out[0] = static_cast<char>(pixel >> 16);
+      out[1] = static_cast<char>(pixel >> 8);
+      out[2] = static_cast<char>(pixel);
     }
   }
   return bytes;

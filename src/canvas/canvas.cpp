@@ -100,11 +100,12 @@ Colour Canvas::shownPoint(int x, int y) const {
 }
 
 Bitmap Canvas::visiblePart(const std::vector<Colour>& plane) const {
-  Bitmap part = plainBitmap(width_, height_, 0);
-  Colour* out = part.pixels.data();
+  Bitmap part{width_, height_, {}};
+  part.pixels.reserve(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
   for (int y = 0; y < height_; ++y) {
     const Colour* row = plane.data() + index(0, y);
-    for (int x = 0; x < width_; ++x) *out++ = row[x] & kColourMask;
+    const auto copy = part.pixels.insert(part.pixels.end(), row, row + width_);
+    std::for_each(copy, part.pixels.end(), [](Colour& pixel) { pixel &= kColourMask; });
   }
   return part;
 }

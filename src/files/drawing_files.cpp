@@ -55,7 +55,9 @@ Outcome<Done> savePair(Program& program, const std::string& base) {
     recoverPair(paths);
     return written.fault();
   }
-  if (auto written = program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap()); !written) {
+  if (auto written =
+          program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap(), Overwrite::atOnce);
+      !written) {
     recoverPair(paths);
     return written.fault();
   }
@@ -150,9 +152,9 @@ void keepLastDrawing(Program& program) {
   if (phase == Phase::patternEditing || phase == Phase::patternRequest) {
     // The editor's field lies over the picture.
     if (program.state.editor.fieldCoversStrokes)
-      program.pictures.save(kLastDrawing, program.pictures.load("drawing4.bmp"));
+      program.pictures.save(kLastDrawing, program.pictures.load("drawing4.bmp"), Overwrite::atOnce);
   } else if (program.canvas.hasStrokes()) {
-    program.pictures.save(kLastDrawing, program.canvas.image());
+    program.pictures.save(kLastDrawing, program.canvas.image(), Overwrite::atOnce);
   }
 }
 

@@ -16,11 +16,11 @@ std::optional<WorkPictures::Stamp> WorkPictures::stampOf(const std::filesystem::
   return stamp;
 }
 
-void WorkPictures::save(std::string_view name, Bitmap picture) {
+void WorkPictures::save(std::string_view name, Bitmap picture, Overwrite how) {
   Copy& copy = copies_[std::string(name)];
   copy.picture = std::move(picture);
   const std::filesystem::path path = folder_.resolve(name);
-  copy.lastWriteFailed = !platform_.saveBitmap(copy.picture, path);
+  copy.lastWriteFailed = !platform_.saveBitmap(copy.picture, path, how);
   copy.written = stampOf(path);
 }
 

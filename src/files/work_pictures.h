@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "canvas/bitmap.h"
+#include "core/overwrite.h"
 
 namespace gridwright {
 
@@ -23,7 +24,7 @@ class WorkPictures {
  public:
   WorkPictures(Platform& platform, const WorkFolder& folder) : platform_(platform), folder_(folder) {}
 
-  void save(std::string_view name, Bitmap picture);
+  void save(std::string_view name, Bitmap picture, Overwrite how = Overwrite::inPlace);
   /// The picture, or an empty one that was never written; it stands until the next call.
   const Bitmap& load(std::string_view name);
 

@@ -125,22 +125,26 @@ void drawStep(Program& program) {
 /// A carved square with one open side is a dead end; the last one is a finish of last resort.
 void rememberDeadEnd(Program& program) {
   ProgramState& s = program.state;
+  const bool carving = s.walkMode == WalkMode::carve;
+  if (!carving && s.walker.stopSeen) return;
   const Pixels pixels = program.pixels();
   const Square& q = s.cur;
   const int closedSides = !pixels.maze(q.left - 1, q.top) + !pixels.maze(q.right + 1, q.top) +
                           !pixels.maze(q.left, q.top - 1) + !pixels.maze(q.left, q.bottom + 1);
-  const bool deadEnd = closedSides == 3 && s.walkMode == WalkMode::carve;
+  const bool deadEnd = closedSides == 3 && carving;
   if ((!deadEnd && s.walker.stopSeen) || q.sameCorner(s.start)) return;
-  if (s.walkMode == WalkMode::carve) s.walker.stopSeen = true;
+  if (carving) s.walker.stopSeen = true;
   s.walker.lastStop = q;
 }
 
 void wipeCursor(Program& program) {
   ProgramState& s = program.state;
   if (s.creationMode != CreationMode::computer) return;
-  for (const Square& square : {s.cur, s.prev}) {
+  const auto wipe = [&](const Square& square) {
     if (program.canvas.point(square.left + 1, square.top + 1) == kCursorColour) boxSquare(program, square);
-  }
+  };
+  wipe(s.cur);
+  if (walkerMoved(s)) wipe(s.prev);
 }
 
 /// The user's maze may wait for a key once the fill sweep has met a free cell with no step since:

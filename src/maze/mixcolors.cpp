@@ -8,11 +8,16 @@ namespace gridwright {
 
 namespace {
 
-/// The pixels that one mixing looks at: the square's own, those just outside its four sides, and for
-/// left, right and top the second ring that backs a maze colour found there.
+struct Point {
+  int x, y;
+};
+
+/// What one mixing looks at: the square's own colour, the pixels just outside its four sides, and
+/// the second ring, which backs a maze colour found there.
 struct Neighbourhood {
-  Colour centre, left, right, top, bottom;
-  std::array<std::array<Colour, 3>, 3> ring;
+  Colour centre;
+  const Square& square;
+  Point farLeft, farRight, farTop, farBottom;
 };
 
 void baseIs(ProgramState& s, Colour colour) {
@@ -22,25 +27,37 @@ void baseIs(ProgramState& s, Colour colour) {
 
 /// A side colour that another side shares: picture ground becomes the base, a maze colour counts
 /// only when the second ring has it too.
-void agree(Program& program, Colour colour, const std::array<Colour, 3>& ring) {
+void agree(Program& program, Colour colour, const std::array<Point, 3>& ring) {
+  const auto hasColour = [&](Point p) { return program.canvas.point(p.x, p.y) == colour; };
   if (!program.colours.isMaze(colour)) {
     baseIs(program.state, colour);
-  } else if (std::find(ring.begin(), ring.end(), colour) != ring.end()) {
+  } else if (std::any_of(ring.begin(), ring.end(), hasColour)) {
     program.state.mazeColor = colour;
   }
+}
+
+void askSides(Program& program, const Neighbourhood& n) {
+  const Canvas& c = program.canvas;
+  const Colour left = c.point(n.square.left - 1, n.square.top);
+  const Colour right = c.point(n.square.right + 1, n.square.top);
+  const Colour top = c.point(n.square.left, n.square.top - 1);
+  const Colour bottom = c.point(n.square.left, n.square.bottom + 1);
+  if (left != n.centre && (left == right || left == top || left == bottom)) {
+    agree(program, left, {n.farRight, n.farTop, n.farBottom});
+  }
+  if (right != n.centre && (right == top || right == bottom)) {
+    agree(program, right, {n.farLeft, n.farTop, n.farBottom});
+  }
+  if (top != n.centre && top == bottom) agree(program, top, {n.farLeft, n.farRight, n.farBottom});
 }
 
 void mix(Program& program, const Neighbourhood& n) {
   ProgramState& s = program.state;
   s.walker.cellBaseKnown = false;
-  if (!program.colours.isMaze(n.centre)) {
-    baseIs(s, n.centre);
+  if (program.colours.isMaze(n.centre)) {
+    askSides(program, n);
   } else {
-    if (n.left != n.centre && (n.left == n.right || n.left == n.top || n.left == n.bottom)) {
-      agree(program, n.left, n.ring[0]);
-    }
-    if (n.right != n.centre && (n.right == n.top || n.right == n.bottom)) agree(program, n.right, n.ring[1]);
-    if (n.top != n.centre && n.top == n.bottom) agree(program, n.top, n.ring[2]);
+    baseIs(s, n.centre);
   }
   if (!s.walker.cellBaseKnown) return;
   const auto* slot = std::find(kPalette.begin(), kPalette.end(), s.walker.cellBaseColor);
@@ -52,43 +69,27 @@ void mix(Program& program, const Neighbourhood& n) {
 }  // namespace
 
 void mixcolors(Program& program) {
-  const Canvas& c = program.canvas;
   const Square& q = program.state.cur;
   const int w = program.state.wallWidth;
   const int h = program.state.wallHeight;
-  const Colour centre = c.point(q.left, q.top);
-  if (!program.colours.isMaze(centre)) return mix(program, {centre, 0, 0, 0, 0, {}});
-  const Colour farLeft = c.point(q.left - w, q.top);
-  const Colour farRight = c.point(q.right + w, q.top);
-  const Colour farTop = c.point(q.left, q.top - h);
-  const Colour farBottom = c.point(q.left, q.bottom + h);
-  mix(program,
-      {centre,
-       c.point(q.left - 1, q.top),
-       c.point(q.right + 1, q.top),
-       c.point(q.left, q.top - 1),
-       c.point(q.left, q.bottom + 1),
-       {{{farRight, farTop, farBottom}, {farLeft, farTop, farBottom}, {farLeft, farRight, farBottom}}}});
+  mix(program, {program.canvas.point(q.left, q.top),
+                q,
+                {q.left - w, q.top},
+                {q.right + w, q.top},
+                {q.left, q.top - h},
+                {q.left, q.bottom + h}});
 }
 
 void mixcolors2(Program& program) {
-  const Canvas& c = program.canvas;
   const Square& q = program.state.prev;
   const int w = program.state.wallWidth;
   const int h = program.state.wallHeight;
-  const Colour centre = program.state.walker.cellColorAtEntry;
-  if (!program.colours.isMaze(centre)) return mix(program, {centre, 0, 0, 0, 0, {}});
-  const Colour farLeft = c.point(q.left - w, q.top);
-  const Colour farRight = c.point(q.left + w, q.top);
-  const Colour farTop = c.point(q.left, q.top - h);
-  const Colour farBottom = c.point(q.left, q.top + h);
-  mix(program,
-      {centre,
-       c.point(q.left - 1, q.top),
-       c.point(q.right + 1, q.top),
-       c.point(q.left, q.top - 1),
-       c.point(q.left, q.bottom + 1),
-       {{{farRight, farTop, farBottom}, {farLeft, farTop, farBottom}, {farLeft, farBottom, farRight}}}});
+  mix(program, {program.state.walker.cellColorAtEntry,
+                q,
+                {q.left - w, q.top},
+                {q.left + w, q.top},
+                {q.left, q.top - h},
+                {q.left, q.top + h}});
 }
 
 }  // namespace gridwright

@@ -201,9 +201,10 @@ void rescueIfStranded(Program& program) {
     s.walker.passesSinceCarved = 0;
     return;
   }
-  const std::int64_t columns = (s.gridRight - s.wallWidth) / s.stepX + 1;
-  const std::int64_t rows = (s.gridBottom - s.wallHeight) / s.stepY + 1;
-  if (++s.walker.passesSinceCarved < 100 * columns * rows) return;
+  if (++s.walker.passesSinceCarved < 100) return;  // no grid has less than one cell
+  const int columns = (s.gridRight - s.wallWidth) / s.stepX + 1;
+  const int rows = (s.gridBottom - s.wallHeight) / s.stepY + 1;
+  if (s.walker.passesSinceCarved < std::int64_t{100} * columns * rows) return;
   s.walker.passesSinceCarved = 0;
   if (walkOnBesideFreeCell(program) || leaveFinish(program)) return;
   beginNewTree(program, [](Point) { return true; });

@@ -11,6 +11,7 @@
 #include "canvas/geometry.h"
 #include "core/modes.h"
 #include "core/outcome.h"
+#include "core/overwrite.h"
 
 namespace gridwright {
 
@@ -71,8 +72,10 @@ class Platform {
   /// \returns a Fault, and nothing else happens, when it cannot be opened or is not whole.
   virtual Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) = 0;
 
-  /// Writes a 24-bit bitmap file. On failure what was there stays as it was.
-  virtual Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) = 0;
+  /// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself
+  /// fails in the middle of one written in place.
+  virtual Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                                   Overwrite how) = 0;
 
   /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
   virtual void printForm(const Bitmap& picture) = 0;

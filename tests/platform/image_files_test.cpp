@@ -1,6 +1,7 @@
 #include "platform/images/image_files.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "support/bitmap_files.h"
 #include "support/pictures.h"
@@ -115,6 +116,51 @@ TEST(AWrittenPicture, IsA24BitFileThatComesBackPixelForPixel) {
   EXPECT_EQ(bytes[28], 24);
   EXPECT_EQ(bytes[30], 0) << "plain";
   EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "out.bmp").value(), picture));
+}
+
+/// Which file a name stands for: a new one has a new number.
+ino_t fileNumber(const std::filesystem::path& path) {
+  struct stat about {};
+  EXPECT_EQ(::stat(path.c_str(), &about), 0);
+  return about.st_ino;
+}
+
+TEST(APictureWrittenInPlace, TakesTheSameFileWhereItsLengthIsTheSame) {
+  const TempFolder temp;
+  const auto path = temp.path() / "out.bmp";
+  ASSERT_TRUE(writeBitmapFile(motley(31, 17, 200), path, Overwrite::inPlace));
+  const ino_t first = fileNumber(path);
+  const Bitmap picture = motley(31, 17, 5);
+  ASSERT_TRUE(writeBitmapFile(picture, path, Overwrite::inPlace));
+  EXPECT_EQ(fileNumber(path), first);
+  EXPECT_TRUE(samePicture(readBitmapFile(path).value(), picture));
+  const Bitmap larger = motley(40, 17, 5);
+  ASSERT_TRUE(writeBitmapFile(larger, path, Overwrite::inPlace));
+  EXPECT_NE(fileNumber(path), first);
+  EXPECT_TRUE(samePicture(readBitmapFile(path).value(), larger));
+}
+
+TEST(APictureWrittenAtOnce, IsANewFile) {
+  const TempFolder temp;
+  const auto path = temp.path() / "out.bmp";
+  ASSERT_TRUE(writeBitmapFile(motley(31, 17, 200), path));
+  std::filesystem::create_hard_link(path, temp.path() / "held");  // its number is not given away meanwhile
+  const ino_t first = fileNumber(path);
+  ASSERT_TRUE(writeBitmapFile(motley(31, 17, 200), path));
+  EXPECT_NE(fileNumber(path), first);
+}
+
+TEST(APictureWrittenInPlace, LeavesAFileAloneThatHasAnotherNameToo) {
+  const TempFolder temp;
+  const Bitmap mine = motley(31, 17, 200);
+  ASSERT_TRUE(writeBitmapFile(mine, temp.path() / "mine.bmp"));
+  std::filesystem::create_hard_link(temp.path() / "mine.bmp", temp.path() / "linked.bmp");
+  std::filesystem::create_symlink(temp.path() / "mine.bmp", temp.path() / "pointing.bmp");
+  for (const char* name : {"linked.bmp", "pointing.bmp"}) {
+    ASSERT_TRUE(writeBitmapFile(motley(31, 17, 5), temp.path() / name, Overwrite::inPlace));
+    EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / name).value(), motley(31, 17, 5)));
+    EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "mine.bmp").value(), mine));
+  }
 }
 
 TEST(AFileThatCannotBeWritten, IsAFault) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/qt/printing.h"
+#include "support/full_disk.h"
 
 namespace gridwright {
 namespace {
@@ -69,6 +70,23 @@ TEST(APdfThatCannotBeWritten, IsTold) {
   printing.page(kPage);
   EXPECT_FALSE(printing.endOfPages());
   EXPECT_TRUE(printing.endOfPages()) << "told once";
+}
+
+TEST(APdfOnADiskThatFillsUp, IsToldAndLeavesNothingBehind) {
+  Folder folder;
+  Bitmap noise = plainBitmap(80, 60, 0);
+  for (std::size_t i = 0; i < noise.pixels.size(); ++i)
+    noise.pixels[i] = static_cast<Colour>(i * 2654435 % 0xFFFFFF);
+  {
+    const test::FullDisk full(5000);
+    Printing printing(folder.path(), noPrinter);
+    for (int page = 0; page < 3; ++page) printing.page(noise);
+    EXPECT_FALSE(printing.endOfPages());
+    printing.page(kPage);
+    EXPECT_TRUE(printing.endOfPages()) << "the next run is another one, and fits";
+  }
+  EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), 1);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
 TEST(AnEndWithoutPages, WritesNothing) {

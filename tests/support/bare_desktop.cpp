@@ -73,7 +73,8 @@ Outcome<Bitmap> BareDesktop::loadBitmap(const std::filesystem::path& path) {
   return *found;
 }
 
-Outcome<Done> BareDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
+Outcome<Done> BareDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                                      Overwrite /*how*/) {
   if (savesFail) return Fault{Fault::Kind::notWritable, path.string()};
   saves.push_back(path.filename().string());
   bitmaps[saves.back()] = picture;

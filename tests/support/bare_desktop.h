@@ -50,7 +50,7 @@ class BareDesktop : public Platform {
   void raise() override { ++raised; }
   void messageBox(std::string_view text) override { messages.emplace_back(text); }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override { pages.push_back(picture); }
   void endOfPages() override { ++documents; }
   std::uint32_t clockSeed() override { return seed; }

@@ -48,7 +48,7 @@ class HeadlessDesktop : public Platform {
   void raise() override {}
   void messageBox(std::string_view text) override { lastMessage_ = text; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override;
   void endOfPages() override {}
   std::uint32_t clockSeed() override { return seed_; }

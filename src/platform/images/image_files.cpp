@@ -29,6 +29,22 @@ std::filesystem::path buildingName(std::filesystem::path path) { return path += 
 
 QString nameOf(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
 
+/// Whether a file lies there that is as long as the new one, and is nobody else's under another name.
+bool hasRoomFor(const std::filesystem::path& path, const std::string& bytes) {
+  std::error_code failed;
+  return std::filesystem::is_regular_file(std::filesystem::symlink_status(path, failed)) &&
+         std::filesystem::hard_link_count(path, failed) == 1 &&
+         std::filesystem::file_size(path, failed) == bytes.size();
+}
+
+bool writeBytes(const std::filesystem::path& path, QIODevice::OpenMode mode, const std::string& bytes) {
+  const auto length = static_cast<qint64>(bytes.size());
+  QFile file(nameOf(path));
+  const bool written = file.open(mode | QIODevice::Unbuffered) && file.write(bytes.data(), length) == length;
+  file.close();
+  return written && file.error() == QFileDevice::NoError;
+}
+
 }  // namespace
 
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
@@ -42,27 +58,29 @@ Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
 }
 
 QImage imageOf(const Bitmap& picture) {
-  QImage image(picture.width, picture.height, QImage::Format_RGB32);
-  auto in = picture.pixels.begin();
+  const int width = picture.width;  // a copy: the compiler can't tell that no pixel written changes it
+  QImage image(width, picture.height, QImage::Format_RGB32);
   for (int y = 0; y < picture.height; ++y) {
-    auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-    for (int x = 0; x < picture.width; ++x, ++in) row[x] = qRgb(*in & 255, *in >> 8 & 255, *in >> 16 & 255);
+    const Colour* in = picture.row(y);
+    auto* out = reinterpret_cast<QRgb*>(image.scanLine(y));
+    for (int x = 0; x < width; ++x) {
+      const auto pixel = static_cast<QRgb>(in[x]);
+      out[x] = 0xFF000000U | (pixel & 0xFF) << 16 | (pixel & 0xFF00) | (pixel >> 16 & 0xFF);
+    }
   }
   return image;
 }
 
-Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path) {
+Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) {
   const std::string bytes = encodeBitmapFile(picture);
-  const auto length = static_cast<qint64>(bytes.size());
+  if (how == Overwrite::inPlace && hasRoomFor(path, bytes) && writeBytes(path, QIODevice::ReadWrite, bytes))
+    return Done{};
   const std::filesystem::path building = buildingName(path);
-  QFile file(nameOf(building));
-  bool written =
-      file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes.data(), length) == length;
-  file.close();
-  written = written && file.error() == QFileDevice::NoError;
   std::error_code failed;
-  if (written) std::filesystem::rename(building, path, failed);
-  if (written && !failed) return Done{};
+  if (writeBytes(building, QIODevice::WriteOnly, bytes)) {
+    std::filesystem::rename(building, path, failed);
+    if (!failed) return Done{};
+  }
   std::filesystem::remove(building, failed);
   return Fault{Fault::Kind::notWritable, path.string()};
 }

@@ -6,6 +6,7 @@
 
 #include "canvas/bitmap.h"
 #include "core/outcome.h"
+#include "core/overwrite.h"
 
 class QImage;
 class QPainter;
@@ -17,8 +18,10 @@ namespace gridwright {
 /// Decodes a bitmap file by content to exact 24-bit colour, alpha dropped, cut at 1000 by 1000.
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
 
-/// Writes a 24-bit bitmap file. On failure what was there stays as it was.
-Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path);
+/// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself fails
+/// in the middle of one written in place.
+Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path,
+                              Overwrite how = Overwrite::atOnce);
 
 QImage imageOf(const Bitmap& picture);
 

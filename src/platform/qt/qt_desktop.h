@@ -32,7 +32,7 @@ class QtDesktop : public Platform {
   void raise() override;
   void messageBox(std::string_view text) override;
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
+  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override { printing_.page(picture); }
   void endOfPages() override;
   std::uint32_t clockSeed() override;
