@@ -1,5 +1,9 @@
 // A pass with patterns of length 1, 5 and 99 against one without a pattern (limit 1.3), and what a
-// random pattern for every maze adds on the largest Canvas (limit 5 ms, with pictures on disk).
+// random pattern for every maze adds on the largest Canvas (limit 5 ms, with pictures and step files on
+// disk). The picture set aside for the field is the same before every maze, as in a run of mazes.
+//
+// Baseline: GCC 12 -O3, 2 shared cores, 2026-11-20
+//   0.9, 1.0, 0.9 of a pass without a pattern; a random pattern 2.3 ms, of which 1.8 are processor time
 #include <benchmark/benchmark.h>
 
 #include <chrono>

@@ -16,10 +16,15 @@ std::optional<WorkPictures::Stamp> WorkPictures::stampOf(const std::filesystem::
   return stamp;
 }
 
+bool WorkPictures::isAsWritten(const Copy& copy, const std::filesystem::path& path) {
+  return !copy.lastWriteFailed && copy.written && copy.written == stampOf(path);
+}
+
 void WorkPictures::save(std::string_view name, Bitmap picture, Overwrite how) {
   Copy& copy = copies_[std::string(name)];
-  copy.picture = std::move(picture);
   const std::filesystem::path path = folder_.resolve(name);
+  if (isAsWritten(copy, path) && copy.picture == picture) return;
+  copy.picture = std::move(picture);
   copy.lastWriteFailed = !platform_.saveBitmap(copy.picture, path, how);
   copy.written = stampOf(path);
 }
@@ -29,7 +34,7 @@ const Bitmap& WorkPictures::load(std::string_view name) {
   const bool known = kept != copies_.end();
   if (known && kept->second.lastWriteFailed) return kept->second.picture;
   const std::filesystem::path path = folder_.resolve(name);
-  if (known && kept->second.written && kept->second.written == stampOf(path)) return kept->second.picture;
+  if (known && isAsWritten(kept->second, path)) return kept->second.picture;
   fromFile_ = {};
   if (auto read = platform_.loadBitmap(path)) {
     fromFile_ = std::move(read.value());

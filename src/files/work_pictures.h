@@ -2,7 +2,8 @@
 //
 // A picture is read from its file. If that cannot be read, or its last write failed, the copy kept in
 // memory stands in: a full disk or a deleted file loses nothing. Failures are quiet. A file that is
-// still as it was written is not decoded again, because the copy is the same picture.
+// still as it was written is not decoded again, because the copy is the same picture, nor written
+// again when it would get the same picture.
 #pragma once
 
 #include <cstdint>
@@ -42,6 +43,7 @@ class WorkPictures {
   };
 
   static std::optional<Stamp> stampOf(const std::filesystem::path& path);
+  static bool isAsWritten(const Copy& copy, const std::filesystem::path& path);
 
   Platform& platform_;
   const WorkFolder& folder_;

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
+
+#include "support/disk_desktop.h"
+#include "support/full_disk.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -64,6 +69,61 @@ TEST(TheCopyInMemory, KeepsEveryColourExactly) {
   }
   p.pictures.save("title.bmp", picture);
   EXPECT_TRUE(samePicture(p.pictures.load("title.bmp"), picture));
+}
+
+/// Pictures in a real folder, and how often one was written.
+struct PicturesOnDisk {
+  struct Counting : DiskDesktop {
+    Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                             Overwrite how) override {
+      ++written;
+      return DiskDesktop::saveBitmap(picture, path, how);
+    }
+    int written = 0;
+  };
+  /// \returns how many files a save has written.
+  int save(const Bitmap& picture) {
+    const int before = desktop.written;
+    pictures.save("drawing4.bmp", picture);
+    return desktop.written - before;
+  }
+
+  TempFolder temp;
+  Counting desktop;
+  WorkFolder folder{temp.path()};
+  WorkPictures pictures{desktop, folder};
+};
+
+TEST(AWorkPictureThatIsOnDiskAlready, IsNotWrittenAgain) {
+  PicturesOnDisk p;
+  EXPECT_EQ(p.save(kOne), 1);
+  EXPECT_EQ(p.save(kOne), 0);
+  EXPECT_EQ(p.save(kOther), 1);
+  EXPECT_EQ(p.save(kOne), 1);
+  EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), kOne));
+}
+
+TEST(AWorkPictureThatAnotherHandHasTouched, IsWrittenAgain) {
+  PicturesOnDisk p;
+  const auto path = p.temp.path() / "drawing4.bmp";
+  p.save(kOne);
+  std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::seconds(5));
+  EXPECT_EQ(p.save(kOne), 1);
+  std::filesystem::remove(path);
+  EXPECT_EQ(p.save(kOne), 1);
+  EXPECT_TRUE(std::filesystem::exists(path));
+}
+
+TEST(AWorkPictureThatCouldNotBeWritten, IsTriedAgain) {
+  PicturesOnDisk p;
+  p.save(kOne);
+  {
+    const FullDisk full(0);
+    EXPECT_EQ(p.save(kOther), 1);
+    EXPECT_EQ(p.save(kOther), 1);
+  }
+  EXPECT_EQ(p.save(kOther), 1);
+  EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), kOther));
 }
 
 TEST(AWholeSession, LosesNothingWhenNoPictureAndNoStepFileCanBeWritten) {
