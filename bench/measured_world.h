@@ -1,4 +1,4 @@
-// A program on a desktop that does nothing, with a wholly free drawing on its Canvas.
+// A program with a wholly free drawing on its Canvas, on any desktop or on one that does nothing.
 #pragma once
 
 #include <filesystem>
@@ -46,8 +46,8 @@ class StillDesktop : public Platform {
   std::map<std::string, Bitmap> pictures;
 };
 
-struct MeasuredWorld {
-  MeasuredWorld(int width, int height, int wall) : program(desktop, "/no/such/folder") {
+struct MeasuredProgram {
+  MeasuredProgram(Platform& desktop, int width, int height, int wall) : program(desktop, "/no/such/folder") {
     ProgramState& s = program.state;
     program.canvas.resize({width, height});
     program.canvas.fill(0, 0, width - 1, height - 1, kPalette[1]);
@@ -107,9 +107,16 @@ struct MeasuredWorld {
     return {cells, joins};
   }
 
-  StillDesktop desktop;
   Program program;
   Bitmap drawing;
+};
+
+struct WithStillDesktop {
+  StillDesktop desktop;
+};
+
+struct MeasuredWorld : WithStillDesktop, MeasuredProgram {
+  MeasuredWorld(int width, int height, int wall) : MeasuredProgram(desktop, width, height, wall) {}
 };
 
 }  // namespace gridwright::bench

@@ -1,0 +1,83 @@
+// Making mazes in the window while it is minimised, against the same mazes without one (limit 1.2). On a
+// display, or with QT_QPA_PLATFORM=offscreen.
+//
+// Baseline: GCC 12 -O3, 2 shared cores, Xvfb with openbox, 2026-11-20
+//   79 by 59 cells 1.06, 199 by 199 cells 1.09
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QWindow>
+#include <chrono>
+
+#include "maze/makemaze.h"
+#include "measured_world.h"
+#include "platform/headless/headless_desktop.h"
+#include "platform/qt/qt_desktop.h"
+
+namespace gridwright::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::uint32_t kSeeds = 4;
+constexpr int kPatience = 5000;  // milliseconds for a window manager
+
+/// \returns whether the window manager took the window away.
+bool minimise(QtDesktop& desktop) {
+  QElapsedTimer waited;
+  waited.start();
+  const auto isThere = [&] { return desktop.window().isVisible() && desktop.window().isActiveWindow(); };
+  while (!isThere() && waited.elapsed() < kPatience) QCoreApplication::processEvents();
+  desktop.setWindowState(WindowState::minimised);
+  while (desktop.window().windowHandle()->isExposed() && waited.elapsed() < kPatience)
+    QCoreApplication::processEvents();
+  return desktop.windowState() == WindowState::minimised;
+}
+
+double secondsToMake(MeasuredProgram& measured, std::uint32_t seed) {
+  measured.toTheBeginning();
+  measured.program.random.seed(seed);
+  const auto begin = Clock::now();
+  makemaze(measured.program);
+  return std::chrono::duration<double>(Clock::now() - begin).count();
+}
+
+void minimised(benchmark::State& state) {
+  const int width = static_cast<int>(state.range(0));
+  const int height = static_cast<int>(state.range(1));
+  const int wall = static_cast<int>(state.range(2));
+  QtDesktop window("/no/such/folder");
+  MeasuredProgram inWindow(window, width, height, wall);
+  HeadlessDesktop twin("bench", "until phase 99 9000000000000000\n", {});
+  MeasuredProgram headless(twin, width, height, wall);
+  if (!minimise(window)) return state.SkipWithError("no window manager minimises the window");
+
+  double spent = 0;
+  double spentHeadless = 0;
+  std::uint32_t seed = 0;
+  for (auto _ : state) {
+    const double took = secondsToMake(inWindow, seed % kSeeds + 1);
+    state.SetIterationTime(took);
+    spent += took;
+    spentHeadless += secondsToMake(headless, seed % kSeeds + 1);
+    ++seed;
+  }
+  if (inWindow.cellsAndJoins() != headless.cellsAndJoins()) state.SkipWithError("another maze");
+  state.counters["ratio"] = spent / spentHeadless;
+}
+BENCHMARK(minimised)
+    ->Args({800, 600, 10})
+    ->Args({1000, 1000, 5})
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->MinTime(2.0);
+
+}  // namespace
+}  // namespace gridwright::bench
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
