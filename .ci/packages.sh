@@ -2,7 +2,8 @@
 # Sourced by ./run and ./test: what is needed to build, and how it gets here.
 
 build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev python3)
-test_packages=(poppler-utils libgtest-dev libbenchmark-dev clang-format clang-tidy)
+test_packages=(poppler-utils libgtest-dev libbenchmark-dev clang-format clang-tidy
+  desktop-file-utils appstream man-db)
 
 is_installed() {
   [[ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" == installed ]]

@@ -41,7 +41,7 @@ struct Folder {
     Bitmap picture = plainBitmap(kWidth, kHeight, kPalette[14]);
     for (int y = 4; y < kHeight - 4; ++y) {
       for (int x = 4; x < kWidth - 4; ++x)
-        picture.pixels[static_cast<std::size_t>(y * kWidth + x)] = kPalette[1];
+        picture.pixels[static_cast<std::size_t>(y) * kWidth + static_cast<std::size_t>(x)] = kPalette[1];
     }
     if (!writeBitmapFile(picture, path / "full.bmp")) std::abort();
   }

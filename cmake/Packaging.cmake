@@ -12,8 +12,13 @@ install(FILES ${content} DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/patterns DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright FILES_MATCHING
         PATTERN "*pat")
 
+# Software centres fetch screenshots from the web and from nowhere else. The default is an address that
+# nobody can own; whoever publishes a package names the place where docs/pictures lies.
+set(GRIDWRIGHT_PICTURES "https://gridwright.example/pictures" CACHE STRING "Web address of docs/pictures")
+
 install(FILES ${packaging}/gridwright.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(FILES ${packaging}/gridwright.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+configure_file(${packaging}/gridwright.metainfo.xml.in ${CMAKE_BINARY_DIR}/gridwright.metainfo.xml @ONLY)
+install(FILES ${CMAKE_BINARY_DIR}/gridwright.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${packaging}/gridwright.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 install(FILES ${packaging}/icons/gridwright.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 foreach(size 16 32 48 64 128 256)
@@ -48,6 +53,10 @@ install_packed(${packaging}/changelog changelog ${documents})
 install(FILES ${packaging}/copyright DESTINATION ${documents})
 get_property(all_packed GLOBAL PROPERTY GRIDWRIGHT_PACKED)
 add_custom_target(gridwright-packed ALL DEPENDS ${all_packed})
+
+if(BUILD_TESTING)
+  add_test(NAME packaging COMMAND ${packaging}/check.sh ${CMAKE_BINARY_DIR})
+endif()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME gridwright)

@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Lays the program out as a package would and has what describes it to a desktop checked by the desktop's
+# own tools, each of which must have nothing to say.
+#
+#   packaging/check.sh BUILD_FOLDER
+set -euo pipefail
+
+root=$(mktemp -d)
+trap 'rm -rf "$root"' EXIT
+DESTDIR=$root cmake --install "$1" --prefix /usr >/dev/null
+share=$root/usr/share
+status=0
+
+complain() {
+  echo "$*" >&2
+  status=1
+}
+
+# Says what a checker said, and that it should have been silent.
+silent() {
+  local words
+  if ! words=$("$@" 2>&1) || [[ -n $words ]]; then complain "$*: $words"; fi
+}
+
+# shellcheck disable=SC2317 # called by name
+# From the manuals' own folder, since a page that is another name of one leads there.
+warnings_of() (
+  cd "$share/man"
+  LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings -l -Tutf8 -Z "$1" >/dev/null
+)
+
+for program in gridwright gridwright-headless gridwright-start; do
+  [[ -x $root/usr/bin/$program ]] || complain "no program $program"
+  page=$share/man/man1/$program.1.gz
+  [[ -s $page ]] || complain "no manual page of $program"
+  silent warnings_of "$page"
+done
+
+silent desktop-file-validate "$share/applications/gridwright.desktop"
+metainfo=$share/metainfo/gridwright.metainfo.xml
+appstreamcli validate --no-net --pedantic "$metainfo" || complain "the metainfo is at fault"
+(($(grep -c '<image ' "$metainfo") >= 1)) || complain "no screenshots"
+if grep -q '@' "$metainfo"; then complain "a place in the metainfo was not filled in"; fi
+
+# Each screenshot is told with the size that the picture has.
+while read -r width height name; do
+  picture=$(dirname "$0")/../docs/pictures/$name
+  size=$(od -An -tu1 -j16 -N8 "$picture" | awk '{print $3 * 256 + $4, $7 * 256 + $8}')
+  [[ $size == "$width $height" ]] || complain "$name is $size, not $width $height"
+done < <(sed -n 's|.*width="\([0-9]*\)" height="\([0-9]*\)">.*/\([^/<]*\)<.*|\1 \2 \3|p' "$metainfo")
+
+for picture in title example1 example11 credit1 credit2; do
+  [[ -s $share/gridwright/$picture.bmp ]] || complain "no picture $picture"
+done
+for size in 16 32 48 64 128 256; do
+  [[ -s $share/icons/hicolor/${size}x$size/apps/gridwright.png ]] || complain "no icon of size $size"
+done
+for file in mime/packages/gridwright.xml doc/gridwright/copyright icons/hicolor/scalable/apps/gridwright.svg; do
+  [[ -s $share/$file ]] || complain "no $file"
+done
+exit $status
