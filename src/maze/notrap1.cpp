@@ -1,6 +1,8 @@
 #include "maze/notrap1.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 
 #include "maze/walk_paint.h"
 
@@ -50,6 +52,45 @@ std::array<Direction, 4> directionsAround(const Square& q, int w, int h) {
           {q.right + 1, q.bottom + h}}}}}};
 }
 
+/// A square diagonally beside the walker, beside the neighbour too, and the pixels outside two of its sides.
+struct Beside {
+  Point square;
+  std::array<Point, 2> outside;
+};
+
+/// What a direction of the 3-d kind looks at besides. Only to the right does a border pixel open a side.
+struct Besides {
+  std::array<Beside, 2> squares;
+  bool borderOpens;
+};
+
+std::array<Besides, 4> besidesAround(const Square& q, int w, int h) {
+  const auto [left, top, right, bottom] = q;
+  return {{{{{{{left - w, top - h}, {{{left - w - 1, top - h}, {right - w + 1, top - h}}}},
+              {{left - w, bottom + h}, {{{left - w - 1, bottom + h}, {right - w + 1, bottom + h}}}}}},
+            false},
+           {{{{{right + w, top - h}, {{{left + w - 1, top - h}, {right + w + 1, top - h}}}},
+              {{right + w, bottom + h}, {{{left + w - 1, bottom + h}, {right + w + 1, bottom + h}}}}}},
+            true},
+           {{{{{left - w, top - h}, {{{left - w, top - h - 1}, {left - w, bottom - h + 1}}}},
+              {{right + w, top - h}, {{{right + w, top - h - 1}, {right + w, bottom - h + 1}}}}}},
+            false},
+           {{{{{left - w, bottom + h}, {{{left - w, top + h - 1}, {left - w, bottom + h + 1}}}},
+              {{right + w, bottom + h}, {{{right + w, top + h - 1}, {right + w, bottom + h + 1}}}}}},
+            false}}};
+}
+
+/// Whether a corridor in the neighbour would run alongside an underpass: beside it lies a carved square
+/// with both of these sides shut.
+bool runsAlongside(const Pixels& pixels, const Besides& besides) {
+  const auto isOpen = [&](Point p) {
+    return pixels.maze(p.x, p.y) || (besides.borderOpens && pixels.border(p.x, p.y));
+  };
+  return std::any_of(besides.squares.begin(), besides.squares.end(), [&](const Beside& b) {
+    return pixels.maze(b.square.x, b.square.y) && std::none_of(b.outside.begin(), b.outside.end(), isOpen);
+  });
+}
+
 bool isBlocked(const Program& program, const Direction& d) {
   const Pixels pixels = program.pixels();
   const Square cell = program.state.cur.moved(d.dx, d.dy);
@@ -67,8 +108,15 @@ bool isBlocked(const Program& program, const Direction& d) {
 void carvingTest(Program& program) {
   ProgramState& s = program.state;
   s.testCount = 0;
-  for (const Direction& d : directionsAround(s.cur, s.wallWidth, s.wallHeight)) {
-    if (isBlocked(program, d)) ++s.testCount;
+  const bool lookBesides = s.mazeKind == MazeKind::threeD;
+  const auto directions = directionsAround(s.cur, s.wallWidth, s.wallHeight);
+  const auto besides =
+      lookBesides ? besidesAround(s.cur, s.wallWidth, s.wallHeight) : std::array<Besides, 4>{};
+  for (std::size_t i = 0; i < directions.size(); ++i) {
+    if (isBlocked(program, directions.at(i)) ||
+        (lookBesides && runsAlongside(program.pixels(), besides.at(i)))) {
+      ++s.testCount;
+    }
   }
   if (s.testCount <= 3) return;
   boxSquare(program, s.cur);

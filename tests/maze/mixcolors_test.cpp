@@ -112,7 +112,7 @@ void setSide(Mixing& m, int side, Colour c) {
 
 TEST(AMazeColourOnTwoSides, CountsOnlyWhenTheSecondRingHasItToo) {
   for (const Ring& ring : kRings) {
-    for (const bool backed : {false}) {
+    for (const bool backed : {false, true}) {
       Mixing m;
       m.carve(kNavyMaze);
       m.allSides(kBlue, kLime, kRed, kGrey);
@@ -128,7 +128,7 @@ TEST(AMazeColourOnTwoSides, CountsOnlyWhenTheSecondRingHasItToo) {
 
 TEST(ThePreviousSquare, IsJudgedByTheColourReadOnArrivalAndANearerRing) {
   for (const Ring& ring : kPreviousRings) {
-    for (const bool backed : {false}) {
+    for (const bool backed : {false, true}) {
       Mixing m;
       m.w.state.walker.cellColorAtEntry = kNavyMaze;  // the square itself shows something else by now
       m.allSides(kBlue, kLime, kRed, kGrey);

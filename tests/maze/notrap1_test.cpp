@@ -83,6 +83,76 @@ TEST(EachEdgeSample, BlocksItsDirectionWhenClosedAlone) {
   }
 }
 
+/// A carved pixel beside the neighbour of a direction, and the two pixels outside it; from the square's left
+/// and top.
+struct Corridor {
+  int direction, x, y;
+  struct {
+    int x, y;
+  } outside[2];
+};
+
+// Row by row, two for each direction. The square is 8 pixels wide.
+const Corridor kCorridors[] = {
+    {kLeft, -10, -10, {{-11, -10}, {kFar - 9, -10}}},
+    {kLeft, -10, kFar + 10, {{-11, kFar + 10}, {kFar - 9, kFar + 10}}},
+    {kRight, kFar + 10, -10, {{9, -10}, {kFar + 11, -10}}},
+    {kRight, kFar + 10, kFar + 10, {{9, kFar + 10}, {kFar + 11, kFar + 10}}},
+    {kUp, -10, -10, {{-10, -11}, {-10, kFar - 9}}},
+    {kUp, kFar + 10, -10, {{kFar + 10, -11}, {kFar + 10, kFar - 9}}},
+    {kDown, -10, kFar + 10, {{-10, 9}, {-10, kFar + 11}}},
+    {kDown, kFar + 10, kFar + 10, {{kFar + 10, 9}, {kFar + 10, kFar + 11}}},
+};
+
+/// One direction open, all else around it free ground: what blocks is the corridor alone. The other
+/// directions are shut by their near edge samples.
+struct TrapBesideCorridor : Trap {
+  TrapBesideCorridor(const Corridor& corridor, MazeKind kind) : Trap(-1) {
+    w.state.mazeKind = kind;
+    w.canvas.fill(q.left - 20, q.top - 20, q.right + 20, q.bottom + 20, kNavy);
+    for (int direction = kLeft; direction <= kDown; ++direction) {
+      if (direction == corridor.direction) continue;
+      const Sample& near = kNear[direction];
+      spot(near.dx, near.dy, kBlue);
+    }
+    spot(corridor.x, corridor.y, kWhite);
+  }
+  void spot(int x, int y, Colour colour) {
+    w.canvas.fill(q.left + x, q.top + y, q.left + x, q.top + y, colour);
+  }
+  static constexpr Sample kNear[] = {
+      {kLeft, -10, 4}, {kRight, kFar + 10, 4}, {kUp, 4, -10}, {kDown, 4, kFar + 10}};
+};
+
+TEST(ACorridorBesideTheNeighbour, BlocksItsDirectionInThe3dKindAlone) {
+  for (const Corridor& c : kCorridors) {
+    EXPECT_EQ(TrapBesideCorridor(c, MazeKind::threeD).after(), WalkMode::back) << c.direction << ": " << c.x;
+    EXPECT_EQ(TrapBesideCorridor(c, MazeKind::regular).after(), WalkMode::carve)
+        << c.direction << ": " << c.x;
+  }
+}
+
+TEST(ACorridorBesideTheNeighbour, BlocksNothingWithEitherSideCarved) {
+  for (const Corridor& c : kCorridors) {
+    for (const auto& open : c.outside) {
+      TrapBesideCorridor t(c, MazeKind::threeD);
+      t.spot(open.x, open.y, kWhite);
+      EXPECT_EQ(t.after(), WalkMode::carve) << c.direction << ": " << open.x << ", " << open.y;
+    }
+  }
+}
+
+TEST(ABorderOutsideACorridor, OpensItToTheRightAlone) {
+  for (const Corridor& c : kCorridors) {
+    for (const auto& side : c.outside) {
+      TrapBesideCorridor t(c, MazeKind::threeD);
+      t.spot(side.x, side.y, kBlue);
+      EXPECT_EQ(t.after(), c.direction == kRight ? WalkMode::carve : WalkMode::back)
+          << c.direction << ": " << side.x << ", " << side.y;
+    }
+  }
+}
+
 TEST(AnyPixelOfTheNeighbourAndItsMargin, BlocksItsDirection) {
   for (int direction = kLeft; direction <= kDown; ++direction) {
     const int dx = direction == kLeft ? -10 : direction == kRight ? 10 : 0;
