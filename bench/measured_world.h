@@ -38,6 +38,7 @@ class StillDesktop : public Platform {
     return Done{};
   }
   void printForm(const Bitmap& /*picture*/) override {}
+  void printAlone(const Bitmap& /*picture*/) override {}
   void endOfPages() override {}
   std::uint32_t clockSeed() override { return 1; }
 

@@ -2,9 +2,6 @@
 
 namespace gridwright {
 
-void printfff(Program& program) {
-  program.platform.printForm(program.canvas.shownImage());
-  program.platform.endOfPages();
-}
+void printfff(Program& program) { program.platform.printAlone(program.canvas.shownImage()); }
 
 }  // namespace gridwright

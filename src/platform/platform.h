@@ -80,6 +80,9 @@ class Platform {
   /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
   virtual void printForm(const Bitmap& picture) = 0;
 
+  /// One page that is a document of its own, also while a run's pages are not complete.
+  virtual void printAlone(const Bitmap& picture) = 0;
+
   /// The pages since the last call are one document, complete now.
   virtual void endOfPages() = 0;
 

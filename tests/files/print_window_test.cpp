@@ -15,7 +15,8 @@ TEST(ThePrintedPage, IsTheWindowAsItIsShownOnePageADocument) {
   ASSERT_EQ(w.desktop.pages.size(), 1U);
   EXPECT_TRUE(samePicture(w.desktop.pages[0], w.canvas.shownImage()));
   EXPECT_NE(w.desktop.pages[0], w.canvas.image());
-  EXPECT_EQ(w.desktop.documents, 1);
+  EXPECT_EQ(w.desktop.alone, 1);
+  EXPECT_EQ(w.desktop.documents, 0) << "a run that goes on keeps its document";
 }
 
 }  // namespace

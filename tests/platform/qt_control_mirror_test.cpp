@@ -143,5 +143,23 @@ TEST(EverySwatch, IsNamedByItsColourWhateverItsCaption) {
   EXPECT_EQ(desk.mirror.widget(ControlId::Check1)->accessibleName(), "black");
 }
 
+TEST(TheMazeColours, StandAboveTheClassesAndCoverNone) {
+  Desk desk;
+  for (const ControlId first : {ControlId::Check1, ControlId::Check35}) {
+    for (int i = 0; i < 16; ++i)
+      desk.model.show(controlAt(static_cast<std::size_t>(static_cast<int>(first) + i)));
+  }
+  desk.show();
+  const auto placeOf = [&](ControlId id) {
+    QWidget* panel = desk.mirror.widget(id)->parentWidget();
+    return QRect(panel->mapTo(&desk.window, QPoint()), panel->size());
+  };
+  const QRect classes = placeOf(ControlId::Check1);
+  const QRect mazes = placeOf(ControlId::Check35);
+  EXPECT_NE(classes, mazes);
+  EXPECT_FALSE(classes.intersects(mazes));
+  EXPECT_TRUE(QRect(0, 0, 800, 600).contains(classes.united(mazes)));
+}
+
 }  // namespace
 }  // namespace gridwright

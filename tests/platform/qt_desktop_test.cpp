@@ -150,5 +150,19 @@ TEST(AScreenReader, HearsWhereBothEndsArePlaced) {
   EXPECT_EQ(description(session), "placing; start in column 1, row 1; finish in column 4, row 3");
 }
 
+TEST(TheNormalPlace, IsTheSizeToGoBackToFromAMaximisedWindow) {
+  Session session;
+  session.desktop.maximise();
+  ASSERT_EQ(session.desktop.windowState(), WindowState::maximised);
+  session.desktop.setNormalPlace({40, 50, 640, 480});
+  session.desktop.maximise();
+  EXPECT_EQ(session.desktop.windowState(), WindowState::maximised);
+  const WindowPlace place = session.desktop.normalPlace();
+  EXPECT_EQ(place.left, 40);
+  EXPECT_EQ(place.top, 50);
+  EXPECT_EQ(place.width, 640);
+  EXPECT_EQ(place.height, 480);
+}
+
 }  // namespace
 }  // namespace gridwright

@@ -114,5 +114,26 @@ TEST(APrinterThatRefuses, LosesNoPage) {
   EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), 2);
 }
 
+TEST(APageAlone, IsADocumentOfItsOwnInTheMiddleOfARun) {
+  Folder folder;
+  Printing printing(folder.path(), noPrinter);
+  printing.page(kPage);
+  EXPECT_TRUE(printing.pageAlone(kPage));
+  printing.page(kPage);
+  EXPECT_TRUE(printing.endOfPages());
+  EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), 2);
+  EXPECT_EQ(folder.pagesIn("gridwright-0002.pdf"), 1);
+}
+
+TEST(ANameTakenDuringARun, IsLeftToItsOwner) {
+  Folder folder;
+  Printing printing(folder.path(), noPrinter);
+  printing.page(kPage);
+  std::ofstream(folder.path() / "gridwright-0001.pdf") << "mine";
+  EXPECT_TRUE(printing.endOfPages());
+  EXPECT_EQ(std::filesystem::file_size(folder.path() / "gridwright-0001.pdf"), 4U);
+  EXPECT_EQ(folder.pagesIn("gridwright-0002.pdf"), 1);
+}
+
 }  // namespace
 }  // namespace gridwright

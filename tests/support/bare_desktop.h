@@ -52,6 +52,10 @@ class BareDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override { pages.push_back(picture); }
+  void printAlone(const Bitmap& picture) override {
+    pages.push_back(picture);
+    ++alone;
+  }
   void endOfPages() override { ++documents; }
   std::uint32_t clockSeed() override { return seed; }
 
@@ -65,7 +69,7 @@ class BareDesktop : public Platform {
   std::vector<std::string> messages;
   std::vector<WindowState> states;  ///< As the program set them.
   std::vector<Bitmap> pages;
-  int documents = 0, raised = 0, maximised = 0;
+  int documents = 0, alone = 0, raised = 0, maximised = 0;
   std::uint32_t seed = 1;
   bool savesFail = false;  ///< The disk is full.
 

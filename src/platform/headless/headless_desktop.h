@@ -50,6 +50,7 @@ class HeadlessDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override;
+  void printAlone(const Bitmap& picture) override { printForm(picture); }  // its pages are one document
   void endOfPages() override {}
   std::uint32_t clockSeed() override { return seed_; }
 

@@ -24,9 +24,6 @@ namespace {
 
 constexpr qint64 kLargestFile = 512LL * 1024 * 1024;  // 100 million pixels of 32 bits, and some
 
-/// A file gets its name when it is whole, so that a full disk leaves the old one as it was.
-std::filesystem::path buildingName(std::filesystem::path path) { return path += ".building"; }
-
 QString nameOf(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
 
 /// Whether a file lies there that is as long as the new one, and is nobody else's under another name.
@@ -46,6 +43,8 @@ bool writeBytes(const std::filesystem::path& path, QIODevice::OpenMode mode, con
 }
 
 }  // namespace
+
+std::filesystem::path buildingName(std::filesystem::path path) { return path += ".building"; }
 
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
   QFile file(nameOf(path));
@@ -117,13 +116,13 @@ struct PdfDocument::Writer {
 };
 
 PdfDocument::PdfDocument(std::filesystem::path path)
-    : path_(std::move(path)), writer_(std::make_unique<Writer>(buildingName(path_))) {}
+    : path_(std::move(path)), building_(buildingName(path_)), writer_(std::make_unique<Writer>(building_)) {}
 
 PdfDocument::~PdfDocument() {
   if (writer_ == nullptr) return;
   writer_.reset();
   std::error_code ignored;
-  std::filesystem::remove(buildingName(path_), ignored);
+  std::filesystem::remove(building_, ignored);
 }
 
 Outcome<Done> PdfDocument::addPage(const Bitmap& picture) {
@@ -148,7 +147,7 @@ Outcome<Done> PdfDocument::finish() {
   if (!ended || !written) return fault;
   writer_.reset();
   std::error_code failed;
-  std::filesystem::rename(buildingName(path_), path_, failed);
+  std::filesystem::rename(building_, path_, failed);
   if (failed) return fault;
   return Done{};
 }

@@ -18,6 +18,9 @@ namespace gridwright {
 /// Decodes a bitmap file by content to exact 24-bit colour, alpha dropped, cut at 1000 by 1000.
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
 
+/// What a file is called until it is whole, so that a full disk leaves the old one as it was.
+std::filesystem::path buildingName(std::filesystem::path path);
+
 /// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself fails
 /// in the middle of one written in place.
 Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path,
@@ -44,9 +47,13 @@ class PdfDocument {
   Outcome<Done> addPage(const Bitmap& picture);
   Outcome<Done> finish();
 
+  /// The name that it will have.
+  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+  void setPath(std::filesystem::path path) { path_ = std::move(path); }
+
  private:
   struct Writer;
-  std::filesystem::path path_;
+  std::filesystem::path path_, building_;
   std::unique_ptr<Writer> writer_;
 };
 

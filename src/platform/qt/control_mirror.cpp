@@ -230,12 +230,13 @@ void ControlMirror::place() {
     place.moveCenter(room.center());
     frame->move(std::max(0, place.left()), std::max(0, place.top()));
   }
-  for (PanelFrame* frame : swatchFrames_) {  // at the foot, so that the drawing stays in sight
+  int foot = room.bottom();  // there, so that the drawing stays in sight; a second panel stands on the first
+  for (PanelFrame* frame : swatchFrames_) {
     if (frame->isHidden()) continue;
     frame->adjustSize();
     frame->resize(std::min(frame->width(), view_.width()), frame->height());
-    frame->move(std::max(0, room.center().x() - frame->width() / 2),
-                std::max(0, room.bottom() - kGap - frame->height()));
+    foot = std::max(0, foot - kGap - frame->height());
+    frame->move(std::max(0, room.center().x() - frame->width() / 2), foot);
   }
 }
 

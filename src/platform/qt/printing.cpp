@@ -15,16 +15,20 @@ namespace {
 
 constexpr int kMostDocuments = 9999;
 
-/// The first name that nothing bears yet; empty when all are taken.
+bool isTaken(const std::filesystem::path& path) {
+  std::error_code failed;
+  return std::filesystem::exists(std::filesystem::symlink_status(path, failed)) ||
+         (failed && failed != std::errc::no_such_file_or_directory);
+}
+
+/// The first name that nothing bears yet, not even a document that is still growing; empty when all
+/// are taken.
 std::filesystem::path freeName(const std::filesystem::path& folder) {
   for (int number = 1; number <= kMostDocuments; ++number) {
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "gridwright-%04d.pdf", number);
-    std::error_code failed;
-    if (!std::filesystem::exists(std::filesystem::symlink_status(folder / name.data(), failed)) &&
-        (!failed || failed == std::errc::no_such_file_or_directory)) {
-      return folder / name.data();
-    }
+    const std::filesystem::path path = folder / name.data();
+    if (!isTaken(path) && !isTaken(buildingName(path))) return path;
   }
   return {};
 }
@@ -54,6 +58,12 @@ void Printing::page(const Bitmap& picture) {
   if (!document_->addPage(picture)) documentFailed_ = true;
 }
 
+bool Printing::pageAlone(const Bitmap& picture) {
+  Printing alone(folder_, findPrinter_);
+  alone.page(picture);
+  return alone.endOfPages();
+}
+
 bool Printing::toPrinter(const Bitmap& picture) {
   turnPageTo(*printer_, picture);
   if (painter_.isActive() ? !printer_->newPage() : !painter_.begin(printer_.get())) return false;
@@ -66,7 +76,11 @@ bool Printing::endOfPages() {
   printer_.reset();
   documentOpen_ = false;
   bool whole = !documentFailed_;
-  if (document_ != nullptr) whole = static_cast<bool>(document_->finish()) && whole;
+  if (document_ != nullptr) {
+    // Something else may have got the name since the first page.
+    if (isTaken(document_->path())) document_->setPath(freeName(folder_));
+    whole = static_cast<bool>(document_->finish()) && whole;
+  }
   document_.reset();
   documentFailed_ = false;
   return whole;

@@ -26,6 +26,10 @@ class Printing {
 
   void page(const Bitmap& picture);
 
+  /// One page as a document of its own; an open document stays open.
+  /// \returns false when its PDF could not be written.
+  [[nodiscard]] bool pageAlone(const Bitmap& picture);
+
   /// The document is complete: the printer may begin, or the PDF gets its name.
   /// \returns false when the PDF could not be written.
   [[nodiscard]] bool endOfPages();

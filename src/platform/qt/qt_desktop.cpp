@@ -145,7 +145,15 @@ void QtDesktop::setNormalPlace(const WindowPlace& place) {
   const bool onAScreen = std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
     return screen->availableGeometry().contains(wanted);
   });
-  if (!wanted.isEmpty() && onAScreen && windowState() == WindowState::normal) window_.setGeometry(wanted);
+  if (wanted.isEmpty() || !onAScreen || wanted == window_.normalGeometry()) return;
+  // The window manager knows only the place that a window has had while it was normal.
+  if (windowState() != WindowState::normal) waitForNewSize([this] { window_.showNormal(); });
+  window_.setGeometry(wanted);
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void QtDesktop::printAlone(const Bitmap& picture) {
+  if (!printing_.pageAlone(picture)) messageBox("Error: bad file name.");
 }
 
 void QtDesktop::endOfPages() {
@@ -169,15 +177,19 @@ void QtDesktop::setWindowState(WindowState state) {
 
 Size QtDesktop::maximise() {
   if (windowState() == WindowState::maximised) return clientSize();
+  waitForNewSize([this] { window_.showMaximized(); });
+  return clientSize();
+}
+
+void QtDesktop::waitForNewSize(const std::function<void()>& ask) {
   const QSize before = window_.view().size();
-  window_.showMaximized();
+  ask();
   const auto end = Clock::now() + kMaximiseTime;
   while (window_.view().size() == before && Clock::now() < end) {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     QThread::msleep(1);
   }
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  return clientSize();
 }
 
 void QtDesktop::raise() {

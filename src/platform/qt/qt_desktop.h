@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "platform/platform.h"
@@ -34,6 +35,7 @@ class QtDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override { printing_.page(picture); }
+  void printAlone(const Bitmap& picture) override;
   void endOfPages() override;
   std::uint32_t clockSeed() override;
 
@@ -53,6 +55,7 @@ class QtDesktop : public Platform {
   void bringInLine(Program& program);
   bool ask(Program& program, QEventLoop::ProcessEventsFlags flags);
   bool reportSize(Program& program);
+  void waitForNewSize(const std::function<void()>& ask);
   void describe(const Program& program);
 
   InputQueue inputs_;
