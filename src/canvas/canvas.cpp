@@ -110,10 +110,11 @@ Bitmap Canvas::visiblePart(const std::vector<Colour>& plane) const {
   return part;
 }
 
-bool Canvas::hasStrokes() const {
+bool Canvas::showsAnything() const {
+  const Colour first = colourOf(persistent_[0]);
   for (int y = 0; y < height_; ++y) {
     const Colour* row = persistent_.data() + index(0, y);
-    if (std::any_of(row, row + width_, [](Colour pixel) { return (pixel & kCovered) != 0; })) return true;
+    if (std::any_of(row, row + width_, [&](Colour pixel) { return colourOf(pixel) != first; })) return true;
   }
   return false;
 }

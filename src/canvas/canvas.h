@@ -82,8 +82,8 @@ class Canvas {
   [[nodiscard]] Colour shownPoint(int x, int y) const;                     ///< A pixel of that.
   [[nodiscard]] const Colour* shownRow(int y) const { return shown_.data() + index(0, y); }
 
-  /// Whether a stroke or a picture covers anything of the persistent plane's visible part.
-  [[nodiscard]] bool hasStrokes() const;
+  /// Whether the persistent plane's visible part shows anything: more than one colour.
+  [[nodiscard]] bool showsAnything() const;
 
   /// The part of the shown plane that changed since `takeDirty`, right and bottom excluded.
   struct Dirty {

@@ -45,6 +45,9 @@ inline constexpr int down = 4;
 inline constexpr int walkBack = 5;    ///< No move: turns the walker to walking back.
 inline constexpr int endMark = 9999;  ///< Ends a pattern.
 inline constexpr int closing = 88;    ///< Closing value after the end mark.
+
+/// Whether a number of a file is a step at all.
+constexpr bool isCode(int number) { return number >= left && number <= walkBack; }
 }  // namespace step
 
 }  // namespace gridwright

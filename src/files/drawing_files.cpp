@@ -49,6 +49,10 @@ PairPaths pairOf(const WorkFolder& folder, const std::string& base) {
 
 Outcome<Done> savePair(Program& program, const std::string& base) {
   const PairPaths paths = pairOf(*program.files, base);
+  recoverPair(paths);
+  std::error_code failed;
+  // An older save whose record can't take its name would be taken for this one's, were this one cut off.
+  if (fs::exists(paths.readyRecord(), failed)) return Fault{Fault::Kind::notWritable, paths.record.string()};
   const fs::path record = paths.buildingRecord();
   if (auto written = program.files->writeText(record.filename().string(), formatDrawing(recordOf(program)));
       !written) {
@@ -153,7 +157,7 @@ void keepLastDrawing(Program& program) {
     // The editor's field lies over the picture.
     if (program.state.editor.fieldCoversStrokes)
       program.pictures.save(kLastDrawing, program.pictures.load("drawing4.bmp"), Overwrite::atOnce);
-  } else if (program.canvas.hasStrokes()) {
+  } else if (program.canvas.showsAnything()) {
     program.pictures.save(kLastDrawing, program.canvas.image(), Overwrite::atOnce);
   }
 }

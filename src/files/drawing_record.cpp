@@ -1,5 +1,8 @@
 #include "files/drawing_record.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "patterns/step_values.h"
 
 namespace gridwright {
@@ -9,6 +12,20 @@ namespace {
 constexpr std::array kKindsInFile = {MazeKind::regular, MazeKind::threeD, MazeKind::pipe};
 
 Fault broken(const char* why) { return {Fault::Kind::malformed, why}; }
+
+/// The record's values, one comma between two of them: where one is missing the others must not move up.
+/// \returns what follows them, or nothing.
+std::optional<std::string_view> readRecord(std::string_view text, DrawingRecord& drawing) {
+  for (int& value : drawing.values) {
+    const std::size_t end = std::min(text.find_first_of(kValueSeparators), text.size());
+    const auto read = wholeValue(text.substr(0, end));
+    const bool last = &value == &drawing.values.back();
+    if (!read || (!last && (end == text.size() || text[end] != ','))) return std::nullopt;
+    value = *read;
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return text;
+}
 
 }  // namespace
 
@@ -26,12 +43,9 @@ std::string formatDrawing(const DrawingRecord& drawing) {
 
 Outcome<DrawingRecord> parseDrawing(std::string_view text) {
   DrawingRecord drawing;
-  StepValues values(text);
-  for (int& value : drawing.values) {
-    const auto read = values.next();
-    if (!read) return broken("a value is missing or no number");
-    value = *read;
-  }
+  const auto lists = readRecord(text, drawing);
+  if (!lists) return broken("a value is missing or no number");
+  StepValues values(*lists);
   const auto wallSizeFits = [&](std::size_t at) {
     return drawing.values[at] >= 5 && drawing.values[at] <= 50;
   };

@@ -206,7 +206,7 @@ DrawingRecord recordOf(Program& program) {
   for (std::size_t i = 0; i < drawing.lists.size(); ++i) {
     const ListPlace place = listPlace(i);
     drawing.lists[i] = program.steps.steps(place.kind, place.direction);
-    std::erase_if(drawing.lists[i], [](int code) { return code < step::left || code > step::walkBack; });
+    std::erase_if(drawing.lists[i], [](int code) { return !step::isCode(code); });
   }
   return drawing;
 }

@@ -6,10 +6,13 @@
 namespace gridwright {
 
 std::optional<int> StepValues::next() {
-  constexpr std::string_view kSeparators = ",\r\n";
-  text_.remove_prefix(std::min(text_.find_first_not_of(kSeparators), text_.size()));
-  std::string_view value = text_.substr(0, text_.find_first_of(kSeparators));
+  text_.remove_prefix(std::min(text_.find_first_not_of(kValueSeparators), text_.size()));
+  const std::string_view value = text_.substr(0, text_.find_first_of(kValueSeparators));
   text_.remove_prefix(value.size());
+  return wholeValue(value);
+}
+
+std::optional<int> wholeValue(std::string_view value) {
   value.remove_prefix(std::min(value.find_first_not_of(' '), value.size()));
   value = value.substr(0, value.find_last_not_of(' ') + 1);
   int number = 0;
@@ -25,7 +28,7 @@ std::optional<Steps> readStepList(StepValues& values, bool last, AtEnd atEnd) {
     const auto code = values.next();
     if (!code) return std::nullopt;
     if (*code == step::endMark) break;
-    if (*code < step::left || *code > step::walkBack) return std::nullopt;
+    if (!step::isCode(*code)) return std::nullopt;
     steps.push_back(*code);
   }
   if (last || (atEnd == AtEnd::endsList && values.atEnd())) return steps;

@@ -8,6 +8,11 @@
 
 namespace gridwright {
 
+inline constexpr std::string_view kValueSeparators = ",\r\n";
+
+/// A whole number with blanks around it; nothing where the text is none.
+std::optional<int> wholeValue(std::string_view value);
+
 /// The values of a text one by one; commas and line ends are one kind of separator.
 class StepValues {
  public:

@@ -493,5 +493,28 @@ TEST(ALoad, KeepsThePictureThatWasThere) {
   s.run();
 }
 
+/// What a slip and its end leave of a picture in last-drawing.bmp.
+Bitmap rescuedAfter(const std::vector<Item>& slips) {
+  const TempFolder temp;
+  Session s(temp.path());
+  s.draw();
+  for (const Item item : slips) {
+    s.desktop.menu(item);
+    s.desktop.pumpsPass(3);
+  }
+  s.run();
+  const auto kept = readBitmapFile(temp.path() / "last-drawing.bmp");
+  return kept ? kept.value() : Bitmap{};
+}
+
+TEST(APictureLostByASlip, IsNotOverwrittenByTheBlankOneAfterIt) {
+  for (const Item slip : {Item::rmazes, Item::mazes3d1, Item::mazes3d}) {
+    EXPECT_TRUE(samePicture(rescuedAfter({slip, Item::quit2}), kPicture));
+    EXPECT_TRUE(samePicture(rescuedAfter({slip, slip}), kPicture));
+    EXPECT_TRUE(
+        samePicture(rescuedAfter({slip, Item::editpatterns, Item::exitpattern, Item::quit2}), kPicture));
+  }
+}
+
 }  // namespace
 }  // namespace gridwright::test

@@ -124,5 +124,22 @@ TEST(AListWithoutItsEndMark, IsRefused) {
   EXPECT_FALSE(parseDrawing(replaced(text, "9999,88", "")));
 }
 
+TEST(AMissingValue, IsRefusedWhateverListFollows) {
+  DrawingRecord drawing = someDrawing();
+  for (Steps& list : drawing.lists) list = {step::left};  // its first code would pass for a value
+  const std::string text = formatDrawing(drawing);
+  const std::string record = text.substr(0, text.find("\r\n"));
+  const std::string lists = text.substr(text.find("\r\n"));
+  ASSERT_TRUE(parseDrawing(record + lists));
+  for (std::size_t comma = record.find(','); comma != std::string::npos;
+       comma = record.find(',', comma + 1)) {
+    const std::size_t end = std::min(record.find(',', comma + 1), record.size());
+    EXPECT_FALSE(parseDrawing(record.substr(0, comma + 1) + record.substr(end) + lists))
+        << "empty at " << comma;
+    EXPECT_FALSE(parseDrawing(record.substr(0, comma) + record.substr(end) + lists)) << "gone at " << comma;
+  }
+  EXPECT_FALSE(parseDrawing("," + record + lists));
+}
+
 }  // namespace
 }  // namespace gridwright::test
