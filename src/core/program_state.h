@@ -84,6 +84,7 @@ struct SolverState {
   int pathUnderpasses = 0, bestPathUnderpasses = 0;
   int underpassLock = 0;
   int startReturns = 0;
+  int restarts = 0;  ///< How often the walk was put somewhere else.
   int trailEndX = 0, trailEndY = 0;
   FinishMethod activeFinishMethod = FinishMethod::user;
   PlayMode playModeSeen = PlayMode::off, playModeAtPause = PlayMode::off;

@@ -95,12 +95,22 @@ bool standsOnFinish(const ProgramState& s) {
   return !s.paused && s.cur.sameCorner(s.finish) && !isSearching(s);
 }
 
+/// A marker without a trail lies on the screen alone; it must not stay there, and on an answer that is
+/// printed, once the computer walks.
+void dropMarker(Program& program) {
+  if (program.state.paused) return;
+  program.canvas.setAutoRedraw(false);
+  program.canvas.cls();
+  program.canvas.setAutoRedraw(true);
+}
+
 void walkOn(Program& program) {
   ProgramState& s = program.state;
   s.solver.trailPaint = s.startColor;
   if (s.playMode == PlayMode::off || !s.trailOff) updateTrail(program);
   playUpdate(program);
   if (s.playMode == PlayMode::off && s.solver.playModeSeen != PlayMode::off) {
+    if (s.solver.trailOffSeen) dropMarker(program);
     program.canvas.fill(s.start, s.startColor);
   }
   if (!s.paused) {
@@ -123,7 +133,8 @@ class Repetition {
     const State now{{s.solver.probeX, s.solver.probeY, s.deltaX, s.deltaY, s.solver.underpassLock},
                     s.cur,
                     s.prev,
-                    s.solver.pathLength};
+                    s.solver.pathLength,
+                    s.solver.restarts};
     const bool again = passes_ > 0 && now == kept_;
     if (++passes_ >= nextKept_ && !again) {
       kept_ = now;
@@ -136,7 +147,7 @@ class Repetition {
   struct State {
     WalkMark walk;
     Square cur, prev;
-    int pathLength = 0;
+    int pathLength = 0, restarts = 0;
     friend bool operator==(const State&, const State&) = default;
   };
   State kept_;
@@ -179,6 +190,7 @@ void solvedWait(Program& program) {
 }  // namespace
 
 void putWalkOnStart(ProgramState& state) {
+  ++state.solver.restarts;
   state.cur = state.prev = state.start;
   state.solver.probeX = state.cur.left + 1;
   state.solver.probeY = state.cur.top;

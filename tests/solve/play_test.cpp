@@ -187,5 +187,33 @@ TEST(PlayTurnedOffInMidWalk, HandsTheWalkToTheComputer) {
   }
 }
 
+TEST(PlayTurnedOffWithoutATrail, LeavesNoMarkerOnTheAnswer) {
+  Corridor c(Item::easymode, false);
+  c.press(key::right, 2);
+  c.desktop.menu(Item::playmodeoff);
+  c.desktop.untilPhase(Phase::solved);
+  c.desktop.pumpsPass(2);
+  EXPECT_EQ(c.run(), "");
+  EXPECT_TRUE(samePicture(c.canvas.shownImage(), c.canvas.image()));
+}
+
+TEST(AWalkHandedOverAgain, GoesOnOverGroundItHasSeen) {
+  for (int first = 20; first <= 60; first += 4) {
+    Corridor c(Item::playmodeoff);
+    c.desktop.pumpsPass(first);
+    c.desktop.menu(Item::easymode);
+    c.press(key::left, 2);
+    c.desktop.menu(Item::playmodeoff);
+    bool waited = false;
+    c.desktop.until([&](const Program& p) {
+      waited = waited || (p.state.phase == Phase::solving && c.desktop.lastPace == Pace::idle);
+      return p.state.phase == Phase::solved;
+    });
+    if (const std::string why = c.run(); why != "" && why.find("not to be chosen") == std::string::npos)
+      ADD_FAILURE() << why;
+    EXPECT_FALSE(waited) << "after " << first;
+  }
+}
+
 }  // namespace
 }  // namespace gridwright::test
