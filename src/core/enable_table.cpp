@@ -129,6 +129,7 @@ void applyEnableTable(Program& program) {
 }
 
 void applyEnableTableIfChanged(Program& program) {
+  if (program.state.editor.preparing) return;  // patterns made before a maze change no menu
   if (program.menus.enableKey != keyOf(program)) applyEnableTable(program);
 }
 

@@ -25,7 +25,7 @@ void putOnPipeGrid(Program& program) {
   const CellGrid grid = pipeGrid(program);
   const bool topLeft = grid.onPipeGrid({s.cur.left, s.cur.top});
   const bool bottomRight = grid.onPipeGrid({s.cur.right - s.wallWidth + 1, s.cur.bottom - s.wallHeight + 1});
-  if (!topLeft && !bottomRight) s.cur = s.prev = firstCell(s);
+  if (!topLeft && !bottomRight) s.cur = firstCell(s);
   for (Square* end : {&s.start, &s.finish}) {
     if (!grid.onPipeGrid({end->left - 1, end->top - 1})) *end = {-10, -10, -10, -10};
   }
@@ -83,7 +83,7 @@ void createAnew(Program& program, MazeKind kind, Item item) {
   captionMaking(program);
   mazemenus(program);
   forgetStep(s);
-  s.randomPatternsWanted = s.randomPatternMode == 5;
+  s.randomPatternsWanted = true;
   paintWorkPicture(program, "drawing1.bmp");
   s.cur = s.walker.walkStart = s.start;
   program.pictures.save("drawing1b.bmp", program.canvas.image());

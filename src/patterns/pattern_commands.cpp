@@ -17,8 +17,6 @@ constexpr std::array<std::array<std::array<int, 4>, 4>, 4> kImages = {{
     {{{3, 4, 2, 1}, {4, 3, 1, 2}, {2, 1, 4, 3}, {1, 2, 3, 4}}},  // down
 }};
 
-bool isStep(int code) { return code >= step::left && code <= step::walkBack; }
-
 void writeImages(Program& program, int from) {
   const MazeKind kind = program.state.mazeKind;
   const Steps source = program.steps.steps(kind, from);
@@ -26,7 +24,7 @@ void writeImages(Program& program, int from) {
     if (to == from) continue;
     Steps image;
     for (const int code : source) {
-      if (isStep(code)) image.push_back(imageOfStep(from, to, code));
+      if (step::isCode(code)) image.push_back(imageOfStep(from, to, code));
     }
     program.steps.write(kind, to, image);
   }

@@ -19,6 +19,20 @@ void captionEditing(Program& program) {
   program.controls.setCaption(kCaptions.at(static_cast<std::size_t>(program.state.mazeKind)));
 }
 
+/// The help of the phase underneath stays as it is.
+void enableEditorKeyHelp(Program& program, bool editing) {
+  program.menus.setEnabled(Item::keyspattern, editing);
+  program.menus.setEnabled(Item::keysdrawing, !editing);
+  program.menus.setEnabled(Item::fddf, !editing);
+}
+
+/// A drawing follows the window, which may have become another under the editor.
+void takeClientSize(Program& program) {
+  if (program.platform.windowState() != WindowState::minimised) {
+    program.canvas.resize(program.platform.clientSize());
+  }
+}
+
 /// `editorCallerPhase` while no editor is open.
 constexpr auto kNoCaller = static_cast<Phase>(-10);
 
@@ -76,11 +90,12 @@ void endEditor(Program& program) {
   closeOpenPattern(program);
   leaveField(program);
   program.canvas.setAutoRedraw(s.editor.editorAutoRedraw);
-  enableKeyHelp(program, Item::keysdrawing);
+  enableEditorKeyHelp(program, false);
   if (s.phase == Phase::making) {
     captionMaking(program);
   } else {
     captionDrawing(program);
+    takeClientSize(program);
   }
 }
 
@@ -97,7 +112,7 @@ void editpat(Program& program) {
   enterField(program);
   for (Left left = Left::rebuild; left == Left::rebuild;) {
     if (s.editedPattern == 0) break;
-    enableKeyHelp(program, Item::keyspattern);
+    enableEditorKeyHelp(program, true);
     captionEditing(program);
     setUpField(program, FieldPlace::editor);
     left = editLoop(program);

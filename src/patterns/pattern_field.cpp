@@ -1,5 +1,6 @@
 #include "patterns/pattern_field.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "canvas/cell_grid.h"
@@ -26,17 +27,22 @@ int fieldCentre(int pitch, int extent) {
 void layField(Program& program, int cx, int cy, int inset) {
   const ProgramState& s = program.state;
   Canvas& canvas = program.canvas;
-  canvas.fill(0, 0, Canvas::kSide - 1, Canvas::kSide - 1, preview::outside);
+  // What a smaller window hides of the drawing stays: it is in no picture that comes back.
+  const int right = canvas.scaleWidth() - 1;
+  const int bottom = canvas.scaleHeight() - 1;
+  canvas.fill(0, 0, right, bottom, preview::outside);
   const int x = cx - inset;
   const int y = cy - inset;
+  const auto fillField = [&](int left, int top, int fieldRight, int fieldBottom) {
+    canvas.fill(left, top, std::min(fieldRight, right), std::min(fieldBottom, bottom), preview::field);
+  };
   if (s.mazeKind == MazeKind::pipe) {
-    canvas.fill(x - kHalfPipeField * s.stepX, y - kHalfPipeField * s.stepY,
-                x + (kHalfPipeField + 1) * s.stepX - s.wallWidth,
-                y + (kHalfPipeField + 1) * s.stepY - s.wallHeight, preview::field);
+    fillField(x - kHalfPipeField * s.stepX, y - kHalfPipeField * s.stepY,
+              x + (kHalfPipeField + 1) * s.stepX - s.wallWidth,
+              y + (kHalfPipeField + 1) * s.stepY - s.wallHeight);
   } else {
-    canvas.fill(x - kHalfField * s.wallWidth, y - kHalfField * s.wallHeight,
-                x + kHalfField * s.wallWidth + s.stepX, y + kHalfField * s.wallHeight + s.stepY,
-                preview::field);
+    fillField(x - kHalfField * s.wallWidth, y - kHalfField * s.wallHeight,
+              x + kHalfField * s.wallWidth + s.stepX, y + kHalfField * s.wallHeight + s.stepY);
   }
 }
 
@@ -78,7 +84,7 @@ void enterField(Program& program) {
   ProgramState& s = program.state;
   s.randomUsesGo = false;
   s.editor.randomRunning = false;
-  s.editor.fieldCoversStrokes = program.canvas.hasStrokes();
+  s.editor.fieldCoversStrokes = program.canvas.showsAnything();
   program.pictures.save("drawing4.bmp", program.canvas.image());
   s.editor.kept = {s.cur,      s.prev,      s.wallWidth,  s.wallHeight,  s.stepX,
                    s.stepY,    s.gridRight, s.gridBottom, s.gridColumns, s.gridRows,
@@ -172,7 +178,7 @@ void fieldSweep(Program& program) {
     s.walkMode = WalkMode::back;
     appendToOpenPattern(program, step::walkBack);
   }
-  if (s.walker.sweepActive) s.stepCode = s.walker.sweepCode;
+  if (s.walker.sweepActive && !s.paused) s.stepCode = s.walker.sweepCode;
 }
 
 bool fieldStep(Program& program) {

@@ -29,7 +29,9 @@ std::string fileName(const Program& program, const std::string& base) {
 PatternSet presentSet(Program& program) {
   PatternSet set;
   for (int direction = step::left; direction <= step::down; ++direction) {
-    set[static_cast<std::size_t>(direction - 1)] = program.steps.steps(program.state.mazeKind, direction);
+    Steps& steps = set[static_cast<std::size_t>(direction - 1)];
+    steps = program.steps.steps(program.state.mazeKind, direction);
+    std::erase_if(steps, [](int code) { return !step::isCode(code); });  // a set that can be loaded again
   }
   return set;
 }
@@ -115,6 +117,7 @@ void loadpatterns(Program& program) {
 void loadSetEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text6].text);
   closeSetPanel(program, kLoadSetPanel);
+  finishOpenPattern(program);
   const auto text = staysInFolder(base) ? program.files->readText(fileName(program, base))
                                         : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
   const auto set = text ? parseSet(text.value()) : Outcome<PatternSet>(text.fault());
@@ -122,7 +125,6 @@ void loadSetEntered(Program& program) {
     program.platform.messageBox("Error: can't find file.");
     return;
   }
-  finishOpenPattern(program);
   installSet(program, set.value());
 }
 

@@ -80,6 +80,7 @@ bool wanted(const Program& p, const Row& row) {
 std::string disagreement(const Program& p) {
   const int phase = static_cast<int>(p.state.phase);
   if (phase < -1 || phase > 4) return {};
+  if (p.state.editor.preparing) return {};  // the menus stay as they were before the maze was asked for
   const auto differs = [&](Item item, bool want) {
     if (p.menus.enabled(item) == want) return std::string();
     return std::string(rowOf(item).name) + (want ? " should be on" : " should be off") + " in phase " +

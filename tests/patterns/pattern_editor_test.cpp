@@ -302,7 +302,7 @@ TEST(AQuitOutOfTheEditorOverABlankPicture, LeavesTheLastDrawingAlone) {
   w.desktop.untilPhase(Phase::drawing);
   w.desktop.act([](Program& p) { p.canvas.clearPicture(); });
   bool blank = false;
-  w.desktop.look([&](Program& p) { blank = !p.canvas.hasStrokes(); });
+  w.desktop.look([&](Program& p) { blank = !p.canvas.showsAnything(); });
   w.desktop.menu(Item::editpatterns);
   w.desktop.untilPhase(Phase::patternEditing);
   w.desktop.menu(Item::quit2);
@@ -310,6 +310,56 @@ TEST(AQuitOutOfTheEditorOverABlankPicture, LeavesTheLastDrawingAlone) {
   EXPECT_EQ(w.run(), "");
   ASSERT_TRUE(blank);
   EXPECT_TRUE(samePicture(*w.desktop.file("last-drawing.bmp"), kPicture));
+}
+
+TEST(TheEditorsKeyHelp, LeavesThatOfTheMazeUnderneathAlone) {
+  World w(Size{610, 410});
+  w.begin(drawing(Text(40, std::string(60, ','))));
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  w.desktop.pumpsPass(3);
+  const auto helps = [&](bool pattern, bool drawingHelp) {
+    w.desktop.look([=](Program& p) {
+      EXPECT_TRUE(p.menus.enabled(Item::keysmaze));
+      EXPECT_EQ(p.menus.enabled(Item::keyspattern), pattern);
+      EXPECT_EQ(p.menus.enabled(Item::keysdrawing), drawingHelp);
+    });
+  };
+  helps(false, false);
+  w.desktop.menu(Item::editpatterns);
+  w.desktop.untilPhase(Phase::patternEditing);
+  w.desktop.pumpsPass(2);
+  helps(true, false);
+  w.desktop.menu(Item::exitpattern);
+  w.desktop.until([](const Program& p) { return p.state.editor.openDirection == 0; });
+  helps(false, true);
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(WhatAWindowHides, ComesBackAfterTheEditor) {
+  World w(Size{610, 410});
+  w.begin(kPicture);
+  w.desktop.pumpsPass(2);
+  Colour hidden = 0;
+  w.desktop.look([&](Program& p) { hidden = p.canvas.point(580, 390); });
+  w.desktop.act([&](Program& p) {
+    w.desktop.setClient({300, 200});
+    input::resized(p, {300, 200});
+  });
+  w.desktop.pumpsPass(2);
+  w.desktop.menu(Item::editpatterns);
+  w.desktop.untilPhase(Phase::patternEditing);
+  w.desktop.pumpsPass(2);
+  w.desktop.act([&](Program& p) {
+    w.desktop.setClient({610, 410});
+    input::resized(p, {610, 410});  // too early: the field stands
+  });
+  w.desktop.look([](Program& p) { EXPECT_EQ(p.canvas.scaleWidth(), 300); });
+  w.desktop.menu(Item::exitpattern);
+  w.desktop.pumpsPass(4);
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.canvas.scaleWidth(), 610) << "the drawing follows the window again";
+  EXPECT_EQ(w.canvas.point(580, 390), hidden);
 }
 
 }  // namespace

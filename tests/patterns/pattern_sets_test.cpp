@@ -227,5 +227,34 @@ TEST(TheLastSetName, IsOfferedAgain) {
   s.run();
 }
 
+TEST(ALoadThatFindsNothing, StillEndsARandomRunAndKeepsWhatWasDrawn) {
+  Session s;
+  s.desktop.menu(Item::editpatterns);
+  s.desktop.untilPhase(Phase::patternEditing);
+  s.look([](Program& p) { p.state.randomPatternSize = 90; });
+  s.desktop.menu(Item::crpattern);
+  s.desktop.pumpsPass(6);
+  s.look([](Program& p) { EXPECT_TRUE(p.state.editor.randomRunning); });
+  s.load("nobody");
+  s.look([](Program& p) {
+    EXPECT_FALSE(p.state.editor.randomRunning);
+    EXPECT_EQ(p.state.randomPatternSize, 90);
+  });
+  s.run();
+  EXPECT_EQ(s.desktop.messages, std::vector<std::string>{"Error: can't find file."});
+}
+
+TEST(ASetWithNumbersThatAreNoSteps, IsSavedWithoutThem) {
+  Session s;
+  PatternSet odd = kSet;
+  odd[0] = {1, 77, 3};
+  s.writeSet(odd);
+  s.save("odd");
+  s.load("odd");
+  s.look([](Program& p) { EXPECT_EQ(p.steps.steps(MazeKind::regular, step::left), (Steps{1, 3})); });
+  s.run();
+  EXPECT_TRUE(s.desktop.messages.empty());
+}
+
 }  // namespace
 }  // namespace gridwright::test

@@ -275,5 +275,39 @@ TEST(ASizeTyped, IsHeldBetweenTwoAndNinetyNine) {
   }
 }
 
+TEST(PatternsForAMaze, AreMadeByTheCreateItemsAndChangeNoMenu) {
+  for (const bool mode : {true, false}) {
+    World w(Size{610, 410});
+    w.begin(drawing(kRows));
+    w.desktop.menu(Item::cgenerate);
+    w.desktop.menu(Item::newmaze);
+    w.desktop.untilPhase(Phase::placing);
+    w.desktop.look([mode](Program& p) {
+      p.steps.resetAll();
+      p.state.randomPatternMode = mode ? 5 : 0;
+      p.state.randomFlagLeft = !mode;
+      p.steps.write(MazeKind::threeD, step::left, {step::left, step::up});
+    });
+    std::uint64_t revision = 0;
+    int passes = 0;
+    w.desktop.menu(Item::create3d);
+    w.desktop.until([&](const Program& p) {
+      if (p.state.editor.preparing) {
+        if (passes++ == 0) revision = p.menus.revision();
+        EXPECT_EQ(p.menus.revision(), revision);
+      }
+      return p.state.phase == Phase::placing;
+    });
+    EXPECT_EQ(w.run(), "");
+    EXPECT_EQ(passes > 0, mode);
+    const Steps& left = w.program.steps.steps(MazeKind::threeD, step::left);
+    const Steps& right = w.program.steps.steps(MazeKind::threeD, step::right);
+    ASSERT_EQ(left.size(), right.size());
+    for (std::size_t i = 0; i < left.size(); ++i)
+      EXPECT_EQ(right[i], imageOfStep(step::left, step::right, left[i]));
+    EXPECT_TRUE(mode || left.size() == 2);
+  }
+}
+
 }  // namespace
 }  // namespace gridwright::test
