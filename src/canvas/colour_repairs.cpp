@@ -50,7 +50,9 @@ void replaceMazeColour(Program& program, Colour conflicting) {
   for (int i = 0; i < kSlots; ++i) {
     if (maze[static_cast<std::size_t>(i)] == conflicting) program.colours.setMaze(i, *other);
   }
-  if (program.state.mazeColor == conflicting) program.state.mazeColor = *other;
+  for (Colour* follower : {&program.state.mazeColor, &program.state.keptMazeColor}) {
+    if (*follower == conflicting) *follower = *other;
+  }
 }
 
 /// A maze colour that lies on a cell's corner would be taken for carved ground.

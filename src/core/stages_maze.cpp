@@ -131,6 +131,7 @@ Stage drawingStage(Program& program) {
   s.drawing.reloadDrawing = false;
   program.canvas.setAutoRedraw(false);
   giveBrushBack(s);
+  s.drawing.skipPaintOnce = true;  // each way here measures: the Canvas and the grid may be others now
   drawpicture(program);
   if (s.phase == Phase::quitToTitle) return Stage::title;
   program.canvas.resize(program.platform.maximise());

@@ -10,6 +10,7 @@
 #include "core/stages.h"
 #include "core/title.h"
 #include "files/drawing_files.h"
+#include "files/print_job.h"
 #include "maze/finishmaking.h"
 
 namespace gridwright {
@@ -73,6 +74,7 @@ Stage leaveTitleStage(Program& program) {
   program.canvas.clearPicture();
   enableTitles(program, true);
   forgetEverything(program);
+  endJob(program);
   program.steps.resetAll();
   program.random.seed(program.platform.clockSeed());
   s.mazeKind = MazeKind::regular;

@@ -53,7 +53,10 @@ void changewallsize(Program& program) {
 }
 
 void newwallsize(Program& program) {
+  const bool pipes = program.state.mazeKind == MazeKind::pipe;
   program.state.drawing.newSizeRequest = true;
+  for (const Item item : {Item::createreg, Item::create3d}) program.menus.setVisible(item, !pipes);
+  for (const Item item : {Item::create3dpipe, Item::changewallsize}) program.menus.setVisible(item, false);
   changewallsize(program);
 }
 

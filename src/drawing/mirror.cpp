@@ -46,7 +46,10 @@ void measureDrawing(Program& program) {
   pitchFromKind(s);
   // A smaller Canvas leaves the square outside, and so does a jump to the centre of one with two columns.
   const bool outside = s.cur.left < 0 || s.cur.top < 0 || s.cur.right >= width || s.cur.bottom >= height;
-  if (outside) s.cur = s.prev = firstCell(s);
+  if (outside) {
+    s.cur = firstCell(s);  // no stroke leads there, but the outline at the old place goes
+    s.drawing.skipPaintOnce = true;
+  }
   s.squareWidth = s.cur.right - s.cur.left;
   s.squareHeight = s.cur.bottom - s.cur.top;
   const Lines columns = walkLines(s.wallWidth, s.stepX, width, s.cur.left);

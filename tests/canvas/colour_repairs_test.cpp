@@ -199,5 +199,16 @@ TEST(SavedEndColours, AreNotTakenBackAsMazeColourSentinelOrWhenNotValid) {
   EXPECT_EQ(w.state.startColor, kGrey);
 }
 
+TEST(TheKeptMazeColour, FollowsAConflictToo) {
+  World w(drawing({"...", "..."}));
+  w.program.colours.setAllMaze(kRed);
+  w.program.colours.setMaze(3, kFuchsia);
+  w.canvas.fill(21, 11, 28, 18, kRed);
+  w.state.mazeColor = w.state.keptMazeColor = kRed;
+  repairSetsBeforeMaze(w.program);
+  EXPECT_EQ(w.state.mazeColor, kFuchsia);
+  EXPECT_EQ(w.state.keptMazeColor, kFuchsia);
+}
+
 }  // namespace
 }  // namespace gridwright::test

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/input.h"
 #include "core/main_loop.h"
 #include "support/world.h"
 
@@ -329,6 +330,65 @@ TEST(TheTitle, IsAnEightHundredBySixHundredPicture) {
   EXPECT_EQ(w.desktop.file("title.bmp")->width, 800);
   EXPECT_EQ(w.desktop.file("title.bmp")->height, 600);
   EXPECT_TRUE(samePicture(w.canvas.image(), *w.desktop.file("title.bmp")));
+}
+
+TEST(ADrawingAfterASecondTitle, IsMeasuredLikeTheFirst) {
+  World w(Size{260, 180});
+  std::vector<std::array<int, 7>> measures;
+  const auto note = [&](Program& p) {
+    const DrawingState& d = p.state.drawing;
+    measures.push_back({d.mirror.left, d.mirror.top, d.centreLeft, d.centreTop, p.state.gridRight,
+                        p.state.gridColumns, p.state.gridRows});
+  };
+  for (int visit = 0; visit < 2; ++visit) {
+    w.desktop.click(ControlId::Command2);
+    w.desktop.untilPhase(Phase::drawing);
+    w.desktop.pumpsPass(3);
+    w.desktop.look(note);
+    w.desktop.menu(Item::newwallsize);
+    w.desktop.enter(ControlId::Text2, "8");
+    w.desktop.pumpsPass(3);
+    w.desktop.menu(Item::quit2);
+    w.desktop.untilPhase(Phase::title);
+    w.desktop.pumpsPass(2);
+  }
+  EXPECT_EQ(w.run(), "");
+  ASSERT_EQ(measures.size(), 2U);
+  EXPECT_EQ(measures[0], measures[1]);
+  EXPECT_GT(measures[0][0], 130) << "the mirror lies in the other half";
+}
+
+TEST(ADrawingSentBackByTheChecks, IsMeasuredInTheWindowItIsIn) {
+  World w(Size{800, 600});
+  w.desktop.click(ControlId::Command2);
+  w.desktop.untilPhase(Phase::drawing);
+  w.desktop.pumpsPass(3);
+  w.desktop.act([](Program& p) { p.state.cur = squareOf(60, 1); });
+  w.desktop.pumpsPass(2);
+  w.desktop.setClient({400, 300});  // it comes to light when the maze is asked for
+  w.desktop.menu(Item::newmaze);
+  w.desktop.until(
+      [](const Program& p) { return p.state.phase == Phase::drawing && p.state.canvasWidth == 400; });
+  w.desktop.pumpsPass(3);
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.state.phase, Phase::drawing);
+  EXPECT_EQ(w.state.cur, (Square{10, 10, 19, 19})) << "not outside, where it was";
+  EXPECT_EQ(w.state.drawing.centreLeft, 180);
+}
+
+TEST(APrintJobLeftOver, IsGoneWhenTheTitleIsLeft) {
+  World w;
+  w.desktop.act([](Program& p) {
+    p.state.printMode = PrintMode::withAnswers;
+    p.state.printTotal = 5;
+    p.state.printedCount = 2;
+    input::buttonClick(p, ControlId::Command2);
+  });
+  w.desktop.untilPhase(Phase::drawing);
+  w.desktop.pumpsPass(2);
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.state.printMode, PrintMode::none);
+  EXPECT_EQ(w.state.printTotal + w.state.printedCount, 0);
 }
 
 }  // namespace

@@ -118,5 +118,48 @@ TEST(ABackColorThatIsBackgroundOrMaze, GivesWayToTheFirstPlainBorder) {
   EXPECT_EQ(w.canvas.backColor(), kYellow);
 }
 
+TEST(ANewSizeAsked, HidesWhatOnlyAMadeMazeShowsUntilThePanelIsGone) {
+  for (const MazeKind kind : {MazeKind::regular, MazeKind::pipe, MazeKind::threeD}) {
+    World w;
+    w.begin(drawing(kRoom));
+    w.desktop.look([kind](Program& p) {
+      p.state.mazeKind = kind;
+      pitchFromKind(p.state);
+      p.state.mazeMadeOnce = true;
+    });
+    w.desktop.pumpsPass(2);
+    const auto shows = [&](bool create, bool pipes) {
+      w.desktop.look([=](Program& p) {
+        EXPECT_EQ(p.menus.visible(Item::createreg), create);
+        EXPECT_EQ(p.menus.visible(Item::create3d), create);
+        EXPECT_EQ(p.menus.visible(Item::create3dpipe), pipes);
+        EXPECT_EQ(p.menus.visible(Item::changewallsize), pipes);
+      });
+    };
+    shows(true, true);
+    w.desktop.menu(Item::newwallsize);
+    w.desktop.pumpsPass(2);
+    shows(kind != MazeKind::pipe, false);
+    w.desktop.act([](Program& p) { input::escapePressed(p, ControlId::Text2); });
+    w.desktop.pumpsPass(2);
+    shows(true, true);
+    EXPECT_EQ(w.run(), "");
+  }
+}
+
+TEST(ANewSizeGivenUp, IsNotAskedForByTheNextChange) {
+  World w;
+  w.begin(drawing(kRoom));
+  w.desktop.look([](Program& p) { p.state.mazeMadeOnce = true; });
+  w.desktop.menu(Item::newwallsize);
+  w.desktop.act([](Program& p) { input::escapePressed(p, ControlId::Text2); });
+  w.desktop.pumpsPass(2);
+  w.desktop.menu(Item::changewallsize);
+  w.desktop.enter(ControlId::Text2, "12");
+  w.desktop.pumpsPass(2);
+  EXPECT_EQ(w.run(), "");
+  EXPECT_TRUE(samePicture(w.canvas.image(), drawing(kRoom))) << "the drawing is kept";
+}
+
 }  // namespace
 }  // namespace gridwright::test

@@ -215,5 +215,34 @@ TEST(ARegularDrawing, IsSymmetricAboutTheMiddleOfItsCells) {
   }
 }
 
+int outlinePixels(const Canvas& canvas) {
+  int count = 0;
+  for (int y = 0; y < canvas.scaleHeight(); ++y) {
+    for (int x = 0; x < canvas.scaleWidth(); ++x) count += canvas.shownPoint(x, y) == kRed;
+  }
+  return count;
+}
+
+TEST(ASquareThatIsPutElsewhere, LeavesNoOutlineBehind) {
+  constexpr int kOutline = 36;  // of a square of ten pixels
+  Person resized;
+  for (int i = 0; i < 15; ++i) resized.key(key::L);
+  resized.desktop.act([](Program& p) { input::resized(p, {165, 150}); });
+  resized.desktop.pumpsPass(2);
+  EXPECT_EQ(resized.run(), "");
+  EXPECT_EQ(resized.state.cur, (Square{10, 10, 19, 19}));
+  EXPECT_EQ(outlinePixels(resized.canvas), kOutline);
+
+  World piped;
+  piped.begin(drawing(Text(10, ",,,,,,,,,,,,")));
+  piped.desktop.look([](Program& p) { p.state.cur = p.state.prev = {20, 10, 29, 19}; });
+  piped.desktop.pumpsPass(2);
+  piped.desktop.menu(Item::create3dpipe);
+  piped.desktop.pumpsPass(3);
+  EXPECT_EQ(piped.run(), "");
+  EXPECT_EQ(piped.state.cur.left, 10);
+  EXPECT_EQ(outlinePixels(piped.canvas), kOutline);
+}
+
 }  // namespace
 }  // namespace gridwright::test
