@@ -16,7 +16,7 @@ class StillDesktop : public Platform {
  public:
   void doEvents(Program& program, Pace /*pace*/) override {
     ++pumps;
-    if (program.state.phase == until || pumps == mostPumps) throw ProgramEnd{};
+    if (program.state.phase == until) throw ProgramEnd{};
   }
   Size clientSize() override { return {1000, 1000}; }
   std::filesystem::path contentFolder() override { return {}; }
@@ -43,7 +43,7 @@ class StillDesktop : public Platform {
   std::uint32_t clockSeed() override { return 1; }
 
   Phase until = Phase::title;
-  std::int64_t pumps = 0, mostPumps = -1;
+  std::int64_t pumps = 0;
   std::map<std::string, Bitmap> pictures;
 };
 
