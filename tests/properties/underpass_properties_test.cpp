@@ -31,18 +31,27 @@ const std::array kRooms = {
     Text{".........", ".........", ".........", "...###...", "...###...", "...###...", ".........",
          ".........", "........."},
     Text{"...............", "...............", "...............", ".....,,,,,.....", ".....,,,,,....."},
+    Text{".....##.....", ".....##.....", ".....##.....", "............", "............", "............",
+         "............"},
+    Text{"###.....###", "###.....###", "###.....###", "...........", "....,,,....", "....,,,....",
+         "...........", "...........", "###.....###", "###.....###", "###.....###"},
 };
+
+/// Four rooms without a door.
+const Text kHouse = {".......###########", ".......#.........#", ".......#.........#", ".......#.........#",
+                     "########.........#", ".....###.........#", ".....#############", ".....##..........#",
+                     ".....##..........#", "#######..........#"};
 
 class TunnelReading {
  public:
-  TunnelReading(const Bitmap& picture, PlainSets sets, int wall)
+  TunnelReading(const Bitmap& picture, PlainSets sets, int wall, bool withTunnels = true)
       : picture_(picture), sets_(std::move(sets)), wall_(wall) {
     columns_ = picture.width / wall - 1;
     rows_ = picture.height / wall - 1;
     cells_ = columns_ * rows_;
     ways_.resize(static_cast<std::size_t>(cells_));
     for (int cell = 0; cell < cells_; ++cell) readJoins(cell);
-    for (int cell = 0; cell < cells_; ++cell) {
+    for (int cell = 0; withTunnels && cell < cells_; ++cell) {
       for (const int d : {0, 2}) readTunnel(cell, d);
     }
   }
@@ -101,7 +110,29 @@ class TunnelReading {
     return reach;
   }
 
+  /// The cells in the order in which a walk from the start with its left hand on the wall first meets
+  /// them, in a maze without tunnels.
+  [[nodiscard]] std::vector<int> leftHandOrder(int start) const {
+    std::vector<int> order;
+    meet(start, -1, kNorth, order);
+    return order;
+  }
+
  private:
+  static constexpr int kNorth = 0;  // of the compass: north, east, south, west
+  static constexpr std::array kSideOfCompass = {3, 0, 2, 1};
+
+  void meet(int cell, int from, int first, std::vector<int>& order) const {
+    order.push_back(cell);
+    for (int turn = 0; turn < 4; ++turn) {
+      const int compass = (first + turn) % 4;
+      const int side = kSideOfCompass.at(static_cast<std::size_t>(compass));
+      const int next = beside(cell, side);
+      if (next == -1 || next == from || !open(cell, side)) continue;
+      meet(next, cell, (compass + 3) % 4, order);  // there the turn to the left comes first
+    }
+  }
+
   static constexpr std::array kDx = {1, -1, 0, 0};
   static constexpr std::array kDy = {0, 0, 1, -1};
 
@@ -238,6 +269,20 @@ std::string treeFault(const TunnelReading& maze) {
          std::to_string(maze.wayCount()) + " ways of which " + std::to_string(maze.tunnels()) + " tunnels";
 }
 
+/// How many pieces hang together, underpasses counted.
+int pieces(const TunnelReading& maze) {
+  int count = 0;
+  std::vector<bool> seen;
+  for (const int cell : maze.carvedCells()) {
+    const auto reach = maze.reachFrom(cell);
+    seen.resize(reach.size());
+    if (seen[static_cast<std::size_t>(cell)]) continue;
+    ++count;
+    for (std::size_t i = 0; i < reach.size(); ++i) seen[i] = seen[i] || reach[i].reached;
+  }
+  return count;
+}
+
 std::string trailFault(const TunnelReading& maze, const Program& p, int start, int finish) {
   const auto reach = maze.reachFrom(start);
   std::vector<bool> onWay(reach.size());
@@ -286,6 +331,17 @@ TEST_P(EverySetting, MakesOneTreeThatIsSolvedByItsOnlyWay) {
   EXPECT_GT(tunnels, 0);
 }
 
+TEST_P(EverySetting, MakesATreeInEachRoomOfAHouse) {
+  for (std::uint32_t seed = 1; seed <= 20; ++seed) {
+    Session session(kHouse, GetParam(), 1 + static_cast<int>(seed % 6), Item::pnormal, seed);
+    ASSERT_EQ(session.world.run(), "") << seed;
+    const TunnelReading maze = session.reading();
+    const int trees = pieces(maze);
+    EXPECT_GE(trees, 4) << seed;
+    EXPECT_EQ(static_cast<int>(maze.carvedCells().size()) - maze.wayCount(), trees) << seed;
+  }
+}
+
 TEST_P(EverySetting, WorksAtTheSmallestAndAtAnOddWallSize) {
   for (const int wall : {5, 7, 12}) {
     for (std::uint32_t seed = 1; seed <= 4; ++seed) {
@@ -328,6 +384,35 @@ TEST_P(EverySetting, FindsTheFinishThatTheTwinFinds) {
     }
   }
   EXPECT_GT(compared, 22) << "at least every second maze";
+}
+
+TEST(TheFarthestFinish, IsTheFirstAmongEqualsInWalkingOrder) {
+  int equals = 0;
+  for (std::uint32_t seed = 1; seed <= 60; ++seed) {
+    World w;
+    w.desktop.seed = seed;
+    w.begin(drawing(kRooms.at(seed % kRooms.size())));
+    w.desktop.menu(Item::cgenerate);
+    w.desktop.menu(Item::largestsolution);
+    w.desktop.menu(Item::newmaze);
+    w.desktop.until([](const Program& p) { return p.state.finishFound && p.state.phase == Phase::placing; });
+    w.desktop.pumpsPass(1);
+    ASSERT_EQ(w.run(), "") << seed;
+    const TunnelReading maze{*w.desktop.file("drawing3.bmp"), PlainSets(w.program.colours), 10, false};
+    const int start = maze.cellOf(w.state.start);
+    const auto reach = maze.reachFrom(start);
+    int best = start;
+    int asFar = 0;
+    for (const int cell : maze.leftHandOrder(start)) {
+      const int farther =
+          reach[static_cast<std::size_t>(cell)].joins - reach[static_cast<std::size_t>(best)].joins;
+      if (farther > 0) best = cell;
+      asFar = farther > 0 ? 1 : asFar + (farther == 0);
+    }
+    equals += asFar > 1;
+    EXPECT_EQ(maze.cellOf(w.state.finish), best) << seed;
+  }
+  EXPECT_GT(equals, 3) << "there was a choice";
 }
 
 INSTANTIATE_TEST_SUITE_P(Settings, EverySetting, ::testing::ValuesIn(kSettings), [](const auto& setting) {
