@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
 #include "core/input.h"
 #include "core/main_loop.h"
 #include "support/world.h"
@@ -389,6 +394,41 @@ TEST(APrintJobLeftOver, IsGoneWhenTheTitleIsLeft) {
   EXPECT_EQ(w.run(), "");
   EXPECT_EQ(w.state.printMode, PrintMode::none);
   EXPECT_EQ(w.state.printTotal + w.state.printedCount, 0);
+}
+
+TEST(TheBrush, ComesBackFromTheMazeWhereItWasInItsColour) {
+  World w;
+  w.begin(drawing({"......", "......", "......"}));
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.act([](Program& p) {
+    p.state.cur = p.state.prev = {30, 20, 49, 29};
+    p.state.drawColor = p.state.drawing.lastColor = kMaroon;
+  });
+  w.desktop.pumpsPass(2);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::placing);
+  w.desktop.menu(Item::backtodrawing);
+  w.desktop.untilPhase(Phase::drawing);
+  w.desktop.pumpsPass(3);
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.state.cur, (Square{30, 20, 49, 29}));
+  EXPECT_EQ(w.state.drawColor, kMaroon);
+}
+
+TEST(ASearch, IsToldInTheCaption) {
+  World w;
+  std::vector<std::string> captions;
+  w.begin(drawing({"......", "......", "......"}));
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::largestsolution);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.until([&](const Program& p) {
+    const std::string caption(p.controls.caption());
+    if (captions.empty() || captions.back() != caption) captions.push_back(caption);
+    return p.state.finishFound;
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_NE(std::find(captions.begin(), captions.end(), "Gridwright-(searching for finish)"), captions.end());
 }
 
 }  // namespace

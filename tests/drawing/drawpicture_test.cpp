@@ -244,5 +244,30 @@ TEST(ASquareThatIsPutElsewhere, LeavesNoOutlineBehind) {
   EXPECT_EQ(outlinePixels(piped.canvas), kOutline);
 }
 
+TEST(TheOutline, IsLightRedOverALightRedDrawingToo) {
+  Person p;
+  p.desktop.act([](Program& q) { q.state.drawColor = q.state.drawing.lastColor = kRed; });
+  p.key(key::L);
+  p.key(key::K);
+  p.desktop.pumpsPass(2);
+  EXPECT_EQ(p.run(), "");
+  EXPECT_EQ(p.canvas.image().at(20, 20), kRed) << "drawn";
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(p.canvas.shownPoint(p.state.cur.left + i, p.state.cur.top), kRed);
+}
+
+TEST(TheKeyC, JumpsToTheMiddleWithoutAStripeAndMeasuresTheMirrorAnew) {
+  Person p(Size{400, 300});
+  p.desktop.act([](Program& q) { q.state.symmetryMode = Symmetry::horizontal; });
+  p.key(key::C);
+  p.desktop.pumpsPass(3);
+  EXPECT_EQ(p.run(), "");
+  std::set<std::pair<int, int>> square;
+  addBox(square, 10, 10, 19, 19, {400, 300});
+  EXPECT_EQ(painted(p.canvas.image(), kNavy), square) << "the old place alone, and no mirror";
+  EXPECT_EQ(p.state.cur.left, 18 * 10) << "38 columns: 37 lines between, half of them, less the wall size";
+  EXPECT_EQ(p.state.cur.top, 13 * 10) << "28 rows";
+  EXPECT_EQ(p.state.drawing.mirror.left, 380 - 180 + 10);
+}
+
 }  // namespace
 }  // namespace gridwright::test

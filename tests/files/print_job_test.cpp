@@ -251,5 +251,22 @@ TEST(ASolverStoppedByThePanel, StartsCleanlyAtAKeyInTheBox) {
   EXPECT_EQ(w.state.solver.probeX, w.state.start.left + 1);
 }
 
+TEST(AJobThatWaits, SaysForWhat) {
+  const auto tipOf = [](const Program& p) { return std::string(p.menus.tip(Item::printing)); };
+  Job drawing(Item::printnosolutions, "2");
+  std::string tip;
+  drawing.desktop.look([&](Program& p) { tip = tipOf(p); });
+  EXPECT_EQ(drawing.run(), "");
+  EXPECT_EQ(tip, "waiting for a new maze: choose New maze");
+
+  Job byHand(Item::printnosolutions, "2", false);
+  byHand.desktop.menu(Item::newmaze);
+  byHand.desktop.untilPhase(Phase::making);
+  byHand.desktop.pumpsPass(3);
+  byHand.desktop.look([&](Program& p) { tip = tipOf(p); });
+  EXPECT_EQ(byHand.run(), "");
+  EXPECT_EQ(tip, "waiting for you to make the maze");
+}
+
 }  // namespace
 }  // namespace gridwright::test

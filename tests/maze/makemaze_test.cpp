@@ -4,6 +4,8 @@
 
 #include <set>
 
+#include "core/input.h"
+#include "core/key_codes.h"
 #include "maze/maze_commands.h"
 #include "maze/stranded.h"
 #include "support/world.h"
@@ -318,6 +320,56 @@ TEST(HandingOverToTheComputer, WipesTheCursorAndMakesTheMaze) {
     const Bitmap maze = p.canvas.image();
     EXPECT_EQ(std::count(maze.pixels.begin(), maze.pixels.end(), kCursorColour), 0);
   });
+  EXPECT_EQ(w.run(), "");
+}
+
+/// A person carving single steps in a room, one step right of the start.
+struct StepByStep : World {
+  StepByStep() {
+    begin(drawing({"......", "......", "......"}));
+    desktop.menu(Item::dontusepattern);
+    desktop.menu(Item::newmaze);
+    desktop.untilPhase(Phase::making);
+    desktop.pumpsPass(3);
+    press(key::right);
+    press(key::right);
+    stands(3, 1);
+  }
+  void press(int code) {
+    desktop.act([code](Program& p) { input::keyDown(p, code); });
+    desktop.pumpsPass(3);
+  }
+  void stands(int column, int row) {
+    desktop.look([=](Program& p) { EXPECT_EQ(p.state.cur, squareOf(column, row)); });
+  }
+};
+
+TEST(AUsersStepStraightBack, IsRefusedWhileCarvingAndTakenAfterG) {
+  StepByStep w;
+  w.press(key::left);
+  w.stands(3, 1);
+  w.press(key::G);
+  w.press(key::left);
+  w.stands(2, 1);
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(AnArrowThatHasJustFailed, IsRefusedUntilAPassWithoutIt) {
+  StepByStep w;
+  const Square above = squareOf(3, 0);
+  const auto up = [](Program& p) { input::keyDown(p, key::up); };
+  w.desktop.act(up);  // into the frame
+  w.desktop.act([&](Program& p) {
+    p.canvas.fill(above.left - 1, above.top - 1, above.right + 1, above.bottom + 1,
+                  kNavy);  // now it would go
+    up(p);
+  });
+  w.desktop.look([](Program& p) { EXPECT_EQ(p.state.cur, squareOf(3, 1)); });
+  w.desktop.act(up);
+  w.stands(3, 1);
+  w.desktop.pumpsPass(3);
+  w.press(key::up);
+  w.stands(3, 0);
   EXPECT_EQ(w.run(), "");
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "solve/firstnoxy.h"
+#include "solve/play.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -213,6 +214,23 @@ TEST(AClosedStartInATunnelAlongTheRow, IsLeftByTheVerticalNumbersAndOneAcrossByT
   EXPECT_EQ(column.state.solver.underpassLock, 2);
   EXPECT_EQ(column.state.deltaX, 1);
   EXPECT_EQ(column.state.solver.probeY, column.state.start.top);
+}
+
+TEST(HardPlay, TakesAJumpBackThroughACrossingForATurn) {
+  for (const auto& [dx, dy] : kWays) {
+    Tunnel t("O-O + O-O", dx, dy);
+    t.state.phase = Phase::solving;
+    t.state.playMode = PlayMode::hard;
+    t.state.start = t.cell(1);
+    t.stand(4, -1);
+    t.state.sweepX = t.cell(2).left;  // the cell before this one: the jump began there
+    t.state.sweepY = t.cell(2).top;
+    maze3dunderpass(t.program);
+    ASSERT_EQ(t.state.cur, t.cell(2));
+    playUpdate(t.program);
+    EXPECT_EQ(t.state.cur, t.cell(1)) << "thrown back to the start";
+    EXPECT_EQ(t.state.sweepX, -1);
+  }
 }
 
 }  // namespace
