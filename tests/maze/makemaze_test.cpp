@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
+#include <utility>
 
 #include "core/input.h"
 #include "core/key_codes.h"
@@ -371,6 +373,57 @@ TEST(AnArrowThatHasJustFailed, IsRefusedUntilAPassWithoutIt) {
   w.press(key::up);
   w.stands(3, 0);
   EXPECT_EQ(w.run(), "");
+}
+
+/// How many draws lead from one generator to the other.
+int drawsBetween(Random from, Random to) {
+  const double next = to.rnd();
+  int draws = 0;
+  while (draws < 1000 && from.rnd() != next) ++draws;
+  return draws;
+}
+
+TEST(EachPassOfAWaitingUser, DrawsADirectionThoughItIsOverwrittenAtOnce) {
+  constexpr int kPasses = 20;
+  World w;
+  w.begin(drawing(kRoom));
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::making);
+  for (const WalkMode mode : {WalkMode::back, WalkMode::carve}) {
+    Random before;
+    w.desktop.pumpsPass(4);
+    w.desktop.look([&, mode](Program& p) {
+      EXPECT_EQ(p.state.walkMode, mode);
+      before = p.random;
+    });
+    w.desktop.pumpsPass(kPasses);
+    w.desktop.look([&](Program& p) { EXPECT_EQ(drawsBetween(before, p.random), kPasses); });
+    w.desktop.act([](Program& p) { input::keyDown(p, key::right); });  // onto free ground
+  }
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(TheEndOfAStepFile, CostsADrawAndAPumpBeforeTheNextNumber) {
+  World w;
+  w.desktop.limit = 100'000;
+  w.begin(drawing({".............."}));
+  w.desktop.act([](Program& p) {
+    for (int direction = 1; direction <= 4; ++direction)
+      p.steps.write(MazeKind::regular, direction, {step::right, step::right});
+  });
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::newmaze);
+  std::map<int, std::pair<std::int64_t, Random>> firstAt;  // by column: pump and generator
+  watch(w, Phase::placing, [&](const Program& p) {
+    if (p.state.walkMode == WalkMode::carve && p.state.patternState == PatternState::reading)
+      firstAt.try_emplace(p.state.cur.left / 10, w.desktop.pumps, p.random);
+  });
+  EXPECT_EQ(w.run(), "");
+  ASSERT_TRUE(firstAt.count(4) == 1 && firstAt.count(10) == 1);
+  const auto& [from, before] = firstAt[4];
+  const auto& [to, after] = firstAt[10];
+  EXPECT_EQ(to - from, 6 + 3) << "a pump for each step and one for each end of a file";
+  EXPECT_EQ(drawsBetween(before, after), 3);
 }
 
 }  // namespace
