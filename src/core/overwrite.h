@@ -5,8 +5,8 @@ namespace gridwright {
 
 enum class Overwrite {
   atOnce,   ///< The file is the old or the new one, whole, at any moment: for what a person keeps.
-  inPlace,  ///< A file of the same length is written over: for what the program alone reads back, because
-            ///< a new file a maze would keep the disk busy for longer than the maze takes.
+  inPlace,  ///< A file of the same length is written over: for the pictures in progress, because a new file
+            ///< for each of them would keep the disk busy for longer than a maze takes.
 };
 
 }  // namespace gridwright

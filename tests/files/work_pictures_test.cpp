@@ -126,6 +126,22 @@ TEST(AWorkPictureThatCouldNotBeWritten, IsTriedAgain) {
   EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), kOther));
 }
 
+TEST(AWorkPictureTornInTheMiddle, ComesFromMemoryUntilItIsWhole) {
+  PicturesOnDisk p;
+  const Bitmap first = plainBitmap(60, 40, kNavy);
+  const Bitmap second = plainBitmap(60, 40, kRed);
+  p.save(first);
+  {
+    const FullDisk full(3000);  // the disk gives up in the middle of the file that is written over
+    p.save(second);
+    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), second));
+  }
+  EXPECT_FALSE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), second));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), second));
+  EXPECT_EQ(p.save(second), 1) << "not taken for one that is on disk already";
+  EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), second));
+}
+
 TEST(AWholeSession, LosesNothingWhenNoPictureAndNoStepFileCanBeWritten) {
   World w;
   w.desktop.savesFail = true;
