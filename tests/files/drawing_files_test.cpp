@@ -7,11 +7,10 @@
 
 #include "core/field_names.h"
 #include "core/input.h"
-#include "core/main_loop.h"
 #include "files/drawing_record.h"
 #include "files/drawing_values.h"
 #include "support/bitmap_files.h"
-#include "support/disk_desktop.h"
+#include "support/disk_session.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -21,40 +20,8 @@ namespace fs = std::filesystem;
 
 const Bitmap kPicture = drawing(Text(19, ".,,.o.k==.,,.o.k==.,,.o.k==.."));
 
-struct Session {
-  explicit Session(const fs::path& folder) : program(desktop, folder) {
-    desktop.setClient({kPicture.width, kPicture.height});
-    desktop.click(ControlId::Command2);
-    desktop.untilPhase(Phase::drawing);
-    desktop.pumpsPass(2);
-  }
-  void draw() {
-    desktop.act([](Program& p) {
-      p.canvas.setPicture(kPicture);
-      p.state.drawing.skipPaintOnce = p.state.drawing.firstPaint = true;
-    });
-    desktop.pumpsPass(2);
-  }
-  void save(const std::string& name) {
-    desktop.menu(Item::sdrawing);
-    desktop.enter(ControlId::text1, name);
-    desktop.pumpsPass(2);
-  }
-  void load(const std::string& name) {
-    desktop.menu(Item::ldrawing);
-    desktop.enter(ControlId::Text4, name);
-    desktop.pumpsPass(2);
-  }
-  void look(BareDesktop::Action action) { desktop.look(std::move(action)); }
-  void run() {
-    try {
-      runProgram(program);
-    } catch (const ProgramEnd&) {
-    }
-    ASSERT_EQ(desktop.trouble, "");
-  }
-  DiskDesktop desktop;
-  Program program;
+struct Session : DiskSession {
+  explicit Session(const fs::path& folder) : DiskSession(folder, kPicture) {}
 };
 
 /// Settings unlike the defaults, each within its range, so that a value in the wrong place shows.

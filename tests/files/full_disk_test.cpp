@@ -7,10 +7,7 @@
 #include <fstream>
 #include <optional>
 
-#include "core/input.h"
-#include "core/main_loop.h"
-#include "files/drawing_files.h"
-#include "support/disk_desktop.h"
+#include "support/disk_session.h"
 #include "support/small_disk.h"
 #include "support/work_folders.h"
 #include "support/world.h"
@@ -23,23 +20,8 @@ namespace fs = std::filesystem;
 const Bitmap kRoom = drawing({"......", "......", "......", "......"});
 const std::vector<std::string> kBadFileName{"Error: bad file name."};
 
-struct Session {
-  explicit Session(const TempFolder& temp) : folder(temp), program(desktop, temp.path()) {
-    desktop.setClient({kRoom.width, kRoom.height});
-    desktop.click(ControlId::Command2);
-    desktop.untilPhase(Phase::drawing);
-    desktop.pumpsPass(2);
-    desktop.act([](Program& p) {
-      p.canvas.setPicture(kRoom);
-      p.state.drawing.skipPaintOnce = p.state.drawing.firstPaint = true;
-    });
-    desktop.pumpsPass(2);
-  }
-  void save(const std::string& name) {
-    desktop.menu(Item::sdrawing);
-    desktop.enter(ControlId::text1, name);
-    desktop.pumpsPass(2);
-  }
+struct Session : DiskSession {
+  explicit Session(const TempFolder& temp) : DiskSession(temp.path(), kRoom) { draw(); }
   void stroke() {
     desktop.act([](Program& p) { p.canvas.fill(20, 20, 29, 29, kRed); });
     desktop.pumpsPass(1);
@@ -52,17 +34,6 @@ struct Session {
     desktop.menu(Item::newmaze);
     desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
   }
-  void run() {
-    try {
-      runProgram(program);
-    } catch (const ProgramEnd&) {
-    }
-    EXPECT_EQ(desktop.trouble, "");
-  }
-
-  const TempFolder& folder;
-  DiskDesktop desktop;
-  Program program;
 };
 
 void expectNoLeavings(const fs::path& folder) {

@@ -4,21 +4,12 @@
 
 #include "core/input.h"
 #include "core/main_loop.h"
-#include "platform/images/image_files.h"
 #include "support/bitmap_files.h"
+#include "support/disk_desktop.h"
 #include "support/world.h"
 
 namespace gridwright::test {
 namespace {
-
-/// Bitmaps come from a real folder through the decoder that the desktops use.
-class DiskDesktop : public BareDesktop {
- public:
-  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override { return readBitmapFile(path); }
-  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override {
-    return writeBitmapFile(picture, path, how);
-  }
-};
 
 struct Importing {
   Importing() { desktop.setClient({300, 200}); }
