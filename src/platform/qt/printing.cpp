@@ -27,7 +27,7 @@ std::filesystem::path freeName(const std::filesystem::path& folder) {
   for (int number = 1; number <= kMostDocuments; ++number) {
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "gridwright-%04d.pdf", number);
-    const std::filesystem::path path = folder / name.data();
+    std::filesystem::path path = folder / name.data();
     if (!isTaken(path) && !isTaken(buildingName(path))) return path;
   }
   return {};
