@@ -1,6 +1,7 @@
 // A program with a wholly free drawing on its Canvas, on any desktop or on one that does nothing.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -8,6 +9,7 @@
 #include "canvas/colour_repairs.h"
 #include "core/grid.h"
 #include "core/program.h"
+#include "maze/makemaze.h"
 
 namespace gridwright::bench {
 
@@ -91,6 +93,15 @@ struct MeasuredProgram {
     s.mazeMadeOnce = true;
     program.canvas.setAutoRedraw(true);
     program.canvas.paintPicture(drawing);
+  }
+
+  /// Makes a maze from the beginning. \returns the seconds that the walker took.
+  double secondsToMake(std::uint32_t seed) {
+    toTheBeginning();
+    program.random.seed(seed);
+    const auto begin = std::chrono::steady_clock::now();
+    makemaze(program);
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
   }
 
   /// Carved cells, and joins between them to the right and down.

@@ -7,7 +7,6 @@
 
 #include <chrono>
 
-#include "maze/makemaze.h"
 #include "measured_world.h"
 #include "solve/solvingmaze.h"
 
@@ -47,11 +46,7 @@ void solving(benchmark::State& state) {
   double solved = 0;
   std::uint32_t seed = 0;
   for (auto _ : state) {
-    world.toTheBeginning();
-    world.program.random.seed(++seed);
-    const auto begin = std::chrono::steady_clock::now();
-    makemaze(world.program);
-    made += std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    made += world.secondsToMake(++seed);
     const double took = solve(world);
     if (!endsAtTheFinish(world)) return state.SkipWithError("a maze without its answer is not timed");
     solved += took;

@@ -8,17 +8,13 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QWindow>
-#include <chrono>
 
-#include "maze/makemaze.h"
 #include "measured_world.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/qt/qt_desktop.h"
 
 namespace gridwright::bench {
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 constexpr std::uint32_t kSeeds = 4;
 constexpr int kPatience = 5000;  // milliseconds for a window manager
@@ -35,14 +31,6 @@ bool minimise(QtDesktop& desktop) {
   return desktop.windowState() == WindowState::minimised;
 }
 
-double secondsToMake(MeasuredProgram& measured, std::uint32_t seed) {
-  measured.toTheBeginning();
-  measured.program.random.seed(seed);
-  const auto begin = Clock::now();
-  makemaze(measured.program);
-  return std::chrono::duration<double>(Clock::now() - begin).count();
-}
-
 void minimised(benchmark::State& state) {
   const int width = static_cast<int>(state.range(0));
   const int height = static_cast<int>(state.range(1));
@@ -57,10 +45,10 @@ void minimised(benchmark::State& state) {
   double spentHeadless = 0;
   std::uint32_t seed = 0;
   for (auto _ : state) {
-    const double took = secondsToMake(inWindow, seed % kSeeds + 1);
+    const double took = inWindow.secondsToMake(seed % kSeeds + 1);
     state.SetIterationTime(took);
     spent += took;
-    spentHeadless += secondsToMake(headless, seed % kSeeds + 1);
+    spentHeadless += headless.secondsToMake(seed % kSeeds + 1);
     ++seed;
   }
   if (inWindow.cellsAndJoins() != headless.cellsAndJoins()) state.SkipWithError("another maze");
