@@ -113,7 +113,7 @@ struct EditorState {
     Colour mazeColor = 0;
     int deltaX = 0, deltaY = 0, stepCode = 0;
   } kept;
-  bool fieldCoversStrokes = false;  ///< Something was drawn on the picture under the field.
+  bool fieldCoversPicture = false;  ///< Something was drawn on the picture under the field.
   Phase editorCallerPhase = static_cast<Phase>(-10);
   bool editorAutoRedraw = false;
   bool patternRewriting = false;  ///< A dead end writes its 5 to the open pattern.

@@ -155,7 +155,7 @@ void keepLastDrawing(Program& program) {
   if (phase == Phase::title) return;
   if (phase == Phase::patternEditing || phase == Phase::patternRequest) {
     // The editor's field lies over the picture.
-    if (program.state.editor.fieldCoversStrokes)
+    if (program.state.editor.fieldCoversPicture)
       program.pictures.save(kLastDrawing, program.pictures.load("drawing4.bmp"), Overwrite::atOnce);
   } else if (program.canvas.showsAnything()) {
     program.pictures.save(kLastDrawing, program.canvas.image(), Overwrite::atOnce);

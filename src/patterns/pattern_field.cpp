@@ -84,7 +84,7 @@ void enterField(Program& program) {
   ProgramState& s = program.state;
   s.randomUsesGo = false;
   s.editor.randomRunning = false;
-  s.editor.fieldCoversStrokes = program.canvas.showsAnything();
+  s.editor.fieldCoversPicture = program.canvas.showsAnything();
   program.pictures.save("drawing4.bmp", program.canvas.image());
   s.editor.kept = {s.cur,      s.prev,      s.wallWidth,  s.wallHeight,  s.stepX,
                    s.stepY,    s.gridRight, s.gridBottom, s.gridColumns, s.gridRows,

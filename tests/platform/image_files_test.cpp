@@ -172,6 +172,15 @@ TEST(AFileThatCannotBeWritten, IsAFault) {
   EXPECT_FALSE(document.finish());
 }
 
+TEST(ADocument, ThatCannotTakeItsNameLeavesNothingBehind) {
+  const TempFolder temp;
+  PdfDocument document(temp.path() / "out.pdf");
+  EXPECT_TRUE(document.addPage(motley(2, 2, 2)));
+  document.setPath(temp.path() / "none" / "out.pdf");
+  EXPECT_FALSE(document.finish());
+  EXPECT_TRUE(std::filesystem::is_empty(temp.path()));
+}
+
 TEST(ADocument, LeavesNothingBehindUnlessItIsFinished) {
   const TempFolder temp;
   {

@@ -148,8 +148,9 @@ Outcome<Done> PdfDocument::finish() {
   writer_.reset();
   std::error_code failed;
   std::filesystem::rename(building_, path_, failed);
-  if (failed) return fault;
-  return Done{};
+  if (!failed) return Done{};
+  std::filesystem::remove(building_, failed);
+  return fault;
 }
 
 std::filesystem::path contentFolderFor(const std::filesystem::path& executableFolder) {
