@@ -12,6 +12,7 @@
 #include "canvas/colour_sets.h"
 #include "core/controls.h"
 #include "core/menu_tree.h"
+#include "core/notices.h"
 #include "core/program_state.h"
 #include "core/random.h"
 #include "files/work_folder.h"
@@ -35,6 +36,7 @@ struct Program {
   ColourSets colours;
   MenuModel menus;
   ControlModel controls;
+  Notices notices;
   Random random;
   Platform& platform;
   std::unique_ptr<WorkFolder> files;

@@ -68,7 +68,7 @@ TEST(AFailedExpectation, StopsWithOneAndTheLine) {
        {"expect phase 0", "expect caption \"other\"", "expect menu newmaze enabled",
         "expect menu help checked", "expect control Command2 hidden", "expect control Check9 checked",
         "expect text Command2 \"other\"", "expect text newmaze \"New maze\"", "expect message \"words\"",
-        "expect pixel 0 0 1", "expect pages 1", "expect file nothing.bmp"}) {
+        "expect notice \"words\"", "expect pixel 0 0 1", "expect pages 1", "expect file nothing.bmp"}) {
     const Ended run = t.run("pumps 1\n\n" + std::string(line) + "\n");
     EXPECT_EQ(run.status, 1) << line;
     EXPECT_EQ(run.words.rfind("s.txt:3: ", 0), 0U) << run.words;

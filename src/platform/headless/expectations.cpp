@@ -19,6 +19,8 @@ HeadlessDesktop::Turn HeadlessDesktop::expect(Program& program, const ScriptLine
     expectText(program);
   } else if (what == "message") {
     compare("the last message", lastMessage_, text());
+  } else if (what == "notice") {
+    compare("the last notice", program.notices.words(), text());
   } else if (what == "pixel") {
     expectPixel(program);
   } else if (what == "pages") {
