@@ -130,9 +130,9 @@ void markSettings(Program& program) {
 }
 
 void captionRandomSizes(Program& program) {
-  const std::string size = "\"" + std::to_string(program.state.randomPatternSize) + "\"";
-  program.menus.setCaption(Item::maxrnd, "Random patterns are allways size " + size);
-  program.menus.setCaption(Item::usernd, "Random patterns are any size from \"1\" to " + size);
+  const std::string size = std::to_string(program.state.randomPatternSize);
+  program.menus.setCaption(Item::maxrnd, "Random patterns are allways size \"" + size + "\"");
+  program.menus.setCaption(Item::usernd, "Random patterns are any size from \"1\" to \"" + size + "\"");
 }
 
 void captionDrawing(Program& program) {

@@ -35,7 +35,10 @@ ListPlace listPlace(std::size_t list) {
 
 std::string formatDrawing(const DrawingRecord& drawing) {
   std::string text;
-  for (const int value : drawing.values) text += (text.empty() ? "" : ",") + std::to_string(value);
+  for (const int value : drawing.values) {
+    if (!text.empty()) text += ',';
+    text += std::to_string(value);
+  }
   text += "\r\n";
   for (const Steps& steps : drawing.lists) text += formatSteps(steps);
   return text;
