@@ -34,8 +34,9 @@ if [ -n "$says" ] && ! grep -qF -- "$says" "$folder/said"; then
   echo "it did not say: $says"
   exit 1
 fi
-if [ -n "$pages" ] && [ "$(ls "$folder/pages" | wc -l)" -ne "$pages" ]; then
-  echo "it left $(ls "$folder/pages" | wc -l) pages and not $pages"
+left=$(find "$folder/pages" -type f | wc -l)
+if [ -n "$pages" ] && [ "$left" -ne "$pages" ]; then
+  echo "it left $left pages and not $pages"
   exit 1
 fi
 rm -rf "$folder"
