@@ -58,4 +58,31 @@ done
 for file in mime/packages/gridwright.xml doc/gridwright/copyright icons/hicolor/scalable/apps/gridwright.svg; do
   [[ -s $share/$file ]] || complain "no $file"
 done
+
+# Where gridwright-start starts the program: something that tells the folder stands in for the program.
+printf '#!/bin/sh\npwd -P\n' >"$root/usr/bin/gridwright"
+home=$root/home
+
+# started_in COMMAND...: the folder, with the person's home as it was made.
+started_in() { env -u XDG_DATA_HOME -u XDG_CONFIG_HOME HOME="$home" TMPDIR="$root/tmp" "$@" 2>&1 | tail -n 1; }
+
+starts_in() {
+  local folder=$1
+  shift
+  # shellcheck disable=SC2053 # a pattern is meant
+  [[ $folder == $1 ]] || complain "gridwright-start $2: in $folder, not in $1"
+}
+
+mkdir "$root/tmp" "$home"
+start=$root/usr/bin/gridwright-start
+starts_in "$(started_in "$start")" "$home/Documents/Gridwright" "makes the folder of documents"
+starts_in "$(cd "$root/usr" && started_in bin/gridwright-start)" "$home/Documents/Gridwright" "by a relative path"
+ln -s "$start" "$root/start"
+starts_in "$(cd "$root" && started_in ./start)" "$home/Documents/Gridwright" "through a link"
+# A file where the folder should be cannot be written into by anybody, root included.
+rm -r "$home/Documents" && : >"$home/Documents"
+starts_in "$(started_in "$start")" "$home/.local/share/gridwright" "without documents"
+rm -r "$home/.local" && : >"$home/.local"
+starts_in "$(started_in "$start")" "$root/tmp/?*" "without documents and data"
+starts_in "$(started_in env -u HOME "$start")" "$root/tmp/?*" "without a home"
 exit $status
