@@ -6,8 +6,9 @@
 A maze grows through the eight background colours of the palette and through nothing else. So what
 is to become a maze is painted in one of those, and everything around it in a colour that no maze may
 enter: the border colours of the palette, or any colour that is not in the palette at all. White is
-never used, since white is what a corridor looks like. Edges are hard, without a blended pixel: a
-blend of two colours is a third colour, and the maze would leave a rim there.
+never used, since white is what a corridor looks like; paper is a shade darker. Edges are hard, without a
+blended pixel: a blend of two colours is a third colour, and between two grounds the maze would leave a
+rim there.
 """
 
 import math
@@ -331,7 +332,34 @@ def octopus():
     return picture
 
 
-PICTURES = {"balloon": balloon, "cat": cat, "snail": snail, "window": window, "butterfly": butterfly, "octopus": octopus}
+def name():
+    """A word on paper. Its letters are of several colours and hang together, so that one maze runs through it."""
+    paper, pen = (254, 254, 254), 52
+    picture = Picture(paper)
+
+    def letter(colour, *lines):
+        for line in lines:
+            picture.stroke(line, pen, colour)
+
+    def tail(x):  # from a letter's foot to the next one's stem
+        return curve([(x, 346), (x + 16, 388), (x + 42, 384), (x + 56, 330)])
+
+    def n(x, colour):
+        arch = curve([(x, 286), (x + 28, 232), (x + 66, 220), (x + 100, 246), (x + 106, 296), (x + 106, 346)])
+        letter(colour, [(x, 224), (x, 384)], arch, tail(x + 106))
+
+    letter(NAVY, [(66, 384), (160, 100), (254, 384)], [(104, 304), (216, 304)], tail(244))
+    n(304, TEAL)
+    n(470, PURPLE)
+    letter(MAROON, arc(682, 304, 50, 80, 0, 360), [(738, 224), (738, 384)])
+    letter(OLIVE, curve([(738, 404), (722, 470), (640, 500), (480, 486), (300, 512), (160, 486), (70, 510)]))
+    return picture
+
+
+PICTURES = {
+    "balloon": balloon, "cat": cat, "snail": snail, "window": window, "butterfly": butterfly, "octopus": octopus,
+    "name": name,
+}
 
 
 def main(words):
