@@ -1,4 +1,7 @@
 // Words that help with a menu item, shown beside it. The captions themselves never change.
+//
+// Where a drawing begins, drawing is turned off before the colour changes: a changed colour is painted at
+// once where the square stands, and such a blot is a region of its own, which may get the start.
 #pragma once
 
 #include <array>
@@ -15,14 +18,13 @@ struct MenuTip {
 
 inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::importdrawing, "a bitmap from this folder becomes the drawing"},
-    {Item::rmazes, "an empty drawing; first draw with a background colour: press ."},
-    {Item::mazes3d1,
-     "an empty drawing for mazes that pass under themselves; press . for a background colour"},
-    {Item::mazes3d, "an empty drawing for mazes of pipes; press . for a background colour"},
+    {Item::rmazes, "an empty drawing; press / and then ., move to where you begin, press / again"},
+    {Item::mazes3d1, "an empty drawing for mazes that pass under themselves; to draw, press / and then ."},
+    {Item::mazes3d, "an empty drawing for mazes of pipes; to draw, press / and then ."},
     {Item::newwallsize, "an empty drawing with paths of another width"},
     {Item::sdrawing, "keeps the drawing, its colours, settings and patterns under a name"},
     {Item::ldrawing, "gets a kept drawing back"},
-    {Item::createreg, "starts the maze; first draw with a background colour: press ."},
+    {Item::createreg, "starts the maze; first draw a ground for it: press / and then ."},
     {Item::create3d, "switches to 3d-mazes; choose it again to start the maze"},
     {Item::create3dpipe, "switches to 3d-pipe-mazes; choose it again to start the maze"},
     {Item::changewallsize, "paths and walls of another width, 5 to 50 pixels"},

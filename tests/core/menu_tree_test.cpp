@@ -59,6 +59,12 @@ TEST(TheCaptions, AreLetterForLetterThoseOfTheProgram) {
   }
 }
 
+TEST(ATipWhereADrawingBegins, HasDrawingTurnedOffBeforeTheColourChanges) {
+  const MenuModel menus;
+  for (const Item item : {Item::rmazes, Item::mazes3d1, Item::mazes3d, Item::createreg})
+    EXPECT_NE(menus.tip(item).find("press / and then ."), std::string::npos) << menus.tip(item);
+}
+
 TEST(TheTree, HasSixTitlesAndNoNameTwice) {
   std::set<std::string_view> names;
   int titles = 0;
