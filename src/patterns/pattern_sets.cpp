@@ -39,12 +39,7 @@ PatternSet presentSet(Program& program) {
 void installSet(Program& program, const PatternSet& set) {
   ProgramState& s = program.state;
   for (int direction = step::left; direction <= step::down; ++direction) {
-    const Steps& steps = set[static_cast<std::size_t>(direction - 1)];
-    if (steps.empty()) {
-      program.steps.reset(s.mazeKind, direction);
-    } else {
-      program.steps.write(s.mazeKind, direction, steps);
-    }
+    program.steps.write(s.mazeKind, direction, set[static_cast<std::size_t>(direction - 1)]);
   }
   s.patternDirection = 0;
   s.stepCode = step::none;

@@ -55,6 +55,8 @@ Steps parseSteps(std::string_view text) {
   return steps;
 }
 
+bool hasStep(const Steps& steps) { return std::any_of(steps.begin(), steps.end(), step::isCode); }
+
 std::string formatSteps(const Steps& steps) {
   std::string text;
   for (const int code : steps) text += std::to_string(code) + "\r\n";
@@ -73,7 +75,8 @@ const Steps& StepFiles::steps(MazeKind kind, int direction) {
   Slot& kept = slot(kind, direction);
   if (!kept.steps) {
     const auto text = folder_.readText(stepFileName(kind, direction));
-    kept.steps = text ? parseSteps(text.value()) : Steps{direction};
+    kept.steps = text ? parseSteps(text.value()) : Steps{};
+    if (!hasStep(*kept.steps)) kept.steps = Steps{direction};
   }
   return *kept.steps;
 }
@@ -85,7 +88,7 @@ void StepFiles::writeText(MazeKind kind, int direction, std::string_view text) {
 }
 
 void StepFiles::write(MazeKind kind, int direction, const Steps& steps) {
-  writeText(kind, direction, formatSteps(steps));
+  writeText(kind, direction, hasStep(steps) ? formatSteps(steps) : defaultStepText(direction));
 }
 
 void StepFiles::reset(MazeKind kind, int direction) {

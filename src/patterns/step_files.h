@@ -26,6 +26,8 @@ std::string_view stepFileName(MazeKind kind, int direction);
 
 /// The codes of a text up to the end mark; the end of the text counts as one.
 Steps parseSteps(std::string_view text);
+/// Whether any of the codes is a step. A pattern without one would stop the walker for good.
+bool hasStep(const Steps& steps);
 /// One code a line, then `9999,88`.
 std::string formatSteps(const Steps& steps);
 /// The one-line text of a direction's default pattern.
@@ -35,8 +37,10 @@ class StepFiles {
  public:
   explicit StepFiles(WorkFolder& folder) : folder_(folder) {}
 
-  /// The pattern of a direction. A file that is missing reads as the direction's default.
+  /// The pattern of a direction. A file that is missing, or holds no step, reads as the direction's
+  /// default.
   const Steps& steps(MazeKind kind, int direction);
+  /// A list without a step becomes the direction's default.
   void write(MazeKind kind, int direction, const Steps& steps);
   void reset(MazeKind kind, int direction);
   void resetKind(MazeKind kind);

@@ -148,17 +148,29 @@ TEST(APattern, IsWalkedStepByStep) {
   EXPECT_GT(std::count(taken.begin(), taken.end(), step::right), 0);
 }
 
-TEST(AnEmptyPattern, StillLetsTheMazeBeMadeByWalkingBack) {
+/// The maze that a computer makes when the step files were left as they are, or with one text each.
+Bitmap mazeWith(const std::vector<int>& directions, const std::string& text) {
   World w;
-  w.begin(drawing({"....", "....", "...."}));
-  w.desktop.act([](Program& p) {
-    for (int direction = 1; direction <= 4; ++direction) p.steps.write(MazeKind::regular, direction, {});
+  w.begin(drawing({"......", "......", "......", "......"}));
+  w.desktop.look([&](Program&) {
+    for (const int direction : directions)
+      w.folder.texts[std::string(stepFileName(MazeKind::regular, direction))] = text;
   });
   w.desktop.menu(Item::cgenerate);
   w.desktop.menu(Item::newmaze);
-  w.desktop.untilPhase(Phase::making);
-  w.desktop.pumpsPass(100'000);
-  EXPECT_EQ(w.run(), "") << "it goes on pump by pump and never hangs within one";
+  w.desktop.limit = 2'000'000;
+  w.desktop.untilPhase(Phase::placing);
+  EXPECT_EQ(w.run(), "") << text;
+  return w.canvas.image();
+}
+
+TEST(AStepFileWithoutAStep, MakesTheMazeThatTheDirectionsDefaultMakes) {
+  const Bitmap ordinary = mazeWith({}, "");
+  for (const char* text : {"", "9999,88\r\n", "0\r\n9999,88\r\n", "left\r\n6,9999,88\r\n"}) {
+    for (int direction = step::left; direction <= step::down; ++direction)
+      EXPECT_TRUE(samePicture(mazeWith({direction}, text), ordinary)) << text << " in " << direction;
+    EXPECT_TRUE(samePicture(mazeWith({1, 2, 3, 4}, text), ordinary)) << text;
+  }
 }
 
 TEST(APatternOfOnlyTheWalkBackCode, NeverHangsWithinAPump) {

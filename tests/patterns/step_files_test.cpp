@@ -84,6 +84,31 @@ TEST(AMissingFile, ReadsAsTheDirectionsDefault) {
   EXPECT_EQ(files.steps(MazeKind::threeD, 2), Steps{2});
 }
 
+TEST(AFileWithoutAStep, ReadsAsTheDirectionsDefault) {
+  for (const char* text : {"", "9999,88\r\n", "0\r\n88\r\n9999,88\r\n", "left,right"}) {
+    MemoryFolder folder;
+    StepFiles files(folder);
+    folder.texts["up.pt"] = folder.texts["3dRight.pt"] = text;
+    EXPECT_EQ(files.steps(MazeKind::regular, 3), Steps{3}) << text;
+    EXPECT_EQ(files.steps(MazeKind::threeD, 2), Steps{2}) << text;
+  }
+}
+
+TEST(APatternOfTheWalkBackCodeAlone, IsNoEmptyOne) {
+  MemoryFolder folder;
+  StepFiles files(folder);
+  folder.texts["up.pt"] = "5\r\n9999,88\r\n";
+  EXPECT_EQ(files.steps(MazeKind::regular, 3), Steps{5});
+}
+
+TEST(AListWithoutAStep, IsWrittenAsTheDirectionsDefault) {
+  MemoryFolder folder;
+  StepFiles files(folder);
+  files.write(MazeKind::regular, 4, {});
+  EXPECT_EQ(folder.texts["down.pt"], "4,9999,88\r\n");
+  EXPECT_EQ(files.steps(MazeKind::regular, 4), Steps{4});
+}
+
 TEST(TheWalker, ReadsNoDiskWhileNothingHasChanged) {
   MemoryFolder folder;
   StepFiles files(folder);
