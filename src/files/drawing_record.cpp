@@ -13,18 +13,24 @@ constexpr std::array kKindsInFile = {MazeKind::regular, MazeKind::threeD, MazeKi
 
 Fault broken(const char* why) { return {Fault::Kind::malformed, why}; }
 
-/// The record's values, one comma between two of them: where one is missing the others must not move up.
+/// The record's values, one comma between two of them and the line's end after the last: where one is
+/// missing or too many, the others must not move.
 /// \returns what follows them, or nothing.
 std::optional<std::string_view> readRecord(std::string_view text, DrawingRecord& drawing) {
   for (int& value : drawing.values) {
     const std::size_t end = std::min(text.find_first_of(kValueSeparators), text.size());
     const auto read = wholeValue(text.substr(0, end));
     const bool last = &value == &drawing.values.back();
-    if (!read || (!last && (end == text.size() || text[end] != ','))) return std::nullopt;
+    if (!read || end == text.size() || (text[end] == ',') == last) return std::nullopt;
     value = *read;
-    text.remove_prefix(std::min(end + 1, text.size()));
+    text.remove_prefix(end + 1);
   }
   return text;
+}
+
+/// Whether nothing follows the last list's end mark but its closing value, which may be left out.
+bool endsThere(StepValues& values) {
+  return values.atEnd() || (values.next() == step::closing && values.atEnd());
 }
 
 }  // namespace
@@ -60,6 +66,7 @@ Outcome<DrawingRecord> parseDrawing(std::string_view text) {
     if (!steps) return broken("a list of steps");
     list = std::move(*steps);
   }
+  if (!endsThere(values)) return broken("more than twelve lists");
   return drawing;
 }
 

@@ -58,8 +58,8 @@ ListPlace listPlace(std::size_t list);
 
 std::string formatDrawing(const DrawingRecord& drawing);
 
-/// A malformed Fault when a value is missing or no number, a wall size lies outside 5 to 50, the kind
-/// is none, a list does not end, or a code is no step.
+/// A malformed Fault when a value is missing, too many or no number, a wall size lies outside 5 to 50, the
+/// kind is none, a list does not end, a code is no step, or anything follows the last list.
 Outcome<DrawingRecord> parseDrawing(std::string_view text);
 
 }  // namespace gridwright

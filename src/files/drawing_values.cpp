@@ -5,6 +5,7 @@
 #include "canvas/colour_repairs.h"
 #include "core/grid.h"
 #include "core/menu_rules.h"
+#include "solve/default_ends.h"
 #include "solve/finish_methods.h"
 
 namespace gridwright {
@@ -28,8 +29,10 @@ int within(int value, int lowest, int highest, int otherwise) {
   return value >= lowest && value <= highest ? value : otherwise;
 }
 bool flagAt(const Values& values, std::size_t at) { return values[at] == 1; }
+/// A sentinel keeps a slot from matching; no picture, brush or corridor has it.
 Colour colourAt(const Values& values, std::size_t at, Colour otherwise) {
-  return within(values[at], 0, 0xFFFFFF, otherwise);
+  const Colour colour = within(values[at], 0, 0xFFFFFF, otherwise);
+  return isSentinel(colour) ? otherwise : colour;
 }
 
 void putColours(const Program& program, Values& values) {
@@ -89,16 +92,37 @@ void putWindow(Program& program, Values& values) {
 }
 
 constexpr int kUnset = -10;
+constexpr Square kTakenOff{-100, -100, -100, -100};  // a finish that a search had in hand
 
-/// The square, or the first cell for one that lies off the Canvas. Ends that are unset stand a little
-/// above and left of it, at -10 and up, and stay so.
-Square onCanvas(const Program& program, const Square& square, int lowest) {
+/// No random pattern has more fresh cells than the largest Canvas has pixels.
+constexpr int kMostSteps = Canvas::kSide * Canvas::kSide;
+/// A desktop's coordinates take 16 bits.
+constexpr int kFarthest = 32767;
+
+/// Whether all four sides lie on the Canvas, or no more than down to `lowest` above and left of it.
+bool liesOn(const Canvas& canvas, const Square& square, int lowest) {
   const auto inside = [&](int side, int extent) { return side >= lowest && side < extent; };
-  const int width = program.canvas.scaleWidth();
-  const int height = program.canvas.scaleHeight();
-  const bool lies = inside(square.left, width) && inside(square.right, width) && inside(square.top, height) &&
-                    inside(square.bottom, height);
-  return lies ? square : firstCell(program.state);
+  return inside(square.left, canvas.scaleWidth()) && inside(square.right, canvas.scaleWidth()) &&
+         inside(square.top, canvas.scaleHeight()) && inside(square.bottom, canvas.scaleHeight());
+}
+
+/// The brush is as large as a person made it, else it goes to the first cell.
+Square brushFrom(const Program& program, const Square& square) {
+  const bool isBrush =
+      liesOn(program.canvas, square, 0) && square.left < square.right && square.top < square.bottom;
+  return isBrush ? square : firstCell(program.state);
+}
+
+/// An end fills a cell of the grid but for the pixel around it, or is not placed: it stands a little above
+/// and left of the Canvas then, at -10 and up, or has no extent. One beside the grid would have the whole
+/// maze made beside it, and no walk on the grid reaches it.
+Square endFrom(const Program& program, const Square& square) {
+  constexpr Square kNotPlaced{};
+  if (!liesOn(program.canvas, square, kUnset)) return kNotPlaced;
+  const int wall = program.state.wallWidth;
+  const bool fillsCell = square.right - square.left == wall - 3 && square.bottom - square.top == wall - 3 &&
+                         square.left % wall == 1 && square.top % wall == 1;
+  return fillsCell || !isPlaced(square) ? square : kNotPlaced;
 }
 
 void takeGeometry(Program& program, const Values& values) {
@@ -106,11 +130,20 @@ void takeGeometry(Program& program, const Values& values) {
   s.mazeKind = static_cast<MazeKind>(values[record::mazeKind]);
   s.wallWidth = s.wallHeight = values[record::wallWidth];
   pitchFromKind(s);
-  s.cur = onCanvas(program, squareAt(values, record::cur), 0);
-  if (s.cur.left >= s.cur.right || s.cur.top >= s.cur.bottom) s.cur = firstCell(s);
-  s.prev = s.cur;
-  s.start = onCanvas(program, squareAt(values, record::start), kUnset);
-  s.finish = onCanvas(program, squareAt(values, record::finish), kUnset);
+  s.cur = s.prev = brushFrom(program, squareAt(values, record::cur));
+  s.start = endFrom(program, squareAt(values, record::start));
+  const Square finish = squareAt(values, record::finish);
+  s.finish = finish == kTakenOff ? finish : endFrom(program, finish);
+}
+
+/// A window that no desktop could show leaves the present one where it is.
+void takeWindowPlace(Program& program, const Values& values) {
+  const WindowPlace place{values[record::windowLeft], values[record::windowTop], values[record::windowWidth],
+                          values[record::windowHeight]};
+  const auto isPosition = [](int at) { return at >= -kFarthest && at <= kFarthest; };
+  const auto isSize = [](int size) { return size > 0 && size <= kFarthest; };
+  if (isPosition(place.left) && isPosition(place.top) && isSize(place.width) && isSize(place.height))
+    program.platform.setNormalPlace(place);
 }
 
 void takeColours(Program& program, const Values& values) {
@@ -155,7 +188,7 @@ void takeSettings(Program& program, const Values& values) {
   s.randomStepsTemporary = false;
   s.stopAtFinish = flagAt(values, record::stopAtFinish);
   s.randomPatternSize = within(values[record::randomPatternSize], 2, 99, 5);
-  s.randomStepsDone = std::max(values[record::randomStepsDone], 0);
+  s.randomStepsDone = within(values[record::randomStepsDone], 0, kMostSteps, 0);
   s.randomFlagLeft = flagAt(values, record::randomFlagLeft);
   s.randomFlagRight = flagAt(values, record::randomFlagRight);
   s.randomFlagUp = flagAt(values, record::randomFlagUp);
@@ -215,8 +248,7 @@ void install(Program& program, const DrawingRecord& drawing, const Bitmap& pictu
   ProgramState& s = program.state;
   const Values& values = drawing.values;
   // The window first: squares are held against the Canvas that they will lie on.
-  program.platform.setNormalPlace({values[record::windowLeft], values[record::windowTop],
-                                   values[record::windowWidth], values[record::windowHeight]});
+  takeWindowPlace(program, values);
   program.canvas.resize(program.platform.maximise());
   program.canvas.setPicture(picture);
   s.files.lastSet.clear();
@@ -225,12 +257,7 @@ void install(Program& program, const DrawingRecord& drawing, const Bitmap& pictu
   takeSettings(program, values);
   for (std::size_t i = 0; i < drawing.lists.size(); ++i) {
     const ListPlace place = listPlace(i);
-    const Steps& steps = drawing.lists[i];
-    if (steps.empty()) {
-      program.steps.reset(place.kind, place.direction);
-    } else {
-      program.steps.write(place.kind, place.direction, steps);
-    }
+    program.steps.write(place.kind, place.direction, drawing.lists[i]);
   }
   program.platform.raise();
   s.drawing.skipPaintOnce = s.drawing.firstPaint = true;

@@ -317,7 +317,7 @@ TEST(AFailedSave, LeavesTheOldPairAndNothingElse) {
   }
 }
 
-TEST(SettingsOutsideTheirValues, TakeTheirDefaultsAndSquaresOffTheCanvasTheFirstCell) {
+TEST(SettingsOutsideTheirValues, TakeTheirDefaultsAndABrushOffTheCanvasTheFirstCell) {
   TempFolder temp;
   Session s(temp.path());
   s.draw();
@@ -335,8 +335,8 @@ TEST(SettingsOutsideTheirValues, TakeTheirDefaultsAndSquaresOffTheCanvasTheFirst
     const ProgramState& st = p.state;
     const Square first{10, 10, 19, 19};
     EXPECT_EQ(st.cur, first);
-    EXPECT_EQ(st.start, first);
-    EXPECT_EQ(st.finish, first);
+    EXPECT_EQ(st.start, Square{}) << "not placed";
+    EXPECT_EQ(st.finish, Square{});
     EXPECT_EQ(st.stepX, 10);
     EXPECT_EQ(st.difficultyLevel, 4);
     EXPECT_EQ(st.playMode, PlayMode::off);

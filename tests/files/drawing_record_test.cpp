@@ -50,19 +50,29 @@ TEST(TheListsOfADrawing, AreRegularThen3dThenPipe) {
   for (std::size_t i = 0; i < 12; ++i) EXPECT_EQ(listPlace(i).direction, static_cast<int>(i % 4) + 1);
 }
 
-TEST(AnyLineEndAndAnyCommas, SeparateValues) {
-  std::string text = formatDrawing(someDrawing());
-  std::string unix;
-  for (const char c : text) {
-    if (c != '\r') unix += c;
+/// The text with another end of line, from `from` on.
+std::string withLineEnds(const std::string& text, const std::string& ending, std::size_t from = 0) {
+  std::string other = text.substr(0, from);
+  for (std::size_t at = from; at < text.size(); ++at) {
+    if (text[at] == '\r') continue;
+    other += text[at] == '\n' ? ending : std::string(1, text[at]);
   }
-  std::string oneLine;
-  for (const char c : unix) oneLine += c == '\n' ? ',' : c;
-  for (const std::string& form : {unix, oneLine}) {
+  return other;
+}
+
+TEST(AnyLineEndAndAnyCommas, SeparateTheCodesOfTheLists) {
+  const std::string text = formatDrawing(someDrawing());
+  const std::size_t lists = text.find('\n') + 1;
+  for (const std::string& form :
+       {withLineEnds(text, "\n"), withLineEnds(text, "\r"), withLineEnds(text, ",", lists)}) {
     const auto read = parseDrawing(form);
     ASSERT_TRUE(read);
     EXPECT_EQ(read.value(), someDrawing());
   }
+}
+
+TEST(TheRecord, HasALineOfItsOwn) {
+  EXPECT_FALSE(parseDrawing(withLineEnds(formatDrawing(someDrawing()), ",")));
 }
 
 TEST(TheLastList, StopsAtItsEndMark) {
@@ -122,6 +132,28 @@ TEST(ACodeThatIsNoStep, IsRefused) {
 TEST(AListWithoutItsEndMark, IsRefused) {
   const std::string text = formatDrawing(someDrawing());
   EXPECT_FALSE(parseDrawing(replaced(text, "9999,88", "")));
+}
+
+TEST(AValueTooMany, IsRefusedWhereverItStandsAndWhateverItIs) {
+  const std::string text = formatDrawing(someDrawing());
+  const std::size_t end = text.find("\r\n");
+  for (const char* extra : {"0", "1", "2", "5", "9999"}) {
+    for (std::size_t at = 0; at < end; at = text.find(',', at) + 1) {
+      std::string longer = text;
+      EXPECT_FALSE(parseDrawing(longer.insert(at, std::string(extra) + ","))) << extra << " at " << at;
+      if (text.find(',', at) > end) break;
+    }
+    std::string longer = text;
+    EXPECT_FALSE(parseDrawing(longer.insert(end, "," + std::string(extra)))) << extra << " at the end";
+  }
+}
+
+TEST(WhatFollowsTheLastList, IsRefusedButForTheClosingValue) {
+  const std::string text = formatDrawing(someDrawing());
+  EXPECT_TRUE(parseDrawing(text + "\r\n"));
+  for (const char* rest : {"1\r\n9999,88\r\n", "88\r\n", "x", "9999"}) {
+    EXPECT_FALSE(parseDrawing(text + rest)) << rest;
+  }
 }
 
 TEST(AMissingValue, IsRefusedWhateverListFollows) {
