@@ -29,7 +29,8 @@ bool codingFits(const BitmapHeader& h) {
   }
 }
 
-/// Walks the runs of a coded picture: every row must be there, or skipped by the code itself.
+/// Walks the runs of a coded picture: every row must be there, or skipped by the code itself. Some writers
+/// code the padding of a row too.
 bool runsAreWhole(std::string_view bytes, const BitmapHeader& h) {
   const BitmapBytes file(bytes);
   std::size_t at = h.pixelsAt;
@@ -57,8 +58,8 @@ bool runsAreWhole(std::string_view bytes, const BitmapHeader& h) {
       if (at > bytes.size()) return false;
       x += value;
     }
-    if (x > h.width || y > h.height) return false;
-    if (y == h.height - 1 && x == h.width) return true;  // some writers leave the end mark out
+    if (x > h.paddedWidth() || y > h.height) return false;
+    if (y == h.height - 1 && x >= h.width) return true;  // some writers leave the end mark out
   }
   return false;
 }
@@ -71,7 +72,8 @@ Outcome<BitmapHeader> readBitmapHeader(const BitmapBytes& file) {
   BitmapHeader h;
   h.pixelsAt = file.number(10, 4);
   h.size = file.number(14, 4);
-  if (h.size != BitmapHeader::kShort && (h.size < 40 || h.size > 256)) return broken("unknown header");
+  const bool isShort = h.size == BitmapHeader::kShort || h.size == BitmapHeader::kOs2Short;
+  if (!isShort && (h.size < 40 || h.size > 256)) return broken("unknown header");
   if (!file.has(BitmapHeader::kFileHeader + h.size)) return broken("cut off in the header");
   if (h.size == BitmapHeader::kShort) {
     h.width = file.number(18, 2);
@@ -82,8 +84,10 @@ Outcome<BitmapHeader> readBitmapHeader(const BitmapBytes& file) {
   h.width = static_cast<std::int32_t>(file.number(18, 4));
   h.height = static_cast<std::int32_t>(file.number(22, 4));
   h.bits = file.number(28, 2);
-  h.coding = file.number(30, 4);
-  h.colours = file.number(46, 4);
+  if (h.size != BitmapHeader::kOs2Short) {
+    h.coding = file.number(30, 4);
+    h.colours = file.number(46, 4);
+  }
   h.fromTop = h.height < 0;
   if (h.fromTop) h.height = -h.height;
   return h;

@@ -121,7 +121,7 @@ class Decoder {
     return file_.byte(at + i / 2) >> (i % 2 == 0 ? 4 : 0) & 15U;
   }
 
-  // The check has walked the same runs: they lie inside the file and inside the picture.
+  // The check has walked the same runs: they lie inside the file, and inside the picture and its padding.
   void decodeRuns() {
     std::size_t at = h_.pixelsAt;
     std::int64_t x = 0;
@@ -147,7 +147,7 @@ class Decoder {
         const std::size_t length = h_.bits == 8 ? value : (value + 1U) / 2;
         at += length + (length & 1U);
       }
-      if (y < 0 || (y == 0 && x == h_.width)) return;
+      if (y < 0 || (y == 0 && x >= h_.width)) return;
     }
   }
 

@@ -27,7 +27,8 @@ class BitmapBytes {
 
 struct BitmapHeader {
   enum Coding : std::uint32_t { plain = 0, rle8 = 1, rle4 = 2, masks = 3, masksWithAlpha = 6 };
-  static constexpr std::uint32_t kFileHeader = 14, kShort = 12, kWithMasks = 52, kOs2 = 64;
+  /// `kOs2` may be cut after the depth, to `kOs2Short`: what is left out counts as 0.
+  static constexpr std::uint32_t kFileHeader = 14, kShort = 12, kOs2Short = 16, kWithMasks = 52, kOs2 = 64;
   static constexpr std::size_t kMasksAt = 54;  ///< Behind a header of 40 bytes, inside a longer one.
 
   std::uint32_t pixelsAt = 0, size = 0, bits = 0, coding = plain, colours = 0;
@@ -45,6 +46,10 @@ struct BitmapHeader {
   /// Bytes of one row of a plain picture, padded to four.
   [[nodiscard]] std::uint64_t bytesOfRow() const {
     return (static_cast<std::uint64_t>(width) * bits + 31) / 32 * 4;
+  }
+  /// Pixels of a row with its padding: as far as runs may go.
+  [[nodiscard]] std::int64_t paddedWidth() const {
+    return static_cast<std::int64_t>(bytesOfRow() * 8 / bits);
   }
 };
 

@@ -13,6 +13,7 @@ std::vector<BitmapFile> allForms() {
     forms.push_back({bits});
     forms.push_back({bits, true});
     if (bits <= 8 || bits == 24) forms.push_back({bits, false, true});
+    if (bits <= 8 || bits == 24) forms.push_back({bits, false, false, false, false, true});
   }
   forms.push_back({8, false, false, true});
   forms.push_back({4, false, false, true});
@@ -23,7 +24,8 @@ std::vector<BitmapFile> allForms() {
 
 std::string nameOf(const BitmapFile& f) {
   return std::to_string(f.bits) + " bits" + (f.fromTop ? ", from the top" : "") +
-         (f.os2 ? ", short header" : "") + (f.runs ? ", coded" : "") + (f.masks ? ", masks" : "");
+         (f.os2 ? ", short header" : "") + (f.os2Cut ? ", cut header" : "") + (f.runs ? ", coded" : "") +
+         (f.masks ? ", masks" : "");
 }
 
 Bitmap pictureFor(const BitmapFile& form) {
@@ -68,6 +70,8 @@ TEST(AHeaderThatLies, IsRefused) {
       {"the pixels begin inside the header", 10, 20, 4},
       {"the pixels begin behind the end", 10, 0x7FFFFFFF, 4},
       {"an unknown header size", 14, 39, 4},
+      {"a header of 15 bytes", 14, 15, 4},
+      {"a header of 17 bytes", 14, 17, 4},
       {"a huge header size", 14, 0xFFFFFFFF, 4},
       {"no width", 18, 0, 4},
       {"a negative width", 18, 0xFFFFFFF3, 4},
@@ -136,8 +140,29 @@ TEST(ACodedPicture, IsRefusedWhereItsRunsLeaveThePicture) {
   std::string file = fileOf(plainBitmap(10, 2, 255), {8, false, false, true});
   const std::size_t firstRun = file.size() - 2 * 4 - 2;
   ASSERT_EQ(file[firstRun], 10);
-  file[firstRun] = 11;
+  file[firstRun] = 13;
   EXPECT_FALSE(checkBitmapFile(file));
+}
+
+TEST(ACodedPicture, MayFillARowUpToFourBytesAndNotFurther) {
+  struct Row {
+    int bits, width, padded;
+  };
+  for (const Row& row :
+       {Row{8, 10, 12}, Row{8, 12, 12}, Row{8, 13, 16}, Row{4, 10, 16}, Row{4, 16, 16}, Row{4, 17, 24}}) {
+    const std::string whole = fileOf(plainBitmap(row.width, 2, 255), {row.bits, false, false, true});
+    const std::size_t lower = whole.size() - 2 * 4 - 2;
+    for (const std::size_t run : {lower, lower + 4}) {
+      ASSERT_EQ(whole[run], row.width);
+      std::string file = whole;
+      for (int length = row.width; length <= row.padded; ++length) {
+        file[run] = static_cast<char>(length);
+        EXPECT_TRUE(checkBitmapFile(file)) << row.bits << " bits, " << length << " of " << row.width;
+      }
+      file[run] = static_cast<char>(row.padded + 1);
+      EXPECT_FALSE(checkBitmapFile(file)) << row.bits << " bits, width " << row.width;
+    }
+  }
 }
 
 TEST(ACodedPicture, MaySkipPixelsByTheCodeItself) {

@@ -39,9 +39,25 @@ TEST(ARunLengthCodedFile, IsDecodedExactly) {
   EXPECT_TRUE(decodesTo(drawing({"..##..", "#.#.#."}, 7), {4, false, false, true}));
 }
 
+TEST(ARunLengthCodedFile, IsDecodedExactlyWhereRunsFillTheRowsPadding) {
+  for (int width = 5; width <= 16; ++width) {
+    EXPECT_TRUE(decodesTo(motley(width, 5, 11), {8, false, false, true, false, false, true})) << width;
+    EXPECT_TRUE(decodesTo(motley(width, 5, 7), {4, false, false, true, false, false, true})) << width;
+    EXPECT_TRUE(decodesTo(plainBitmap(width, 3, 255), {8, false, false, true, false, false, true})) << width;
+    EXPECT_TRUE(decodesTo(plainBitmap(width, 3, 255), {4, false, false, true, false, false, true})) << width;
+  }
+}
+
 TEST(AFileWithTheShortHeader, IsDecodedExactly) {
   EXPECT_TRUE(decodesTo(motley(13, 5, 9), {8, false, true}));
   EXPECT_TRUE(decodesTo(motley(13, 5, 9), {24, false, true}));
+}
+
+TEST(AFileWithTheCutHeader, IsDecodedExactly) {
+  EXPECT_TRUE(decodesTo(motley(13, 5, 2), {1, false, false, false, false, true}));
+  EXPECT_TRUE(decodesTo(motley(13, 5, 9), {4, false, false, false, false, true}));
+  EXPECT_TRUE(decodesTo(motley(13, 5, 9), {8, false, false, false, false, true}));
+  EXPECT_TRUE(decodesTo(motley(13, 5, 60), {24, false, false, false, false, true}));
 }
 
 TEST(AnAlphaChannel, IsDropped) {

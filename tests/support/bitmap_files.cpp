@@ -76,19 +76,22 @@ std::string plainRow(const Bitmap& picture, int y, const BitmapFile& form,
 std::string codedRow(const Bitmap& picture, int y, const BitmapFile& form,
                      const std::vector<Colour>& palette) {
   std::string row;
-  const auto index = [&](int x) { return indexIn(palette, picture.at(x, y)); };
+  const int inFourBytes = 32 / form.bits;
+  const int padding = form.padded ? (inFourBytes - picture.width % inFourBytes) % inFourBytes : 0;
+  const int width = picture.width + padding;
+  const auto index = [&](int x) { return indexIn(palette, picture.at(std::min(x, picture.width - 1), y)); };
   int x = 0;
-  while (x < picture.width) {
+  while (x < width) {
     int same = 1;
-    while (x + same < picture.width && same < 255 && index(x + same) == index(x)) ++same;
-    if (same > 1 || picture.width - x < 3) {
+    while (x + same < width && same < 255 && index(x + same) == index(x)) ++same;
+    if (same > 1 || width - x < 3) {
       add(row, static_cast<std::uint32_t>(same), 1);
       add(row, form.bits == 8 ? index(x) : index(x) << 4 | index(x), 1);
       x += same;
       continue;
     }
     int single = 3;
-    while (x + single < picture.width && single < 255 && index(x + single) != index(x + single - 1)) ++single;
+    while (x + single < width && single < 255 && index(x + single) != index(x + single - 1)) ++single;
     add(row, 0, 1);
     add(row, static_cast<std::uint32_t>(single), 1);
     std::string body;
@@ -107,12 +110,12 @@ std::string codedRow(const Bitmap& picture, int y, const BitmapFile& form,
 void addHeader(std::string& file, const Bitmap& picture, const BitmapFile& form, std::uint32_t colours) {
   const auto width = static_cast<std::uint32_t>(picture.width);
   const auto height = static_cast<std::uint32_t>(form.fromTop ? -picture.height : picture.height);
-  add(file, form.os2 ? 12 : 40, 4);
+  add(file, form.os2 ? 12 : form.os2Cut ? 16 : 40, 4);
   add(file, width, form.os2 ? 2 : 4);
   add(file, height, form.os2 ? 2 : 4);
   add(file, 1, 2);
   add(file, static_cast<std::uint32_t>(form.bits), 2);
-  if (form.os2) return;
+  if (form.os2 || form.os2Cut) return;
   const std::uint32_t coding = form.runs ? (form.bits == 8 ? kRle8 : kRle4) : form.masks ? kMasks : kPlain;
   for (const std::uint32_t value : {coding, 0U, 2835U, 2835U, colours, 0U}) add(file, value, 4);
   if (!form.masks) return;
@@ -130,7 +133,7 @@ std::string fileOf(const Bitmap& picture, const BitmapFile& form) {
   if (form.bits <= 8) {
     palette = paletteOf(picture);
     if (palette.size() > std::size_t{1} << form.bits) throw std::invalid_argument("too many colours");
-    if (form.os2) palette.resize(std::size_t{1} << form.bits);
+    if (form.os2 || form.os2Cut) palette.resize(std::size_t{1} << form.bits);
   }
   std::string file = "BM";
   for (int i = 0; i < 12; ++i) file += '\0';

@@ -15,6 +15,8 @@ struct BitmapFile {
   bool os2 = false;      ///< The 12-byte header.
   bool runs = false;     ///< Run-length coded, at 4 and 8 bits.
   bool masks = false;    ///< Bit fields 5-6-5 at 16 bits, with an alpha channel at 32.
+  bool os2Cut = false;   ///< The 64-byte header of OS/2, cut to 16.
+  bool padded = false;   ///< Runs fill a row's padding too.
 };
 
 /// The picture as a file. Indexed depths hold a palette of the colours that the picture has; 16 bits
