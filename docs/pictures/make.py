@@ -14,7 +14,7 @@ import zlib
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 OUT = os.path.join(HERE, "..", "..", "out")
-NAMES = ("balloon", "snail", "cat")
+NAMES = ("balloon", "snail", "cat", "name")
 UP, DOWN = 3, 5  # the scale, as a fraction
 GAP = 12
 

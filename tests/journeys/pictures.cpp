@@ -31,6 +31,28 @@ Bitmap silhouette() {
   return picture;
 }
 
+/// A disc with a soft rim on paper that is almost white: each pixel is as dark as the part of it inside.
+Bitmap softDisc() {
+  constexpr int kParts = 4;
+  Bitmap picture = plainBitmap(300, 220, 0xFEFEFE);
+  for (int y = 0; y < picture.height; ++y) {
+    for (int x = 0; x < picture.width; ++x) {
+      int inside = 0;
+      for (int part = 0; part < kParts * kParts; ++part) {
+        const double dx = x + (part % kParts + 0.5) / kParts - 150.0;
+        const double dy = y + (part / kParts + 0.5) / kParts - 110.0;
+        inside += std::hypot(dx, dy) < 103.5 ? 1 : 0;
+      }
+      const auto blend = [&](int paper, int ink) {
+        return (paper * (kParts * kParts - inside) + ink * inside) / (kParts * kParts);
+      };
+      picture.pixels[static_cast<std::size_t>(y * picture.width + x)] =
+          blend(254, 128) * 0x10000 + blend(254, 0) * 0x101;
+    }
+  }
+  return picture;
+}
+
 void writeBytes(const std::filesystem::path& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
@@ -50,6 +72,7 @@ int main(int argc, char** argv) {
       {"colours.bmp",
        drawing({"....,,,,oooo", "....,,,,oooo", "....,,,,oooo", ".,.,.,.,.o.o", "dddddddddddd"})},
       {"silhouette.bmp", silhouette()},
+      {"soft.bmp", softDisc()},
   };
   for (const auto& [name, picture] : pictures) {
     if (!writeBitmapFile(picture, folder / name)) {
