@@ -150,6 +150,7 @@ struct DrawingState {
   Square mirror, prevMirror;          ///< Where symmetry repeats the stroke.
   int centreLeft = 0, centreTop = 0;  ///< The cell that key C jumps to.
   bool newSizeRequest = false;        ///< The wall size panel was opened for a new drawing.
+  bool newSizeEmpties = false;        ///< Settled when it opens: Enter empties the picture.
 };
 
 struct ProgramState {

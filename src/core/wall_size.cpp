@@ -48,7 +48,11 @@ void repairBackColor(Program& program) {
   if (plain != border.end()) program.canvas.setBackColor(*plain);
 }
 
+// A maze under way may end while the panel is up, and with it what its drawing counts as: what Enter does
+// to the picture is what the panel was opened for.
 void changewallsize(Program& program) {
+  ProgramState& s = program.state;
+  s.drawing.newSizeEmpties = s.drawing.newSizeRequest || !s.mazeMadeOnce;
   openPanel(program, kWallSizePanel, std::to_string(program.state.wallWidth));
 }
 
@@ -75,7 +79,7 @@ void wallSizeEntered(Program& program) {
     fillWithBackColor(canvas);
     s.mazeMadeOnce = s.drawing.newSizeRequest = false;
   }
-  if (!s.mazeMadeOnce) {
+  if (s.drawing.newSizeEmpties) {
     canvas.clearPicture();
     s.creationMode = CreationMode::user;
   }

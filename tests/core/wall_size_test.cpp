@@ -4,6 +4,7 @@
 
 #include "core/grid.h"
 #include "core/input.h"
+#include "core/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -104,6 +105,49 @@ TEST(ANewWallSizeInMidMaze, GoesBackToTheDrawingWithoutTheHalfMadeMaze) {
     EXPECT_EQ(p.state.drawing.savedCur, firstCell(p.state));
   });
   EXPECT_EQ(w.run(), "");
+}
+
+/// A person has drawn a navy room by hand, and the computer has carved its last cell; the fill sweep, which
+/// ends the maze, is not through.
+struct CarvedByComputer : World {
+  CarvedByComputer() : World(Size{200, 150}) {
+    desktop.click(ControlId::Command2);
+    desktop.untilPhase(Phase::drawing);
+    desktop.menu(Item::rmazes);
+    desktop.pumpsPass(1);
+    for (const int code :
+         {key::slash, key::L, key::K, key::period, key::slash, key::D, key::D, key::D, key::S})
+      desktop.act([code](Program& p) { input::keyDown(p, code); });
+    desktop.pumpsPass(1);
+    desktop.look([this](Program& p) { drawn = p.canvas.image(); });
+    desktop.menu(Item::cgenerate);
+    desktop.menu(Item::createreg);
+    desktop.until([](const Program& p) { return p.state.phase == Phase::making && !freeCell(p); });
+  }
+  static bool freeCell(const Program& p) {
+    const CellGrid grid = presentGrid(p.state);
+    return grid.count(1, [&](Corner at) { return isFreeCell(p, grid, at); }) == 1;
+  }
+  Bitmap drawn;
+};
+
+TEST(AMazeThatEndsUnderThePanel, DoesNotTurnANewWallSizeIntoAnEmptyPicture) {
+  CarvedByComputer w;
+  w.desktop.menu(Item::changewallsize);
+  w.desktop.untilPhase(Phase::placing);
+  w.desktop.look([](Program& p) { EXPECT_TRUE(p.state.panelOpen && !p.state.mazeMadeOnce); });
+  w.desktop.enter(ControlId::Text2, "20");
+  w.desktop.untilPhase(Phase::drawing);
+  w.desktop.pumpsPass(3);
+  w.desktop.look([&](Program& p) {
+    EXPECT_EQ(p.state.wallWidth, 20);
+    EXPECT_TRUE(samePicture(p.canvas.image(), w.drawn));
+    EXPECT_TRUE(samePicture(*w.desktop.file("drawing1.bmp"), w.drawn));
+    EXPECT_TRUE(samePicture(*w.desktop.file("drawing1b.bmp"), w.drawn));
+    EXPECT_EQ(p.state.creationMode, CreationMode::computer) << "that goes with the picture";
+  });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_NE(w.drawn, plainBitmap(200, 150, w.drawn.at(0, 0))) << "there was something to lose";
 }
 
 TEST(ABackColorThatIsBackgroundOrMaze, GivesWayToTheFirstPlainBorder) {
