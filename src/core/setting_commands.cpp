@@ -30,6 +30,7 @@ namespace {
 
 void setDrawingOff(Program& program, bool off) {
   program.state.drawingOff = off;
+  program.state.editor.drawingOffSaved = off;  // under the panel that saves patterns it is this that stays
   markSettings(program);
 }
 

@@ -209,6 +209,18 @@ TEST(TheSavePanel, HoldsTheBrushAndGivesItBackOnEnterOnEscapeAndOnErrors) {
   }
 }
 
+TEST(WhatIsChosenUnderTheSavePanel, StaysWhenItCloses) {
+  for (const bool off : {false, true}) {
+    Session s;
+    s.look([off](Program& p) { p.state.drawingOff = !off; });
+    s.desktop.menu(Item::savepatterns);
+    s.desktop.menu(off ? Item::drawingoff : Item::drawingon);
+    s.desktop.act([](Program& p) { input::escapePressed(p, ControlId::Text5); });
+    s.run();
+    EXPECT_EQ(s.program.state.drawingOff, off);
+  }
+}
+
 TEST(TheLastSetName, IsOfferedAgain) {
   Session s;
   s.temp.put("a.pat", kText);
