@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "canvas/colour.h"
+#include "canvas/geometry.h"
 
 namespace gridwright {
 
@@ -12,6 +13,7 @@ namespace gridwright {
 struct Bitmap {
   int width = 0, height = 0;
   std::vector<Colour> pixels;
+  Size cutFrom{};  ///< How large it is in its file, where reading has cut it; else 0 by 0.
 
   [[nodiscard]] Colour at(int x, int y) const {
     return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +

@@ -67,13 +67,13 @@ bool runsAreWhole(std::string_view bytes, const BitmapHeader& h) {
 }  // namespace
 
 Outcome<BitmapHeader> readBitmapHeader(const BitmapBytes& file) {
-  if (!file.has(BitmapHeader::kFileHeader + 4) || file.number(0, 2) != 0x4D42)
-    return broken("no bitmap file");
+  if (file.has(2) && file.number(0, 2) != 0x4D42) return Fault{Fault::Kind::anotherFormat, "no bitmap file"};
+  if (!file.has(BitmapHeader::kFileHeader + 4)) return broken("cut off in the header");
   BitmapHeader h;
   h.pixelsAt = file.number(10, 4);
   h.size = file.number(14, 4);
   const bool isShort = h.size == BitmapHeader::kShort || h.size == BitmapHeader::kOs2Short;
-  if (!isShort && (h.size < 40 || h.size > 256)) return broken("unknown header");
+  if (!isShort && (h.size < 40 || h.size > 256)) return broken("an unknown header");
   if (!file.has(BitmapHeader::kFileHeader + h.size)) return broken("cut off in the header");
   if (h.size == BitmapHeader::kShort) {
     h.width = file.number(18, 2);
@@ -98,13 +98,13 @@ Outcome<Size> checkBitmapFile(std::string_view bytes) {
   const auto read = readBitmapHeader(file);
   if (!read) return read.fault();
   const BitmapHeader& h = read.value();
-  if (h.width <= 0 || h.height <= 0) return broken("sizes");
+  if (h.width <= 0 || h.height <= 0) return broken("no width or no height");
   if (static_cast<std::uint64_t>(h.width) * static_cast<std::uint64_t>(h.height) > kMostPixels) {
     return broken("too many pixels");
   }
   const bool known =
       h.bits == 1 || h.bits == 4 || h.bits == 8 || h.bits == 16 || h.bits == 24 || h.bits == 32;
-  if (!known || !codingFits(h)) return broken("unknown depth or coding");
+  if (!known || !codingFits(h)) return broken("an unknown depth or coding");
   if (h.bits <= 8 && h.colours > (std::uint64_t{1} << h.bits)) return broken("too many colours");
 
   const std::uint64_t masks = h.size != 40                               ? 0

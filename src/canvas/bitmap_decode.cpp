@@ -33,6 +33,8 @@ class Decoder {
       return static_cast<int>(std::min<std::int64_t>(extent, side));
     };
     picture_ = plainBitmap(cut(h_.width), cut(h_.height), 0);
+    if (picture_.width < h_.width || picture_.height < h_.height)
+      picture_.cutFrom = {static_cast<int>(h_.width), static_cast<int>(h_.height)};
     readPalette();
     readChannels();
   }

@@ -12,9 +12,9 @@
 namespace gridwright {
 
 struct Fault {
-  enum class Kind { notFound, notReadable, notWritable, malformed };
+  enum class Kind { notFound, notReadable, notWritable, malformed, anotherFormat };
   Kind kind;
-  std::string words;  ///< For a developer's eyes; a person sees the program's own messages only.
+  std::string words;  ///< Why; a person sees it in a notice, beside the program's own message.
 };
 
 template <class T>

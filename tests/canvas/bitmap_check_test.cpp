@@ -110,6 +110,11 @@ TEST(MasksInAHeaderThatHasNoRoomForThem, AreRefused) {
   EXPECT_FALSE(checkBitmapFile(file));
 }
 
+TEST(AFileOfAnotherFormat, IsToldFromABrokenBitmap) {
+  EXPECT_EQ(checkBitmapFile("\x89PNG\r\n").fault().kind, Fault::Kind::anotherFormat);
+  EXPECT_EQ(checkBitmapFile("BM, and a text").fault().kind, Fault::Kind::malformed);
+}
+
 TEST(AFileOfWordsOrNothing, IsRefused) {
   EXPECT_FALSE(checkBitmapFile(""));
   EXPECT_FALSE(checkBitmapFile("BM"));
