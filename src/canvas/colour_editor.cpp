@@ -51,7 +51,8 @@ void pickMazeColour(Program& program, int j) {
   const ControlId swatch = mazeSwatch(j);
   if (swatch == ControlId::Check49 || swatch == ControlId::Check50) program.controls.setValue(swatch, 0);
   if (s.colours.editedPaletteColor == paletteOf(j)) {
-    program.controls.setValue(swatch, 0);  // a colour is not its own maze colour
+    program.controls.setValue(swatch, 0);
+    program.notices.tell("No colour can be its own maze colour");
     return;
   }
   const auto* edited = std::find(kPalette.begin(), kPalette.end(), s.colours.editedPaletteColor);
@@ -89,13 +90,28 @@ void keepBothKinds(Program& program) {
   if (borders >= 15) disablePlain(program, 1);
 }
 
+bool mazePanelIsUp(const Program& program) { return program.controls[ControlId::Check35].visible; }
+
+/// A colour kept as the last plain one of its kind cannot be taken as a maze colour either.
+void greyMazeSwatches(Program& program) {
+  for (int i = 0; i < kSlots; ++i)
+    program.controls.setEnabled(mazeSwatch(i), program.controls[classifySwatch(i)].enabled);
+}
+
+/// What the swatches say now, and which may be clicked next. Each pass does it, and so does each click:
+/// the next may come before the pass, and the swatches to classify stay in reach under the maze panel.
+void bringSwatchesInLine(Program& program) {
+  refillSetsFromSwatches(program);
+  captionSwatches(program);
+  keepBothKinds(program);
+  if (mazePanelIsUp(program)) greyMazeSwatches(program);
+}
+
 void openMazePanel(Program& program) {
   program.controls.hide(ControlId::Label5);
   program.controls.show(ControlId::Label7);
-  for (int i = 0; i < kSlots; ++i) {
-    program.controls.setVisible(mazeSwatch(i), true);
-    program.controls.setEnabled(mazeSwatch(i), program.controls[classifySwatch(i)].enabled);
-  }
+  for (int i = 0; i < kSlots; ++i) program.controls.setVisible(mazeSwatch(i), true);
+  greyMazeSwatches(program);
   showFrame(program, false);
 }
 
@@ -108,17 +124,20 @@ void closeMazePanel(Program& program) {
 
 void mazePanelPass(Program& program) {
   const int pick = program.state.colours.mazeColorPick;
-  if (pick == 1 && !program.controls[ControlId::Check35].visible) openMazePanel(program);
+  if (pick == 1 && !mazePanelIsUp(program)) openMazePanel(program);
   if (pick == 2) closeMazePanel(program);
 }
 
-/// The brush never lays a maze colour: it goes on in the list that its colour stood in.
+/// The brush never lays a maze colour: it goes on in the list that its colour stood in. It does so when
+/// the panel has gone that made it one, and this is no stroke: nobody asked for another colour here.
 void repairDrawColor(Program& program) {
   ProgramState& s = program.state;
   const ColourSets& sets = program.colours;
-  if (!sets.isMaze(s.drawColor)) return;
+  if (s.panelOpen || !sets.isMaze(s.drawColor)) return;
+  const bool nothingAsked = s.drawColor == s.drawing.lastColor;
   const auto& slots = sets.isBorder(s.drawColor) ? sets.border() : sets.background();
   s.drawColor = firstFit(slots, [&](Colour c) { return sets.isMaze(c) || isSentinel(c); });
+  if (nothingAsked) s.drawing.lastColor = s.drawColor;
 }
 
 void repairBrushColours(Program& program) {
@@ -175,6 +194,7 @@ void choosew(Program& program) {
   showFrame(program, true);
   program.controls.show(ControlId::Label5);
   for (int i = 0; i < kSlots; ++i) program.controls.show(classifySwatch(i));
+  keepBothKinds(program);
 }
 
 void selectcolor(Program& program) {
@@ -205,6 +225,7 @@ void swatchClicked(Program& program, ControlId swatch) {
   const int maze = indexIn(swatch, ControlId::Check35);
   if (isOneOf16(drawing)) pickDrawingColour(program, drawing);
   if (isOneOf16(maze)) pickMazeColour(program, maze);
+  bringSwatchesInLine(program);
 }
 
 void swatchRightPressed(Program& program, ControlId swatch) {
@@ -214,6 +235,7 @@ void swatchRightPressed(Program& program, ControlId swatch) {
   if (program.controls[ControlId::Check33].value == 0) {
     s.mazeColor = s.keptMazeColor = paletteOf(i);
     program.colours.setAllMaze(paletteOf(i));
+    bringSwatchesInLine(program);
     return;
   }
   s.colours.editedPaletteColor = paletteOf(i);
@@ -247,9 +269,7 @@ void hideColourPanels(Program& program) {
 void swatchPass(Program& program) {
   program.controls.setValue(ControlId::Check33, program.state.individualMazeColors ? 1 : 0);
   program.controls.setValue(ControlId::Check34, program.state.individualMazeColors ? 0 : 1);
-  refillSetsFromSwatches(program);
-  captionSwatches(program);
-  keepBothKinds(program);
+  bringSwatchesInLine(program);
   mazePanelPass(program);
   repairDrawColor(program);
 }

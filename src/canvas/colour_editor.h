@@ -1,8 +1,8 @@
 // The colours of a picture are edited on three panels of swatches, laid over the drawing: which are
 // background and which border, which maze colour each background takes, and which to draw with.
 //
-// Handlers act on a person's clicks; the rules that keep the sets sound run in each pass of the
-// drawing loop, also while a panel is up.
+// Handlers act on a person's clicks; the rules that keep the sets sound run after each click and in each
+// pass of the drawing loop, also while a panel is up: a plain border and a plain background always stay.
 #pragma once
 
 #include "core/program.h"
@@ -23,7 +23,7 @@ void swatchRightPressed(Program& program, ControlId swatch);
 void command1(Program& program);  ///< "Done"
 
 /// Each pass of the drawing loop: sets from swatches, captions, the last plain border and background
-/// kept, the maze colour panel, and the colours of the brush.
+/// kept, the maze colour panel, and, while no panel is up, the colour of the brush.
 void swatchPass(Program& program);
 
 void hideColourPanels(Program& program);

@@ -53,7 +53,8 @@ void paintStroke(Program& program) {
   d.firstPaint = false;
 }
 
-/// The outline is on the screen alone. \returns whether the pass changed anything.
+/// The outline is on the screen alone. While a panel is up nothing is painted: it may be over the square.
+/// \returns whether the pass changed anything.
 bool paintPass(Program& program) {
   ProgramState& s = program.state;
   DrawingState& d = s.drawing;
@@ -62,7 +63,7 @@ bool paintPass(Program& program) {
   if (!s.drawingOff) canvas.setAutoRedraw(true);
   const bool moved = s.cur != s.prev;
   const bool changed = moved || s.drawColor != d.lastColor;
-  if (!d.skipPaintOnce && changed) paintStroke(program);
+  if (!d.skipPaintOnce && changed && !s.panelOpen) paintStroke(program);
   const bool skipped = d.skipPaintOnce;
   d.skipPaintOnce = false;
   canvas.setAutoRedraw(false);

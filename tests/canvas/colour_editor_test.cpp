@@ -119,9 +119,12 @@ TEST(ARightPressForAllBackgrounds, MakesTheColourTheMazeColourAndMovesTheBrush) 
     EXPECT_EQ(p.state.keptMazeColor, palette(14));
     for (int i = 0; i < kSlots; ++i) EXPECT_EQ(p.colours.maze()[static_cast<std::size_t>(i)], palette(14));
     EXPECT_EQ(p.controls[classifySwatch(14)].text, "Maze Color");
-    EXPECT_EQ(p.state.drawColor, palette(8)) << "a border before, the first border slot now";
+    EXPECT_EQ(p.state.drawColor, palette(14)) << "the brush waits for the panel to go";
   });
   w.done();
+  w.look([](Program& p) {
+    EXPECT_EQ(p.state.drawColor, palette(8)) << "a border before, the first border slot now";
+  });
   w.desktop.menu(Item::selectcolor);
   w.look([](Program& p) {
     EXPECT_EQ(p.controls[drawingSwatch(14)].text, "Maze Color");
@@ -136,6 +139,7 @@ TEST(ABrushOfABackgroundThatBecomesMaze, StaysWithTheBackgrounds) {
   w.look([](Program& p) { p.state.drawColor = palette(0); });
   w.edit();
   w.right(classifySwatch(0));
+  w.done();
   w.look([](Program& p) { EXPECT_EQ(p.state.drawColor, palette(1)); });
   EXPECT_EQ(w.run(), "");
 }

@@ -124,6 +124,65 @@ TEST(AResizedWindow, PutsASquareLeftOutsideOnTheFirstCellAndKeepsTheDrawing) {
   EXPECT_EQ(p.canvas.image().at(55, 15), kNavy);
 }
 
+TEST(ABrushWhoseColourBecomesAMazeColour, TakesAnotherWhenThePanelHasGoneAndPaintsNothing) {
+  Person p;
+  p.key(key::L);
+  p.desktop.pumpsPass(1);
+  Bitmap before;
+  p.desktop.look([&](Program& q) { before = q.canvas.image(); });
+  p.desktop.menu(Item::choosew);
+  p.desktop.pumpsPass(1);
+  p.desktop.act([](Program& q) { input::swatchRight(q, classifySwatch(1)); });
+  p.desktop.pumpsPass(3);
+  p.desktop.look([&](Program& q) {
+    EXPECT_TRUE(samePicture(q.canvas.image(), before)) << "nothing is painted under a panel";
+    EXPECT_EQ(q.state.drawColor, kNavy);
+  });
+  p.desktop.click(ControlId::Command1);
+  p.desktop.pumpsPass(3);
+  p.desktop.look([&](Program& q) {
+    EXPECT_EQ(q.state.drawColor, kBlack) << "the first background left";
+    EXPECT_TRUE(samePicture(q.canvas.image(), before)) << "nobody has asked for a stroke";
+  });
+  p.key(key::L);
+  p.desktop.pumpsPass(1);
+  EXPECT_EQ(p.run(), "");
+  EXPECT_EQ(p.canvas.image().at(35, 15), kBlack) << "the next stroke has the new colour";
+}
+
+TEST(ResetAllColors, ChangesABrushOfWhiteWithoutABlot) {
+  Person p;
+  p.desktop.act([](Program& q) {
+    q.colours.setAllMaze(kBlue);
+    q.state.drawColor = q.state.drawing.lastColor = kWhite;
+  });
+  p.key(key::L);
+  p.desktop.pumpsPass(1);
+  Bitmap before;
+  p.desktop.look([&](Program& q) { before = q.canvas.image(); });
+  p.desktop.menu(Item::resetcolors);
+  p.desktop.pumpsPass(2);
+  EXPECT_EQ(p.run(), "");
+  EXPECT_EQ(p.state.drawColor, kGrey);
+  EXPECT_TRUE(samePicture(p.canvas.image(), before));
+}
+
+TEST(AColourPickedInSelectColor, PaintsTheSquareAsTheColourKeysDo) {
+  for (const bool byKey : {false, true}) {
+    Person p;
+    p.key(key::L);
+    if (byKey) {
+      p.key(key::X);
+    } else {
+      p.desktop.menu(Item::selectcolor);
+      p.desktop.act([](Program& q) { input::swatchLeft(q, drawingSwatch(2)); });
+    }
+    p.desktop.pumpsPass(2);
+    EXPECT_EQ(p.run(), "");
+    EXPECT_EQ(p.canvas.image().at(25, 15), kGreen);
+  }
+}
+
 /// Symmetry told afresh: the mirror is worked out from the square's first place alone, and then goes
 /// against every move.
 struct SlowTwin {
