@@ -26,6 +26,10 @@ void measureGrid(Program& program) {
   s.gridBottom = lastGridLine(s.wallHeight, s.stepY, s.canvasHeight);
 }
 
+void followWindow(Program& program, Size client) {
+  if (program.platform.windowState() != WindowState::minimised) program.canvas.resize(client);
+}
+
 void pitchFromKind(ProgramState& state) {
   const int times = state.mazeKind == MazeKind::pipe ? 2 : 1;
   state.stepX = times * state.wallWidth;

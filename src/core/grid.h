@@ -16,6 +16,10 @@ CellGrid pipeGrid(const Program& program);
 /// `canvasHeight`, which belong together.
 void measureGrid(Program& program);
 
+/// The Canvas follows the window's client area; a minimised window's size is none to follow, and it
+/// reports another when it comes back.
+void followWindow(Program& program, Size client);
+
 /// `stepX` and `stepY` from the wall size: twice it for pipes.
 void pitchFromKind(ProgramState& state);
 

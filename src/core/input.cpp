@@ -5,6 +5,7 @@
 
 #include "canvas/colour_editor.h"
 #include "core/enable_table.h"
+#include "core/grid.h"
 #include "core/keys.h"
 #include "core/main_loop.h"
 #include "core/menu_commands.h"
@@ -122,8 +123,7 @@ void listClick(Program& program, ControlId list, int entry) {
 void resized(Program& program, Size size) {
   const ProgramState& s = program.state;
   if (s.phase != Phase::title && s.phase != Phase::drawing) return;
-  if (s.editedPattern != 0 || program.platform.windowState() == WindowState::minimised) return;
-  program.canvas.resize(size);
+  if (s.editedPattern == 0) followWindow(program, size);
 }
 
 }  // namespace gridwright::input

@@ -125,7 +125,7 @@ Stage drawingStage(Program& program) {
   s.mazeColor = s.keptMazeColor;
   s.keepPicture = s.walker.walkStartKept = false;
   captionDrawing(program);
-  program.canvas.resize(program.platform.clientSize());
+  followWindow(program, program.platform.clientSize());
   program.canvas.setAutoRedraw(true);
   if (s.drawing.reloadDrawing) paintWorkPicture(program, "drawing1.bmp");
   s.drawing.reloadDrawing = false;

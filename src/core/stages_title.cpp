@@ -60,7 +60,7 @@ Stage titleStage(Program& program) {
   enableTitles(program, false);
   for (const Item item : {Item::create3dpipe, Item::changewallsize}) program.menus.setVisible(item, false);
   s.phase = Phase::title;
-  program.canvas.resize(program.platform.clientSize());
+  followWindow(program, program.platform.clientSize());
   program.canvas.setPicture(program.pictures.load("title.bmp"));
   showTitleButtons(program);
   program.controls.runTimer(ControlId::Timer2, true);

@@ -76,6 +76,14 @@ bool paintPass(Program& program) {
   return changed || skipped;
 }
 
+/// Another Canvas or another place of the square: the grid and the mirror are told anew.
+void measureIfDue(Program& program) {
+  const ProgramState& s = program.state;
+  const bool sameSize =
+      program.canvas.scaleWidth() == s.canvasWidth && program.canvas.scaleHeight() == s.canvasHeight;
+  if (!sameSize || s.drawing.skipPaintOnce) measureDrawing(program);
+}
+
 }  // namespace
 
 void drawpicture(Program& program) {
@@ -88,13 +96,12 @@ void drawpicture(Program& program) {
     swatchPass(program);
     s.squareWidth = s.cur.right - s.cur.left;
     s.squareHeight = s.cur.bottom - s.cur.top;
-    if (program.canvas.scaleWidth() != s.canvasWidth || program.canvas.scaleHeight() != s.canvasHeight ||
-        s.drawing.skipPaintOnce) {
-      measureDrawing(program);
-    }
+    measureIfDue(program);
     if (s.editedPattern != 0) {
       editpat(program);
       if (s.phase == Phase::quitToTitle) return;
+      measureIfDue(
+          program);  // the window may have changed under the editor; the next key meets the new limits
     }
     const bool changed = paintPass(program);
     yield(program, changed ? Pace::working : Pace::idle);

@@ -1,5 +1,6 @@
 #include "patterns/pattern_editor.h"
 
+#include "core/grid.h"
 #include "core/key_codes.h"
 #include "core/menu_rules.h"
 #include "core/pump.h"
@@ -24,13 +25,6 @@ void enableEditorKeyHelp(Program& program, bool editing) {
   program.menus.setEnabled(Item::keyspattern, editing);
   program.menus.setEnabled(Item::keysdrawing, !editing);
   program.menus.setEnabled(Item::fddf, !editing);
-}
-
-/// A drawing follows the window, which may have become another under the editor.
-void takeClientSize(Program& program) {
-  if (program.platform.windowState() != WindowState::minimised) {
-    program.canvas.resize(program.platform.clientSize());
-  }
 }
 
 /// `editorCallerPhase` while no editor is open.
@@ -95,7 +89,7 @@ void endEditor(Program& program) {
     captionMaking(program);
   } else {
     captionDrawing(program);
-    takeClientSize(program);
+    followWindow(program, program.platform.clientSize());  // it may be another than before the editor
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/main_loop.h"
 #include "core/pump.h"
+#include "core/stages.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -84,6 +85,22 @@ TEST(AResize, IsFollowedAtTheTitleAndInDrawingOnlyAndNeverWhileMinimised) {
   editing.state.editedPattern = 2;
   input::resized(editing.program, {200, 150});
   EXPECT_EQ(editing.canvas.scaleWidth(), 50);
+}
+
+TEST(AMinimisedWindow, IsNotFollowedByTheStagesThatBeginTheTitleAndTheDrawing) {
+  for (const bool minimised : {false, true}) {
+    for (const Stage stage : {Stage::title, Stage::drawing}) {
+      World w(drawing(kRoom));
+      w.state.phase = stage == Stage::title ? Phase::title : Phase::drawing;
+      if (minimised) w.desktop.setWindowState(WindowState::minimised);
+      w.desktop.setClient({200, 150});
+      w.desktop.act([&](Program& p) {
+        EXPECT_EQ(p.canvas.scaleWidth(), minimised ? 50 : 200);
+        p.state.phase = Phase::quitToTitle;
+      });
+      EXPECT_EQ(runStage(w.program, stage), Stage::title);
+    }
+  }
 }
 
 }  // namespace

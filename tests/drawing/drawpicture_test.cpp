@@ -183,6 +183,48 @@ TEST(AColourPickedInSelectColor, PaintsTheSquareAsTheColourKeysDo) {
   }
 }
 
+/// A person leaves the pattern editor in a window that has become another under it.
+struct Returning : Person {
+  explicit Returning(Size size) {
+    for (int i = 0; i < 17; ++i) key(key::L);  // as far as it goes
+    desktop.menu(Item::editpatterns);
+    desktop.untilPhase(Phase::patternEditing);
+    desktop.act([this, size](Program& q) {
+      desktop.setClient(size);
+      input::resized(q, size);
+    });
+    desktop.menu(Item::exitpattern);
+    desktop.untilPhase(Phase::drawing);
+  }
+};
+
+TEST(AWindowThatGrewUnderThePatternEditor, HasItsNewLimitsForTheFirstKey) {
+  Returning p({400, 300});
+  p.desktop.until([](const Program& q) { return q.state.editor.openDirection == 0; });
+  int column = 0;
+  p.desktop.look([&](Program& q) { column = q.state.cur.left; });
+  for (int i = 0; i < 3; ++i) p.key(key::L);
+  p.desktop.look([&](Program& q) {
+    EXPECT_EQ(q.state.cur.left, column + 30) << "no key is lost at the old edge";
+    EXPECT_EQ(q.state.canvasWidth, 400);
+    EXPECT_EQ(q.state.canvasHeight, 300);
+  });
+  EXPECT_EQ(p.run(), "");
+  EXPECT_EQ(column, 180) << "it stood at the old edge";
+}
+
+TEST(AWindowThatShrankUnderThePatternEditor, HasTheSquareInsideAtOnce) {
+  Returning p({100, 80});
+  p.desktop.until([](const Program& q) { return q.state.editor.openDirection == 0; });
+  p.desktop.look([](Program& q) {
+    EXPECT_EQ(q.state.cur, (Square{10, 10, 19, 19})) << "without any input";
+    EXPECT_EQ(q.canvas.scaleWidth(), 100);
+  });
+  p.desktop.pumpsPass(1);
+  p.desktop.look([](Program& q) { EXPECT_EQ(q.canvas.point(10, 10), kRed) << "and outlined there"; });
+  EXPECT_EQ(p.run(), "");
+}
+
 /// Symmetry told afresh: the mirror is worked out from the square's first place alone, and then goes
 /// against every move.
 struct SlowTwin {
