@@ -89,6 +89,46 @@ TEST(M, WithASamplePointOutsideLooksAtTheWholeGridBeforeItClears) {
   EXPECT_EQ(b.run(), "");
 }
 
+TEST(OnACanvasWithoutASample, NAndMChangeNothing) {
+  for (const int direction : {-1, 1}) {
+    for (const Size client : {Size{51, 100}, Size{100, 51}, Size{30, 30}}) {
+      World w(client);
+      w.desktop.click(ControlId::Command2);
+      w.desktop.untilPhase(Phase::drawing);
+      w.desktop.menu(Item::newwallsize);
+      w.desktop.enter(ControlId::Text2, "50");  // the first sample lies at 51, 51
+      w.desktop.pumpsPass(2);
+      w.desktop.act([&](Program& p) {
+        p.canvas.setAutoRedraw(true);
+        p.canvas.fill(5, 5, 20, 20, kNavy);
+        p.canvas.fill(12, 5, 20, 20, kRed);
+        const Bitmap before = p.canvas.image();
+        const Colour back = p.canvas.backColor();
+        for (int i = 0; i < 3; ++i) fillScreen(p, direction);
+        EXPECT_TRUE(samePicture(p.canvas.image(), before));
+        EXPECT_EQ(p.canvas.backColor(), back);
+        EXPECT_EQ(p.notices.words(), "Nothing filled: the Canvas is too small for a cell");
+      });
+      EXPECT_EQ(w.run(), "");
+    }
+  }
+}
+
+TEST(ARefusedFill, SaysWhy) {
+  Blank b;
+  b.desktop.act([](Program& p) {
+    for (int i = 0; i < 20; ++i) fillScreen(p, -1);
+    EXPECT_EQ(p.notices.words(), "Nothing filled: this is the first border colour");
+    for (int i = 0; i < 20; ++i) fillScreen(p, 1);
+    EXPECT_EQ(p.notices.words(), "Nothing filled: this is the last border colour");
+    p.canvas.setAutoRedraw(true);
+    p.canvas.fill(40, 40, 49, 49, kNavy);
+    fillScreen(p, -1);
+    EXPECT_EQ(p.notices.words(), "Nothing filled: the drawing is not of one colour");
+  });
+  EXPECT_EQ(b.run(), "");
+}
+
 TEST(ABackColorInNoBorderSlot, IsAppliedAgainAndClearsTheCanvas) {
   for (const int direction : {-1, 1}) {
     Blank b;
