@@ -63,7 +63,11 @@ void menuClick(Program& program, Item item) {
   applyEnableTableIfChanged(program);
   if (program.state.keyBusy || !program.menus.available(item)) return;
   const Command command = commandOf(item);
-  if (command == nullptr || isHeldBack(program.state, item)) return;
+  if (command == nullptr) return;
+  if (isHeldBack(program.state, item)) {
+    program.notices.tell("Not now: random patterns are being made for the next maze");
+    return;
+  }
   program.state.keyBusy = true;
   command(program);
 }

@@ -147,6 +147,7 @@ Stage checksStage(Program& program) {
   program.canvas.cls();
   program.canvas.setAutoRedraw(true);
   if (!hasThreeFreeCells(program, presentGrid(s))) {
+    program.notices.tell("Nothing to fill: fewer than three cells of a background colour are free");
     s.phase = Phase::drawing;
     keepBrush(s);
     return Stage::drawing;

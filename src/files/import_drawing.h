@@ -1,4 +1,5 @@
-// A bitmap from the working folder becomes the drawing.
+// A bitmap from the working folder becomes the drawing. What a message cannot say is told as a notice: that
+// the picture was cut, that the file is of another format, or why it could not be read.
 #pragma once
 
 #include "core/program.h"

@@ -55,6 +55,8 @@ void printEntered(Program& program) {
     markOne(program.menus, {Item::printwithsolutions, Item::printnosolutions},
             answers ? Item::printwithsolutions : Item::printnosolutions);
     printStatus(program);
+  } else {
+    program.notices.tell("Nothing to print: no number above 0 was typed");
   }
   s.print.printKindPending = s.print.printKindSaved;
 }

@@ -1,5 +1,11 @@
 #include "maze/maze_commands.h"
 
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
 #include "core/grid.h"
 #include "core/menu_rules.h"
 #include "maze/finishmaking.h"
@@ -63,10 +69,27 @@ void exchangePipeEnds(Program& program, MazeKind kind) {
   }
 }
 
+std::string_view nameOf(MazeKind kind) {
+  constexpr std::array<std::string_view, 3> kNames = {"2-d mazes", "3d-pipe-mazes", "3d-mazes"};
+  return kNames.at(static_cast<std::size_t>(kind));
+}
+
+/// Why the maze in hand cannot become one of this kind; empty when it can.
+std::string whyNot(const Program& program, MazeKind kind, Item item) {
+  if (program.menus.checked(item))
+    return "These are " + std::string(nameOf(kind)) + " already: choose New maze for another one";
+  if (kind == MazeKind::pipe && program.state.tightForPipes)
+    return "No room for 3d-pipe-mazes: fewer than three of their cells are free";
+  return {};
+}
+
 /// Outside it the maze starts anew in the bare drawing, unless the item is marked already.
 void createAnew(Program& program, MazeKind kind, Item item) {
   ProgramState& s = program.state;
-  if (program.menus.checked(item) || (kind == MazeKind::pipe && s.tightForPipes)) return;
+  if (std::string reason = whyNot(program, kind, item); !reason.empty()) {
+    program.notices.tell(std::move(reason));
+    return;
+  }
   restoreSavedFinish(program);
   s.nrefreshDue = false;
   s.walker.phaseAtRestart = s.phase;

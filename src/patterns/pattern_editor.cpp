@@ -1,5 +1,9 @@
 #include "patterns/pattern_editor.h"
 
+#include <array>
+#include <cstddef>
+#include <string>
+
 #include "core/grid.h"
 #include "core/key_codes.h"
 #include "core/menu_rules.h"
@@ -68,7 +72,12 @@ Left editLoop(Program& program) {
 
 void editPattern(Program& program, int direction) {
   ProgramState& s = program.state;
-  if (s.editedPattern == direction) return;
+  if (s.editedPattern == direction) {
+    constexpr std::array kNames = {"left", "right", "up", "down"};
+    program.notices.tell("The " + std::string(kNames.at(static_cast<std::size_t>(direction) - 1)) +
+                         " pattern is being edited already");
+    return;
+  }
   program.platform.maximise();
   if (s.editedPattern == 0) {
     s.editor.editorCallerPhase = s.phase;

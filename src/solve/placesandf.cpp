@@ -99,7 +99,10 @@ void sandf(Program& program) {
       const Square q = grid.squareIn(at);
       return q.sameCorner(s.cur) || pixels.allCarved(q.left, q.top, q.right, q.bottom);
     };
-    if (grid.count(3, isCarved) < 3) return;
+    if (grid.count(3, isCarved) < 3) {
+      program.notices.tell("Nothing to place: fewer than three cells are carved");
+      return;
+    }
   }
   if (s.phase == Phase::solving && isSearching(s)) {
     const Colour corner = program.canvas.point(s.finish.left, s.finish.top);

@@ -106,7 +106,7 @@ TEST(APhaseThatNoStageWaitsFor, KeepsTheCommandsWorkingUntilOneDoes) {
   EXPECT_EQ(runStage(w.program, Stage::solving), Stage::making);
 }
 
-TEST(TheChecks, SendADrawingWithFewerThanThreeFreeCellsBackWithoutAWord) {
+TEST(TheChecks, SendADrawingWithFewerThanThreeFreeCellsBackAndSayWhy) {
   for (const Text& cells : {Text{"####", "####"}, Text{".###", "###."}}) {
     World w(drawing(cells));
     w.state.phase = Phase::making;
@@ -116,7 +116,9 @@ TEST(TheChecks, SendADrawingWithFewerThanThreeFreeCellsBackWithoutAWord) {
     EXPECT_EQ(w.state.drawing.savedCur, squareOf(2, 2));
     EXPECT_TRUE(w.canvas.autoRedraw());
     EXPECT_TRUE(w.desktop.saves.empty()) << "no picture is written";
-    EXPECT_TRUE(w.desktop.messages.empty());
+    EXPECT_TRUE(w.desktop.messages.empty()) << "nothing that holds a person up";
+    EXPECT_EQ(w.program.notices.words(),
+              "Nothing to fill: fewer than three cells of a background colour are free");
   }
   World three(drawing({"..##", "###."}));
   three.state.phase = Phase::making;

@@ -93,6 +93,49 @@ TEST(AFolderATextAndACutOrLyingBitmap, GetTheMessageAndChangeNothing) {
   expectRefused(folder);
 }
 
+TEST(APictureLargerThanTheCanvas, IsToldToBeCut) {
+  Importing large;
+  large.temp.put("cat.bmp", fileOf(motley(1203, 1100, 16), {4}));
+  large.import("cat");
+  EXPECT_EQ(large.program.notices.words(), "the picture is 1203x1100; the Canvas takes 300x200 of it");
+  Importing wide;
+  wide.temp.put("cat.bmp", fileOf(motley(301, 20, 16), {4}));
+  wide.import("cat");
+  EXPECT_EQ(wide.program.notices.words(), "the picture is 301x20; the Canvas takes 300x20 of it");
+  Importing fitting;
+  fitting.temp.put("cat.bmp", fileOf(motley(300, 200, 16), {4}));
+  fitting.import("cat");
+  EXPECT_EQ(fitting.program.notices.revision(), 0U);
+}
+
+/// What is told of an import of `typed`, with this file in the folder.
+std::string toldOf(const std::string& typed, const std::string& file, const std::string& bytes) {
+  Importing i;
+  i.temp.put(file, bytes);
+  i.import(typed);
+  expectRefused(i);
+  return i.program.notices.words();
+}
+
+TEST(APictureOfAnotherFormat, IsToldToBeNoBitmap) {
+  const std::string png = "\x89PNG\r\n";
+  EXPECT_EQ(toldOf("photo.png", "photo.png", png), "photo.png is no bitmap");
+  EXPECT_EQ(toldOf("  photo.png", "Photo.PNG", png), "Photo.PNG is no bitmap");
+  EXPECT_EQ(toldOf("photo", "photo.jpeg", "\xFF\xD8\xFF"), "photo.jpeg is no bitmap");
+  EXPECT_EQ(toldOf("photo.bmp", "photo.png", png), "photo.png is no bitmap");
+  EXPECT_EQ(toldOf("photo", "photo.bmp", png), "photo.bmp is no bitmap") << "whatever it is called";
+  EXPECT_EQ(toldOf("notes.odt", "notes.odt", "PK"), "notes.odt is no bitmap");
+  EXPECT_EQ(toldOf("photo", "other.png", png), "") << "the message says all";
+  EXPECT_EQ(toldOf("photo", "photo.maze", "1,2"), "");
+}
+
+TEST(ABitmapThatCannotBeRead, IsToldWithTheReason) {
+  const std::string whole = fileOf(motley(40, 30, 16), {24});
+  EXPECT_EQ(toldOf("cat", "cat.bmp", whole.substr(0, 400)), "cat.bmp cannot be read: cut off");
+  EXPECT_EQ(toldOf("my.cat.bmp", "my.cat.bmp", whole),
+            "my.cat.bmp was looked for as my.bmp: a name ends at its first point");
+}
+
 TEST(ThePanel, ListsTheBitmapsAndOffersTheFirst) {
   World w;
   w.desktop.click(ControlId::Command2);

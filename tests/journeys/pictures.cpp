@@ -86,6 +86,7 @@ int main(int argc, char** argv) {
   writeBytes(folder / "cut.bmp", whole.substr(0, whole.size() / 2));
   writeBytes(folder / "lying.bmp", lying);
   writeBytes(folder / "words.bmp", "This is a text.\n");
+  writeBytes(folder / "photo.png", "\x89PNG\r\n");
   writeBytes(folder / "coded.bmp", fileOf(room, {8, false, false, true}));
   std::filesystem::create_directory(folder / "folder.bmp");
   return 0;
