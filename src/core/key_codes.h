@@ -3,7 +3,7 @@
 
 namespace gridwright::key {
 
-inline constexpr int enter = 13, escape = 27;
+inline constexpr int enter = 13, escape = 27, space = 32;
 inline constexpr int left = 37, up = 38, right = 39, down = 40;
 inline constexpr int A = 65, C = 67, D = 68, F = 70, G = 71, H = 72, I = 73, J = 74, K = 75, L = 76, M = 77,
                      N = 78, S = 83, T = 84, W = 87, X = 88, Z = 90;

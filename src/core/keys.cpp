@@ -1,6 +1,7 @@
 #include "core/keys.h"
 
 #include "core/key_codes.h"
+#include "core/slideshow.h"
 #include "drawing/brush_keys.h"
 #include "maze/carve_keys.h"
 #include "patterns/pattern_editor.h"
@@ -23,6 +24,8 @@ void dispatchKey(Program& program, int code) {
   const ProgramState& s = program.state;
   if (heldBack(s, code)) return;
   switch (s.phase) {
+    case Phase::title:
+      return slideKey(program, code);
     case Phase::patternEditing:
       return patternKey(program, code);
     case Phase::drawing:

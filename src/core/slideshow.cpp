@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/key_codes.h"
 #include "core/title.h"
 
 namespace gridwright {
@@ -71,6 +72,11 @@ void slideMouse(Program& program, int button) {
   const bool showRuns = s.phase == Phase::title && !program.controls[ControlId::Timer2].enabled;
   if (button == kLeftButton && showRuns) backToTitle(program, !s.paused);
   if (button == kRightButton && program.controls[ControlId::Timer1].enabled) advance(program, true);
+}
+
+void slideKey(Program& program, int code) {
+  if (code == key::escape) slideMouse(program, kLeftButton);
+  if (code == key::space) slideMouse(program, kRightButton);
 }
 
 }  // namespace gridwright

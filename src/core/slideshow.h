@@ -13,4 +13,7 @@ void slideTimer(Program& program, ControlId timer);
 /// Mouse buttons on the window: the left ends the show, the right goes on at once.
 void slideMouse(Program& program, int button);
 
+/// Keys at the title: Escape does what the left button does, Space what the right one does.
+void slideKey(Program& program, int code);
+
 }  // namespace gridwright

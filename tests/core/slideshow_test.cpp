@@ -6,6 +6,7 @@
 #include <map>
 
 #include "core/input.h"
+#include "core/key_codes.h"
 #include "core/title.h"
 #include "support/world.h"
 
@@ -34,6 +35,9 @@ struct Show : World {
   }
   void mouse(int button) {
     desktop.act([button](Program& p) { input::mouseDown(p, button); });
+  }
+  void key(int code) {
+    desktop.act([code](Program& p) { input::keyDown(p, code); });
   }
   void expectSlide(int number) {
     desktop.look([number](Program& p) {
@@ -140,6 +144,66 @@ TEST(TheRightButton, AdvancesAtOnceAndStartsTheWaitOver) {
   }
   w.mouse(2);
   w.expectTitle();
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(Escape, BringsTheTitleBackFromTheShow) {
+  Show w;
+  w.key(key::escape);
+  w.expectTitle();
+  w.desktop.click(ControlId::Command3);
+  w.tick(ControlId::Timer1);
+  w.expectSlide(2);
+  w.key(key::escape);
+  w.expectTitle();
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(Space, AdvancesAtOnceAndStartsTheWaitOver) {
+  Show w;
+  w.key(key::space);
+  w.expectTitle();
+  w.desktop.click(ControlId::Command3);
+  std::uint64_t starts = 0;
+  w.desktop.look([&](Program& p) { starts = p.controls.timerStarts(ControlId::Timer1); });
+  w.key(key::space);
+  w.expectSlide(2);
+  w.desktop.look([&](Program& p) { EXPECT_GT(p.controls.timerStarts(ControlId::Timer1), starts); });
+  for (int n = 3; n <= kSlides + 1; ++n) w.key(key::space);
+  w.expectTitle();
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(NoOtherKey, DoesAnythingAtTheTitleOrInTheShow) {
+  Show w;
+  const auto pressAll = [&] {
+    for (int code = 0; code < 256; ++code) {
+      if (code != key::escape && code != key::space) w.key(code);
+    }
+  };
+  pressAll();
+  w.expectTitle();
+  w.desktop.click(ControlId::Command3);
+  pressAll();
+  w.expectSlide(1);
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(EscapeAndSpace, DoNothingOnceDrawingHasBegun) {
+  Show w;
+  w.desktop.click(ControlId::Command2);
+  w.desktop.untilPhase(Phase::drawing);
+  w.desktop.pumpsPass(2);
+  Bitmap drawn;
+  w.desktop.look([&](Program& p) { drawn = p.canvas.shownImage(); });
+  w.key(key::escape);
+  w.key(key::space);
+  w.desktop.pumpsPass(1);
+  w.desktop.look([&](Program& p) {
+    EXPECT_EQ(p.state.phase, Phase::drawing);
+    EXPECT_TRUE(samePicture(p.canvas.shownImage(), drawn));
+    EXPECT_FALSE(p.controls[ControlId::Timer1].enabled || p.controls[ControlId::Timer2].enabled);
+  });
   EXPECT_EQ(w.run(), "");
 }
 

@@ -56,6 +56,12 @@ TEST(Punctuation, GoesByTheCharacterShiftedOrNot) {
   EXPECT_EQ(keyCodeOf(Qt::Key_QuoteDbl, Qt::ShiftModifier, 48), 222);
 }
 
+TEST(EscapeAndSpace, AreKeysToo) {
+  EXPECT_EQ(keyCodeOf(Qt::Key_Escape, kPlain, 9), 27);
+  EXPECT_EQ(keyCodeOf(Qt::Key_Space, kPlain, 65), 32);
+  EXPECT_EQ(keyCodeOf(Qt::Key_Space, Qt::ControlModifier, 65), std::nullopt);
+}
+
 TEST(AKeyWithCtrlAltOrMeta, BelongsToTheDesktop) {
   for (const Qt::KeyboardModifier modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
     EXPECT_EQ(keyCodeOf(Qt::Key_J, modifier, 44), std::nullopt);

@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "core/key_codes.h"
+
 namespace gridwright {
 
 namespace {
@@ -66,6 +68,12 @@ std::optional<int> punctuationOf(int key) {
   }
 }
 
+/// The two keys of the slides.
+std::optional<int> slideKeyOf(int key) {
+  if (key == Qt::Key_Escape) return key::escape;
+  return key == Qt::Key_Space ? std::optional(key::space) : std::nullopt;
+}
+
 /// A letter that no Latin keyboard writes plainly. A semicolon at Z's place is none: such a layout has
 /// its Z elsewhere.
 bool isForeignLetter(int key) { return key > 0x7F && key <= 0xFFFF && QChar(key).isLetter(); }
@@ -77,6 +85,7 @@ std::optional<int> keyCodeOf(int key, Qt::KeyboardModifiers modifiers, std::uint
   if (const auto arrow = arrowOf(key, (modifiers & Qt::KeypadModifier) != 0)) return arrow;
   if (key >= Qt::Key_A && key <= Qt::Key_Z) return key;  // Qt numbers them as their capitals
   if (const auto code = punctuationOf(key)) return code;
+  if (const auto code = slideKeyOf(key)) return code;
   return isForeignLetter(key) ? letterAtPlace(scanCode) : std::nullopt;
 }
 
