@@ -19,6 +19,11 @@ inline constexpr std::array<Colour, 16> kPalette = {0,     8388608,  32768,   84
                                                     32896, 12632256, 8421504, 16711680, 65280, 16776960,
                                                     255,   16711935, 65535,   16777215};
 
+/// What a person calls them, in the same order.
+inline constexpr std::array<const char*, 16> kPaletteNames = {
+    "black", "navy", "green", "teal", "maroon", "purple",  "olive",  "silver",
+    "gray",  "blue", "lime",  "cyan", "red",    "magenta", "yellow", "white"};
+
 /// The values of the standard 16-colour numbering that the program uses.
 namespace qb {
 inline constexpr Colour gray = 8421504;

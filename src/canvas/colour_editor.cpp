@@ -35,14 +35,26 @@ Colour firstFit(const ColourSets::Slots& slots, Unfit unfit) {
   return fit == slots.end() ? slots.back() : *fit;
 }
 
+void closeDrawingPanel(Program& program) {
+  program.state.colours.colorTicksReady = false;
+  for (int k = 0; k < kSlots; ++k) program.controls.hide(drawingSwatch(k));
+  program.controls.setVisible(ControlId::Label6, false);
+  giveWindowBack(program.state);
+}
+
 void pickDrawingColour(Program& program, int i) {
   ProgramState& s = program.state;
   if (!s.colours.colorTicksReady) return;
-  s.colours.colorTicksReady = false;
   s.drawColor = paletteOf(i);
-  for (int k = 0; k < kSlots; ++k) program.controls.hide(drawingSwatch(k));
-  program.controls.setVisible(ControlId::Label6, false);
-  giveWindowBack(s);
+  closeDrawingPanel(program);
+}
+
+/// The colour that the panel opened with is picked again; a brush of no palette colour keeps its own.
+void pickTickedColour(Program& program) {
+  int i = 0;
+  while (i < kSlots && program.controls[drawingSwatch(i)].value == 0) ++i;
+  if (i < kSlots) return pickDrawingColour(program, i);
+  closeDrawingPanel(program);
 }
 
 void pickMazeColour(Program& program, int j) {
@@ -254,6 +266,17 @@ void command1(Program& program) {
   hideColourPanels(program);
   repairBrushColours(program);
   repairBlankPicture(program);
+}
+
+void colourPanelEscaped(Program& program) {
+  ColourEditorState& colours = program.state.colours;
+  if (colours.colorTicksReady) {
+    pickTickedColour(program);
+  } else if (colours.mazeColorPick == 1) {
+    colours.mazeColorPick = 2;
+  } else if (program.controls[ControlId::Command1].visible) {
+    command1(program);
+  }
 }
 
 void hideColourPanels(Program& program) {

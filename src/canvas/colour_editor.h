@@ -22,6 +22,10 @@ void swatchRightPressed(Program& program, ControlId swatch);
 
 void command1(Program& program);  ///< "Done"
 
+/// Escape in the uppermost colour panel: picks the ticked colour again, goes back from the maze colours
+/// with nothing changed, or is "Done".
+void colourPanelEscaped(Program& program);
+
 /// Each pass of the drawing loop: sets from swatches, captions, the last plain border and background
 /// kept, the maze colour panel, and, while no panel is up, the colour of the brush.
 void swatchPass(Program& program);

@@ -103,10 +103,11 @@ void enterPressed(Program& program, ControlId box) {
   panelEntered(program, box);
 }
 
-void escapePressed(Program& program, ControlId box) {
-  if (!isLive(program, box)) return;
-  if (box == ControlId::Text3) printPanelKey(program);
-  panelEscaped(program, box);
+void escapePressed(Program& program, ControlId control) {
+  if (!isLive(program, control)) return;
+  if (rowOf(control).kind != ControlKind::textBox) return colourPanelEscaped(program);
+  if (control == ControlId::Text3) printPanelKey(program);
+  panelEscaped(program, control);
 }
 
 void listClick(Program& program, ControlId list, int entry) {

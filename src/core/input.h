@@ -32,7 +32,9 @@ void swatchRight(Program& program, ControlId swatch);
 /// Puts text into a shown text box, as typing does.
 void textTyped(Program& program, ControlId box, std::string_view text);
 void enterPressed(Program& program, ControlId box);
-void escapePressed(Program& program, ControlId box);
+
+/// Escape in a shown text box, or on a shown part of a colour panel: leaves the panel.
+void escapePressed(Program& program, ControlId control);
 
 /// Chooses an entry of a shown file list: it goes into the panel's box, which gets the focus.
 void listClick(Program& program, ControlId list, int entry);

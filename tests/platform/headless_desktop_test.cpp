@@ -206,6 +206,17 @@ TEST(AnImport, MayPickFromTheList) {
   EXPECT_EQ(t.run("click Command2\nmenu importdrawing\nescape Text8\nexpect panelOpen 0\n").words, "");
 }
 
+TEST(EscapeOnASwatch, LeavesTheUppermostColourPanel) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing +
+                  "menu selectcolor\nescape Check20\nexpect panelOpen 0\nmenu choosew\nclick Check33\n"
+                  "rightclick Check2\npumps 2\nescape Check35\npumps 2\nexpect control Check35 hidden\n"
+                  "expect panelOpen 1\nescape Check1\nexpect panelOpen 0\nexpect control Check1 hidden\n")
+                .words,
+            "");
+  EXPECT_EQ(t.run(kDrawing + "menu choosew\nescape Check17\n").status, 2) << "not shown";
+}
+
 TEST(AResize, ReachesTheCanvasInDrawingAndNotInAMaze) {
   Twin t;
   EXPECT_EQ(t.run(kDrawing + "resize 200x150\nexpect ScaleWidth 200\nexpect ScaleHeight 150\n").words, "");

@@ -174,7 +174,10 @@ HeadlessDesktop::Turn HeadlessDesktop::enter(Program& program, const ScriptLine&
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::escape(Program& program, const ScriptLine&) {
-  input::escapePressed(program, liveControl(program, ControlKind::textBox));
+  const auto id = controlNamed(word(1));
+  const bool isSwatch = id && rowOf(*id).kind == ControlKind::checkBox;
+  input::escapePressed(program,
+                       liveControl(program, isSwatch ? ControlKind::checkBox : ControlKind::textBox));
   return Turn::givePump;
 }
 

@@ -64,6 +64,11 @@ void ControlMirror::buildPanels() {
   }
   for (std::size_t i = 0; i < kSwatchPanels.size(); ++i) {
     swatchFrames_[i] = buildSwatchPanel(kSwatchPanels[i], &view_, widgets_);
+    swatchFrames_[i]->onEscape = [this](const QAbstractButton* stop) {
+      const auto* place = std::find(widgets_.begin(), widgets_.end(), stop);
+      const ControlId id = controlAt(static_cast<std::size_t>(place - widgets_.begin()));
+      inputs_.byPerson([id](Program& program) { input::escapePressed(program, id); });
+    };
   }
 }
 
@@ -78,7 +83,7 @@ void ControlMirror::buildButtons() {
       widgets_[row]->hide();
     }
     auto* button = static_cast<QPushButton*>(widgets_[row]);
-    button->setFocusPolicy(Qt::NoFocus);
+    if (id != ControlId::Command1) button->setFocusPolicy(Qt::NoFocus);
     QObject::connect(button, &QPushButton::clicked, &view_, [this, id] {
       inputs_.byPerson([id](Program& program) { input::buttonClick(program, id); });
     });
@@ -136,6 +141,7 @@ void ControlMirror::mirror(const ControlModel& model) {
   for (std::size_t i = 0; i < kTextPanels.size(); ++i) {
     opening[i] = model[kTextPanels[i].box].visible && widget(kTextPanels[i].box)->isHidden();
   }
+  takeKeyboardFromHidden(model);
   for (std::size_t row = 0; row < kControlCount; ++row) {
     if (widgets_[row] != nullptr) mirrorOne(controlAt(row), model[controlAt(row)]);
   }
@@ -207,7 +213,9 @@ void ControlMirror::mirrorPanels(const ControlModel& model) {
   }
   for (std::size_t i = 0; i < kSwatchPanels.size(); ++i) {
     const SwatchPanel& panel = kSwatchPanels[i];
+    const bool wasHidden = swatchFrames_[i]->isHidden();
     setShown(*swatchFrames_[i], model[panel.label].visible || model[panel.firstSwatch].visible);
+    if (wasHidden) swatchFrames_[i]->begin(!panel.classifies);
   }
   place();
 }
@@ -240,9 +248,25 @@ void ControlMirror::place() {
   }
 }
 
+/// Qt hands the keyboard of a widget that goes on to the next one, along a whole panel that goes with it.
+void ControlMirror::takeKeyboardFromHidden(const ControlModel& model) {
+  const auto* holder = std::find(widgets_.begin(), widgets_.end(), view_.window()->focusWidget());
+  if (holder == widgets_.end() || *holder == nullptr) return;
+  const Control& control = model[controlAt(static_cast<std::size_t>(holder - widgets_.begin()))];
+  if (!control.visible || !control.enabled) view_.setFocus(Qt::OtherFocusReason);
+}
+
+QWidget* ControlMirror::wantedFocus(const ControlModel& model) const {
+  if (model.focus()) return widget(*model.focus());
+  const auto shown = std::find_if(swatchFrames_.rbegin(), swatchFrames_.rend(),
+                                  [](const SwatchFrame* frame) { return !frame->isHidden(); });
+  if (shown == swatchFrames_.rend() || (*shown)->stop() == nullptr) return &view_;
+  return (*shown)->stop();
+}
+
 void ControlMirror::keepFocus(const ControlModel& model) {
   if (QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr) return;
-  QWidget* wanted = model.focus() ? widget(*model.focus()) : &view_;
+  QWidget* wanted = wantedFocus(model);
   QWidget* has = view_.window()->focusWidget();
   const auto* bar = dynamic_cast<QMenuBar*>(has);
   if (has == wanted || (bar != nullptr && bar->activeAction() != nullptr)) return;

@@ -11,6 +11,7 @@
 #include "core/controls.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/panels.h"
+#include "platform/qt/swatch_frame.h"
 
 namespace gridwright {
 
@@ -29,7 +30,8 @@ class ControlMirror {
   /// Puts buttons and panels where they belong over the Canvas.
   void place();
 
-  /// Gives the keyboard to whom the model gives it, unless a menu has it just now.
+  /// Gives the keyboard to the text box that the model names, else to the uppermost panel of swatches,
+  /// else to the Canvas; unless a menu has it just now.
   void keepFocus(const ControlModel& model);
 
   [[nodiscard]] std::uint64_t shown() const { return shown_; }
@@ -52,13 +54,15 @@ class ControlMirror {
   void mirrorOne(ControlId id, const Control& control);
   void mirrorTimer(Timer& timer, const ControlModel& model);
   void mirrorPanels(const ControlModel& model);
+  void takeKeyboardFromHidden(const ControlModel& model);
+  [[nodiscard]] QWidget* wantedFocus(const ControlModel& model) const;
 
   CanvasView& view_;
   InputQueue& inputs_;
   SwatchPress onSwatch_;
   ControlWidgets widgets_{};
   std::array<PanelFrame*, kTextPanels.size()> textFrames_{};
-  std::array<PanelFrame*, kSwatchPanels.size()> swatchFrames_{};
+  std::array<SwatchFrame*, kSwatchPanels.size()> swatchFrames_{};
   std::array<Timer, 2> timers_;
   std::uint64_t shown_ = 0;
 };

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "platform/qt/swatch_button.h"
+#include "platform/qt/swatch_frame.h"
 
 namespace gridwright {
 
@@ -55,14 +56,16 @@ QLabel* prompt(ControlId id, PanelFrame* frame, ControlWidgets& widgets) {
   return label;
 }
 
-QWidget* sixteenSwatches(const SwatchPanel& panel, PanelFrame* frame, ControlWidgets& widgets) {
+QWidget* sixteenSwatches(const SwatchPanel& panel, SwatchFrame* frame, ControlWidgets& widgets) {
   auto* plate = new QWidget(frame);
   auto* grid = new QGridLayout(plate);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(4);
+  grid->setSpacing(0);  // each keeps room for its ring
   for (int i = 0; i < 16; ++i) {
     const auto id = static_cast<ControlId>(static_cast<int>(panel.firstSwatch) + i);
-    grid->addWidget(named(new SwatchButton(i, plate), id, widgets), i / kSwatchColumns, i % kSwatchColumns);
+    auto* swatch = named(new SwatchButton(i, plate), id, widgets);
+    frame->addStop(swatch);
+    grid->addWidget(swatch, i / kSwatchColumns, i % kSwatchColumns);
   }
   return plate;
 }
@@ -134,8 +137,8 @@ PanelFrame* buildTextPanel(const TextPanel& panel, QWidget* parent, ControlWidge
   return frame;
 }
 
-PanelFrame* buildSwatchPanel(const SwatchPanel& panel, QWidget* parent, ControlWidgets& widgets) {
-  auto* frame = new PanelFrame(parent);
+SwatchFrame* buildSwatchPanel(const SwatchPanel& panel, QWidget* parent, ControlWidgets& widgets) {
+  auto* frame = new SwatchFrame(parent);
   auto* column = new QVBoxLayout(frame);
   column->addWidget(prompt(panel.label, frame, widgets));
   column->addWidget(sixteenSwatches(panel, frame, widgets));
@@ -144,12 +147,12 @@ PanelFrame* buildSwatchPanel(const SwatchPanel& panel, QWidget* parent, ControlW
   auto* choices = new QVBoxLayout;
   for (const ControlId id : {ControlId::Check33, ControlId::Check34}) {
     auto* choice = named(new ObedientCheckBox(qString(rowOf(id).caption), frame), id, widgets);
-    choice->setFocusPolicy(Qt::NoFocus);
-    choices->addWidget(choice);
+    frame->addStop(choice);
+    choices->addWidget(choice, 0, Qt::AlignLeft);  // no wider than it looks: arrows go by where things lie
   }
   row->addLayout(choices, 1);
   auto* done = named(new QPushButton(frame), ControlId::Command1, widgets);
-  done->setFocusPolicy(Qt::NoFocus);
+  frame->addStop(done);
   row->addWidget(done);
   column->addLayout(row);
   return frame;

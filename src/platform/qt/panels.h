@@ -50,6 +50,8 @@ class PanelFrame : public QFrame {
   explicit PanelFrame(QWidget* parent);
 };
 
+class SwatchFrame;
+
 /// A panel's text box. It keeps the keyboard: Tab leads nowhere, since nothing else may have it.
 class EntryBox : public QLineEdit {
  public:
@@ -67,7 +69,7 @@ class EntryBox : public QLineEdit {
 using ControlWidgets = std::array<QWidget*, kControlCount>;
 
 PanelFrame* buildTextPanel(const TextPanel& panel, QWidget* parent, ControlWidgets& widgets);
-PanelFrame* buildSwatchPanel(const SwatchPanel& panel, QWidget* parent, ControlWidgets& widgets);
+SwatchFrame* buildSwatchPanel(const SwatchPanel& panel, QWidget* parent, ControlWidgets& widgets);
 
 /// What a button shows for its caption: one letter opens it together with Alt.
 QString buttonText(ControlId id, std::string_view caption);

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegion>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <array>
@@ -13,11 +14,15 @@ namespace gridwright {
 namespace {
 
 constexpr int kMargin = 5;
+constexpr int kRing = 2;          // width of the ring around the swatch that has the keyboard,
+constexpr int kAway = kRing + 1;  // and how far the swatch stays away from its edge for it
 constexpr int kPlainSide = 56;
 
-constexpr std::array kColourNames = {"black", "navy",    "green",  "teal", "maroon", "purple",
-                                     "olive", "silver",  "gray",   "blue", "lime",   "cyan",
-                                     "red",   "magenta", "yellow", "white"};
+/// Apart from the swatch by a stripe of the panel, so that it is seen beside any colour.
+void paintRing(QPainter& painter, const QRect& outer, const QColor& colour) {
+  const QRect inner = outer.adjusted(kRing, kRing, -kRing, -kRing);
+  for (const QRect& part : QRegion(outer).subtracted(inner)) painter.fillRect(part, colour);
+}
 
 }  // namespace
 
@@ -25,9 +30,8 @@ SwatchButton::SwatchButton(int i, QWidget* parent) : QAbstractButton(parent) {
   const Colour colour = kPalette.at(static_cast<std::size_t>(i));
   colour_ = QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255);
   setCheckable(true);
-  setFocusPolicy(Qt::NoFocus);
-  setAccessibleDescription(kColourNames.at(static_cast<std::size_t>(i)));
-  setToolTip(kColourNames.at(static_cast<std::size_t>(i)));
+  setAccessibleDescription(kPaletteNames.at(static_cast<std::size_t>(i)));
+  setToolTip(kPaletteNames.at(static_cast<std::size_t>(i)));
   connect(this, &QAbstractButton::clicked, this, [this] {
     if (onPress) onPress(Qt::LeftButton);
   });
@@ -37,7 +41,8 @@ SwatchButton::SwatchButton(int i, QWidget* parent) : QAbstractButton(parent) {
 QSize SwatchButton::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
   const int plate = metrics.horizontalAdvance("Border Color") + 4 * kMargin;
-  return {std::max(kPlainSide, plate), std::max(kPlainSide, metrics.height() + 6 * kMargin + 16)};
+  return QSize(std::max(kPlainSide, plate), std::max(kPlainSide, metrics.height() + 6 * kMargin + 16)) +
+         QSize(2 * kAway, 2 * kAway);
 }
 
 void SwatchButton::mousePressEvent(QMouseEvent* event) {
@@ -47,12 +52,14 @@ void SwatchButton::mousePressEvent(QMouseEvent* event) {
 
 void SwatchButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QRect box = rect().adjusted(1, 1, -1, -1);
+  if (hasFocus()) paintRing(painter, rect(), palette().color(QPalette::WindowText));
+  const QRect edge = rect().adjusted(kAway, kAway, -kAway, -kAway);
+  const QRect box = edge.adjusted(1, 1, -1, -1);
   painter.fillRect(box, colour_);
   if (!isEnabled()) painter.fillRect(box, QBrush(palette().color(QPalette::Window), Qt::Dense3Pattern));
   painter.setPen(
       QPen(palette().color(isDown() ? QPalette::Highlight : QPalette::WindowText), isDown() ? 2 : 1));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.drawRect(edge.adjusted(0, 0, -1, -1));
 
   QStyleOptionButton tick;
   tick.initFrom(this);
