@@ -40,8 +40,8 @@ class StillDesktop : public Platform {
     return Done{};
   }
   void printForm(const Bitmap& /*picture*/) override {}
-  void printAlone(const Bitmap& /*picture*/) override {}
-  void endOfPages() override {}
+  Outcome<PagesWent> printAlone(const Bitmap& /*picture*/) override { return PagesWent{}; }
+  Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return 1; }
 
   Phase until = Phase::title;

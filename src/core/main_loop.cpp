@@ -13,7 +13,7 @@ void runProgram(Program& program) {
     for (Stage stage = Stage::processStart;;) stage = runStage(program, stage);
   } catch (const ProgramEnd&) {
     keepLastDrawing(program);
-    program.platform.endOfPages();
+    static_cast<void>(program.platform.endOfPages());
     throw;
   }
 }

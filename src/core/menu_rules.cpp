@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 
+#include "files/run_words.h"
+
 namespace gridwright {
 
 namespace {
@@ -66,8 +68,7 @@ std::string_view jobWaitsFor(const ProgramState& s) {
   if (s.printedCount > 0 && s.creationMode == CreationMode::computer) return "";
   if (s.phase == Phase::making && s.creationMode == CreationMode::user)
     return "waiting for you to make the maze";
-  const bool mazeIsMade = s.phase >= Phase::solving && !s.print.printedNow;
-  return mazeIsMade || s.phase == Phase::drawing ? "waiting for a new maze: choose New maze" : "";
+  return runWaitsForMaze(s) ? "waiting for a new maze: choose New maze" : "";
 }
 
 void printStatus(Program& program) {

@@ -8,6 +8,7 @@
 #include "core/stages.h"
 #include "drawing/drawpicture.h"
 #include "files/print_job.h"
+#include "files/run_words.h"
 #include "maze/finishmaking.h"
 #include "maze/makemaze.h"
 #include "maze/makemaze2.h"
@@ -176,6 +177,7 @@ Stage makingStage(Program& program) {
   captionMaking(program);
   s.minimizedNow = false;
   endJobWhenDone(program);
+  tellRun(program);
   s.phase = Phase::making;
   program.canvas.setAutoRedraw(true);
   if (!s.resumeMaze && !s.keepPicture) paintWorkPicture(program, "drawing1b.bmp");

@@ -4,6 +4,7 @@
 
 #include "core/menu_rules.h"
 #include "core/panels.h"
+#include "files/run_words.h"
 #include "solve/finish_search.h"
 #include "solve/firstnoxy.h"
 
@@ -55,6 +56,7 @@ void printEntered(Program& program) {
     markOne(program.menus, {Item::printwithsolutions, Item::printnosolutions},
             answers ? Item::printwithsolutions : Item::printnosolutions);
     printStatus(program);
+    tellRun(program);
   } else {
     program.notices.tell("Nothing to print: no number above 0 was typed");
   }
@@ -69,11 +71,12 @@ void printEscaped(Program& program) {
 void endJob(Program& program) {
   ProgramState& s = program.state;
   const bool active = s.printMode != PrintMode::none;
+  const std::string ended = runEndWords(s);
   s.printMode = PrintMode::none;
   s.printTotal = s.printedCount = 0;
   s.print.printedNow = false;
   printmenus(program);
-  if (active) program.platform.endOfPages();
+  if (active) tellPrinted(program, ended, program.platform.endOfPages());
 }
 
 void stopallprintings(Program& program) { endJob(program); }

@@ -1,7 +1,11 @@
 #include "files/print_window.h"
 
+#include "files/run_words.h"
+
 namespace gridwright {
 
-void printfff(Program& program) { program.platform.printAlone(program.canvas.shownImage()); }
+void printfff(Program& program) {
+  tellPrinted(program, "the window is printed", program.platform.printAlone(program.canvas.shownImage()));
+}
 
 }  // namespace gridwright

@@ -5,7 +5,8 @@
 
 namespace gridwright {
 
-/// "print the window": the Canvas as it is shown now, one page, a document of its own.
+/// "print the window": the Canvas as it is shown now, one page, a document of its own. Says where
+/// it went.
 void printfff(Program& program);
 
 }  // namespace gridwright

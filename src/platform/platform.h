@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 #include "canvas/bitmap.h"
@@ -20,6 +21,12 @@ struct Program;
 /// A window's place on the desktop, in pixels.
 struct WindowPlace {
   int left = 0, top = 0, width = 0, height = 0;
+};
+
+/// Where pages went, to be told to a person.
+struct PagesWent {
+  std::string where;           ///< Such as "to gridwright-0001.pdf, in /home/me"; may be empty.
+  std::filesystem::path file;  ///< What a click on the notice opens; empty for none.
 };
 
 /// What the running loop has in mind when it lets events run.
@@ -81,10 +88,12 @@ class Platform {
   virtual void printForm(const Bitmap& picture) = 0;
 
   /// One page that is a document of its own, also while a run's pages are not complete.
-  virtual void printAlone(const Bitmap& picture) = 0;
+  /// \returns where it went; a Fault when it could not be kept, which the tenant has told.
+  virtual Outcome<PagesWent> printAlone(const Bitmap& picture) = 0;
 
   /// The pages since the last call are one document, complete now.
-  virtual void endOfPages() = 0;
+  /// \returns as `printAlone` does; nowhere when there was no page.
+  virtual Outcome<PagesWent> endOfPages() = 0;
 
   /// A number from the clock, to seed Rnd with.
   virtual std::uint32_t clockSeed() = 0;

@@ -3,33 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QLineEdit>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include "core/input.h"
 #include "core/panels.h"
+#include "qt_session.h"
 
 namespace gridwright {
 namespace {
-
-/// The program in its window, without its main loop: the test is the loop.
-struct Session {
-  QTemporaryDir folder;
-  QtDesktop desktop{folder.path().toStdString()};
-  Program program{desktop, folder.path().toStdString()};
-
-  Session() {
-    program.state.phase = Phase::drawing;
-    pump(Pace::working);
-  }
-  void pump(Pace pace) {
-    program.state.keyBusy = false;
-    desktop.doEvents(program, pace);
-  }
-  QLineEdit* box(ControlId id) { return static_cast<QLineEdit*>(desktop.controls().widget(id)); }
-};
 
 TEST(WhatIsTypedInABox, ReachesTheModelInTheNextPump) {
   Session session;

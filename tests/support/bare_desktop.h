@@ -52,11 +52,15 @@ class BareDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override { pages.push_back(picture); }
-  void printAlone(const Bitmap& picture) override {
+  Outcome<PagesWent> printAlone(const Bitmap& picture) override {
     pages.push_back(picture);
     ++alone;
+    return went;
   }
-  void endOfPages() override { ++documents; }
+  Outcome<PagesWent> endOfPages() override {
+    ++documents;
+    return went;
+  }
   std::uint32_t clockSeed() override { return seed; }
 
   /// A picture file of the working folder; null when there is none.
@@ -71,7 +75,8 @@ class BareDesktop : public Platform {
   std::vector<Bitmap> pages;
   int documents = 0, alone = 0, raised = 0, maximised = 0;
   std::uint32_t seed = 1;
-  bool savesFail = false;  ///< The disk is full.
+  Outcome<PagesWent> went = PagesWent{};  ///< What is said of pages.
+  bool savesFail = false;                 ///< The disk is full.
 
   std::int64_t pumps = 0, limit = 20'000'000;
   int housekeeping = 0;

@@ -299,6 +299,12 @@ void HeadlessDesktop::printForm(const Bitmap& picture) {
   }
 }
 
+// All pages of a script are one document, those printed alone too.
+Outcome<PagesWent> HeadlessDesktop::printAlone(const Bitmap& picture) {
+  printForm(picture);
+  return PagesWent{};
+}
+
 Outcome<Done> HeadlessDesktop::writeDocument() {
   return document_ == nullptr ? Outcome<Done>(Done{}) : document_->finish();
 }

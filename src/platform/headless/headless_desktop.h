@@ -50,8 +50,8 @@ class HeadlessDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override;
-  void printAlone(const Bitmap& picture) override { printForm(picture); }  // its pages are one document
-  void endOfPages() override {}
+  Outcome<PagesWent> printAlone(const Bitmap& picture) override;
+  Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return seed_; }
 
   /// Writes the collected pages, if a document was asked for.

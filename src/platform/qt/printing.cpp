@@ -51,14 +51,18 @@ void Printing::page(const Bitmap& picture) {
     documentOpen_ = true;
     printer_ = findPrinter_();
   }
-  if (printer_ != nullptr && toPrinter(picture)) return;
+  if (printer_ != nullptr && toPrinter(picture)) {
+    const std::string name = printer_->printerName().toStdString();
+    paper_ = "on the printer" + (name.empty() ? name : " " + name);
+    return;
+  }
   if (painter_.isActive()) painter_.end();
   printer_.reset();  // once it has refused, the rest of the document follows into the PDF
   if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(freeName(folder_));
   if (!document_->addPage(picture)) documentFailed_ = true;
 }
 
-bool Printing::pageAlone(const Bitmap& picture) {
+Outcome<PagesWent> Printing::pageAlone(const Bitmap& picture) {
   Printing alone(folder_, findPrinter_);
   alone.page(picture);
   return alone.endOfPages();
@@ -71,7 +75,7 @@ bool Printing::toPrinter(const Bitmap& picture) {
   return printer_->printerState() != QPrinter::Error;
 }
 
-bool Printing::endOfPages() {
+Outcome<PagesWent> Printing::endOfPages() {
   if (painter_.isActive()) painter_.end();
   printer_.reset();
   documentOpen_ = false;
@@ -81,9 +85,19 @@ bool Printing::endOfPages() {
     if (isTaken(document_->path())) document_->setPath(freeName(folder_));
     whole = static_cast<bool>(document_->finish()) && whole;
   }
+  PagesWent went = wherePagesWent();
   document_.reset();
+  paper_.clear();
   documentFailed_ = false;
-  return whole;
+  if (!whole) return Fault{Fault::Kind::notWritable, went.file.string()};
+  return went;
+}
+
+PagesWent Printing::wherePagesWent() const {
+  if (document_ == nullptr) return {paper_, {}};
+  const std::filesystem::path& file = document_->path();
+  const std::string pdf = "to " + file.filename().string() + ", in " + folder_.string();
+  return {paper_.empty() ? pdf : paper_ + ", and the rest " + pdf, file};
 }
 
 }  // namespace gridwright

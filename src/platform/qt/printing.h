@@ -6,9 +6,11 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "canvas/bitmap.h"
 #include "platform/images/image_files.h"
+#include "platform/platform.h"
 
 namespace gridwright {
 
@@ -27,21 +29,23 @@ class Printing {
   void page(const Bitmap& picture);
 
   /// One page as a document of its own; an open document stays open.
-  /// \returns false when its PDF could not be written.
-  [[nodiscard]] bool pageAlone(const Bitmap& picture);
+  /// \returns where it went, or a Fault when its PDF could not be written.
+  [[nodiscard]] Outcome<PagesWent> pageAlone(const Bitmap& picture);
 
   /// The document is complete: the printer may begin, or the PDF gets its name.
-  /// \returns false when the PDF could not be written.
-  [[nodiscard]] bool endOfPages();
+  /// \returns as `pageAlone` does; nowhere when there was no page.
+  [[nodiscard]] Outcome<PagesWent> endOfPages();
 
  private:
   bool toPrinter(const Bitmap& picture);
+  [[nodiscard]] PagesWent wherePagesWent() const;
 
   std::filesystem::path folder_;
   FindPrinter findPrinter_;
   std::unique_ptr<QPrinter> printer_;
   QPainter painter_;                       // paints on the printer, so it goes first
   std::unique_ptr<PdfDocument> document_;  // of what the printer refused
+  std::string paper_;                      // that it took pages of the document, and its name
   bool documentOpen_ = false, documentFailed_ = false;
 };
 

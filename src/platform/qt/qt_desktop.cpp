@@ -1,14 +1,18 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QCoreApplication>
+#include <QDesktopServices>
+#include <QFile>
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
 #include <QThread>
+#include <QUrl>
 #include <algorithm>
 
 #include "core/input.h"
+#include "core/status_words.h"
 #include "platform/images/image_files.h"
 
 namespace gridwright {
@@ -23,11 +27,14 @@ constexpr auto kLookOften = 400us;       // and further apart too few
 constexpr int kMostPassesBetween = 64;
 constexpr auto kMaximiseTime = 200ms;
 
-/// Where a square stands, in cells from the upper left.
-QString cellOf(const ProgramState& s, const Square& square) {
-  return QString("column %1, row %2")
-      .arg((square.left - s.wallWidth) / std::max(1, s.stepX) + 1)
-      .arg((square.top - s.wallHeight) / std::max(1, s.stepY) + 1);
+QString placeOf(const ProgramState& s, const Square& square) {
+  return qString(placeWords(cellsOf(s, square)));
+}
+
+/// Opens a file with the program that this desktop has for its kind.
+/// \returns whether there is one.
+bool openOnDesktop(const std::filesystem::path& file) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.c_str())));
 }
 
 }  // namespace
@@ -44,6 +51,12 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
   };
   window_.view().onMouse = [this](int button) {
     inputs_.byPerson([button](Program& program) { input::mouseDown(program, button); });
+  };
+  window_.statusLine().onOpen = [this](const std::filesystem::path& file) {
+    if (openOnDesktop(file)) return;
+    inputs_.byPerson([file](Program& program) {
+      program.notices.tell("no program on this desktop opens " + file.filename().string());
+    });
   };
   window_.open();
 }
@@ -87,6 +100,7 @@ bool QtDesktop::clockSaysDue() {
 void QtDesktop::bringInLine(Program& program) {
   menus_.mirror(program.menus);
   if (inputs_.empty()) controls_.mirror(program.controls);  // not over what is being typed
+  window_.statusLine().mirror(program);
   showCanvas(program);
 }
 
@@ -96,9 +110,9 @@ void QtDesktop::describe(const Program& program) {
   const ProgramState& s = program.state;
   QString words = qString(program.controls.caption());
   if (s.phase == Phase::placing) {
-    words += "; start in " + cellOf(s, s.start) + "; finish in " + cellOf(s, s.finish);
+    words += "; start in " + placeOf(s, s.start) + "; finish in " + placeOf(s, s.finish);
   } else if (s.phase != Phase::title) {
-    words += "; square in " + cellOf(s, s.cur);
+    words += "; square in " + placeOf(s, s.cur);
   }
   if (window_.view().accessibleDescription() != words) window_.view().setAccessibleDescription(words);
 }
@@ -152,12 +166,16 @@ void QtDesktop::setNormalPlace(const WindowPlace& place) {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void QtDesktop::printAlone(const Bitmap& picture) {
-  if (!printing_.pageAlone(picture)) messageBox("Error: bad file name.");
+Outcome<PagesWent> QtDesktop::printAlone(const Bitmap& picture) {
+  auto went = printing_.pageAlone(picture);
+  if (!went) messageBox("Error: bad file name.");
+  return went;
 }
 
-void QtDesktop::endOfPages() {
-  if (!printing_.endOfPages()) messageBox("Error: bad file name.");
+Outcome<PagesWent> QtDesktop::endOfPages() {
+  auto went = printing_.endOfPages();
+  if (!went) messageBox("Error: bad file name.");
+  return went;
 }
 
 void QtDesktop::setWindowState(WindowState state) {

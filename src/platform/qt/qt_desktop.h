@@ -35,8 +35,8 @@ class QtDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
   void printForm(const Bitmap& picture) override { printing_.page(picture); }
-  void printAlone(const Bitmap& picture) override;
-  void endOfPages() override;
+  Outcome<PagesWent> printAlone(const Bitmap& picture) override;
+  Outcome<PagesWent> endOfPages() override;
   std::uint32_t clockSeed() override;
 
   /// A press on a colour of a panel.

@@ -4,11 +4,18 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QVBoxLayout>
 
 namespace gridwright {
 
-Window::Window() : view_(new CanvasView(this)) {
-  setCentralWidget(view_);
+Window::Window()
+    : inside_(new QWidget(this)), view_(new CanvasView(inside_)), statusLine_(new StatusLine(inside_)) {
+  auto* column = new QVBoxLayout(inside_);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(view_, 1);
+  column->addWidget(statusLine_);
+  setCentralWidget(inside_);
   menuBar()->setNativeMenuBar(false);
   menuBar()->setContextMenuPolicy(Qt::PreventContextMenu);
   connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this, [this] { openFirstMenu(); });
@@ -17,7 +24,7 @@ Window::Window() : view_(new CanvasView(this)) {
 
 void Window::open() {
   const QSize client = view_->sizeHint();
-  resize(client.width(), client.height() + menuBar()->heightForWidth(client.width()));
+  resize(client.width(), client.height() + menuBar()->heightForWidth(client.width()) + statusLine_->height());
   show();
 }
 

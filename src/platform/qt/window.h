@@ -1,10 +1,11 @@
-// The one window: a menu bar and the view of the Canvas under it.
+// The one window: a menu bar, the view of the Canvas under it, and the status line under that.
 #pragma once
 
 #include <QMainWindow>
 #include <functional>
 
 #include "platform/qt/canvas_view.h"
+#include "platform/qt/status_line.h"
 
 namespace gridwright {
 
@@ -18,6 +19,7 @@ class Window : public QMainWindow {
   void open();
 
   [[nodiscard]] CanvasView& view() const { return *view_; }
+  [[nodiscard]] StatusLine& statusLine() const { return *statusLine_; }
   QMenu* createPopupMenu() override { return nullptr; }
 
  protected:
@@ -26,7 +28,9 @@ class Window : public QMainWindow {
  private:
   void openFirstMenu();
 
+  QWidget* inside_;
   CanvasView* view_;
+  StatusLine* statusLine_;
 };
 
 }  // namespace gridwright

@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "platform/qt/status_line.h"
+#include "qt_session.h"
+
+namespace gridwright {
+namespace {
+
+struct Line : Session {
+  StatusLine& line = desktop.window().statusLine();
+
+  void look() { pump(Pace::housekeeping); }
+  QLabel* notice() { return line.findChild<QLabel*>("Notice"); }
+  QTimer* clock() { return line.findChild<QTimer*>("NoticeTime"); }
+};
+
+TEST(TheStatusLine, TellsOnItsRightWhatIsInHand) {
+  Line w;
+  w.program.state.cur = {10, 10, 29, 19};
+  w.program.state.drawColor = kPalette[12];
+  w.look();
+  EXPECT_EQ(w.line.status(), "red, 2 x 1 cells at column 1, row 1, drawing on");
+  w.program.state.drawingOff = true;
+  w.look();
+  EXPECT_EQ(w.line.status(), "red, 2 x 1 cells at column 1, row 1, drawing off");
+}
+
+TEST(TheColourInHand, IsShownBesideItsName) {
+  Line w;
+  w.program.state.drawColor = kPalette[12];
+  w.look();
+  const QImage seen = w.line.grab().toImage();
+  int red = 0;
+  for (int x = 0; x < seen.width(); ++x) red += seen.pixel(x, seen.height() / 2) == qRgb(255, 0, 0) ? 1 : 0;
+  EXPECT_GT(red, 5);
+}
+
+TEST(ANotice, StandsOnTheLeftUntilItsTimeIsOver) {
+  Line w;
+  w.program.notices.tell("maze 3 of 40");
+  w.look();
+  EXPECT_EQ(w.line.notice(), "maze 3 of 40");
+  ASSERT_TRUE(w.clock()->isActive());
+  EXPECT_EQ(w.clock()->interval(), 8000);
+  w.clock()->start(1);  // as if the eight seconds were over
+  QTest::qWait(50);
+  EXPECT_EQ(w.line.notice(), "");
+  w.look();
+  EXPECT_EQ(w.line.notice(), "") << "it does not come back";
+  EXPECT_EQ(w.program.notices.words(), "maze 3 of 40") << "the program still knows it";
+}
+
+TEST(TheNextNotice, TakesThePlaceOfTheOneBeforeAndStartsTheTimeOver) {
+  Line w;
+  w.program.notices.tell("one");
+  w.look();
+  w.clock()->start(60000);
+  w.program.notices.tell("two");
+  w.look();
+  EXPECT_EQ(w.line.notice(), "two");
+  EXPECT_EQ(w.clock()->interval(), 8000);
+  w.clock()->stop();
+  w.program.notices.tell("two");
+  w.look();
+  EXPECT_TRUE(w.clock()->isActive()) << "said again, it stands again";
+}
+
+TEST(AtTheTitle, TheLineIsEmptyAndKeepsItsPlace) {
+  Line w;
+  w.program.notices.tell("one");
+  w.look();
+  const QRect place = w.line.geometry();
+  const Size canvas = w.desktop.clientSize();
+  w.program.state.phase = Phase::title;
+  w.look();
+  EXPECT_EQ(w.line.notice(), "");
+  EXPECT_EQ(w.line.status(), "");
+  EXPECT_TRUE(w.line.isVisible());
+  EXPECT_EQ(w.line.geometry(), place);
+  EXPECT_EQ(w.desktop.clientSize().width, canvas.width);
+  EXPECT_EQ(w.desktop.clientSize().height, canvas.height);
+}
+
+TEST(WhatIsToldAtTheTitle, WaitsUntilThereIsRoomForIt) {
+  Line w;
+  w.program.state.phase = Phase::title;
+  w.look();
+  w.program.notices.tell("2 of 40 mazes are printed");
+  w.look();
+  EXPECT_EQ(w.line.notice(), "");
+  w.program.state.phase = Phase::drawing;
+  w.look();
+  EXPECT_EQ(w.line.notice(), "2 of 40 mazes are printed");
+}
+
+TEST(TheLine, IsAsHighInAllPhasesWhateverItTells) {
+  Line w;
+  const int height = w.line.height();
+  for (int phase = -6; phase <= 4; ++phase) {
+    w.program.state.phase = static_cast<Phase>(phase);
+    w.program.notices.tell(std::string(static_cast<std::size_t>(phase + 7) * 100, 'g'));
+    w.look();
+    EXPECT_EQ(w.line.height(), height) << phase;
+  }
+}
+
+TEST(TheWindow, OpensWithRoomForTheSmallestCanvasAboveTheLine) {
+  Line w;
+  EXPECT_GE(w.desktop.window().view().width(), 800);
+  EXPECT_GE(w.desktop.window().view().height(), 600);
+  EXPECT_EQ(w.line.mapTo(&w.desktop.window(), QPoint()).y(),
+            w.desktop.window().view().mapTo(&w.desktop.window(), QPoint()).y() +
+                w.desktop.window().view().height());
+}
+
+TEST(ALongNotice, NeverWidensTheWindow) {
+  Line w;
+  w.desktop.window().resize(640, 480);
+  w.program.notices.tell(std::string(400, 'g'));
+  w.look();
+  EXPECT_EQ(w.desktop.window().width(), 640);
+  EXPECT_EQ(w.notice()->toolTip().size(), 400) << "all of it is in its tip";
+  const QLabel* status = w.line.findChild<QLabel*>("Status");
+  EXPECT_GE(status->width(), status->fontMetrics().horizontalAdvance(w.line.status()))
+      << "the notice gives way, not what is in hand";
+}
+
+TEST(AClickOnANoticeOfAFile, OpensTheFile) {
+  Line w;
+  std::vector<std::filesystem::path> opened;
+  w.line.onOpen = [&](const std::filesystem::path& file) { opened.push_back(file); };
+  w.program.notices.tell("maze 1 of 2");
+  w.look();
+  QTest::mouseClick(w.notice(), Qt::LeftButton);
+  EXPECT_TRUE(opened.empty());
+  w.program.notices.tell("the window is printed to a.pdf", "/tmp/a.pdf");
+  w.look();
+  QTest::mouseClick(w.notice(), Qt::RightButton);
+  EXPECT_TRUE(opened.empty());
+  QTest::mouseClick(w.notice(), Qt::LeftButton);
+  EXPECT_EQ(opened, std::vector<std::filesystem::path>{"/tmp/a.pdf"});
+}
+
+TEST(TheStatusLine, IsReadToThoseWhoDoNotSeeIt) {
+  Line w;
+  w.program.notices.tell("maze 3 of 40");
+  w.look();
+  EXPECT_EQ(w.line.accessibleName(), "Status line");
+  EXPECT_EQ(w.notice()->accessibleName(), "maze 3 of 40");
+  EXPECT_EQ(w.line.findChild<QLabel*>("Status")->accessibleName(), w.line.status());
+}
+
+TEST(TheStatusLine, NeverTakesTheKeyboard) {
+  Line w;
+  w.look();
+  QTest::mouseClick(w.notice(), Qt::LeftButton);
+  QTest::mouseClick(&w.line, Qt::LeftButton);
+  EXPECT_EQ(w.desktop.window().focusWidget(), &w.desktop.window().view());
+}
+
+TEST(AMazeThatGrows, LeavesTheRightSideAlone) {
+  Line w;
+  w.program.state.phase = Phase::making;
+  w.program.state.creationMode = CreationMode::computer;
+  w.look();
+  QLabel* status = w.line.findChild<QLabel*>("Status");
+  status->setAccessibleName("as it was");  // any word told anew would replace this
+  for (int step = 0; step < 10; ++step) {
+    w.program.state.cur = w.program.state.cur.moved(10, 0);
+    w.program.state.mazeColor = kPalette[static_cast<std::size_t>(step)];
+    w.look();
+  }
+  EXPECT_EQ(status->accessibleName(), "as it was");
+}
+
+TEST(AWindowOnPaper, IsToldWithNameAndFolder) {
+  Line w;
+  const auto went = w.desktop.printAlone(plainBitmap(80, 60, kPalette[1]));
+  ASSERT_TRUE(went);
+  const std::string folder = w.folder.path().toStdString();
+  if (went.value().file.empty()) GTEST_SKIP() << "this machine has a printer";
+  EXPECT_EQ(went.value().where, "to gridwright-0001.pdf, in " + folder);
+  EXPECT_EQ(went.value().file, std::filesystem::path(folder) / "gridwright-0001.pdf");
+}
+
+}  // namespace
+}  // namespace gridwright
