@@ -32,6 +32,8 @@ inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::selectcolor, "the colour to draw with"},
     {Item::resetcolors, "every colour as at the start"},
     {Item::drawingoff, "the square moves without a trace"},
+    {Item::horizontal, "left and right mirror each other, at the same height"},
+    {Item::vertical, "above and below mirror each other, in the same columns"},
     {Item::quit2, "back to the title; the drawing is kept in last-drawing.bmp"},
     {Item::printfff, "one page: the window as it is"},
     {Item::printwithsolutions, "two pages a maze: without and with its answer"},

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "core/input.h"
+#include "platform/qt/key_tips.h"
 
 namespace gridwright {
 
@@ -94,6 +95,10 @@ MenuMirror::MenuMirror(QMenuBar& bar, InputQueue& inputs) : inputs_(inputs) {
     const auto name = rowOf(item).name;
     actions_[row]->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     actions_[row]->setCheckable(isMarkable(item));
+  }
+  auto* tips = new KeyTips(&bar);
+  for (QMenu* menu : menus) {
+    if (menu != nullptr) tips->watch(*menu);
   }
 }
 
