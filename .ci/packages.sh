@@ -2,7 +2,7 @@
 # Sourced by ./run, ./test and tests/long, beside steps.sh: what is needed to build, and how it gets here.
 
 build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev python3)
-test_packages=(poppler-utils libgtest-dev libbenchmark-dev clang-format clang-tidy
+test_packages=(locales poppler-utils libgtest-dev libbenchmark-dev clang-format clang-tidy
   desktop-file-utils appstream man-db)
 
 is_installed() {

@@ -12,6 +12,7 @@ void runProgram(Program& program) {
   try {
     for (Stage stage = Stage::processStart;;) stage = runStage(program, stage);
   } catch (const ProgramEnd&) {
+    program.files->tellThrough({});  // nobody is there to read it any more
     keepLastDrawing(program);
     static_cast<void>(program.platform.endOfPages());
     throw;

@@ -1,7 +1,7 @@
 // What an operation that may fail gives back: a value, or a Fault with a kind and words.
 //
 // Nothing in the program throws for a file that is missing or broken; the caller decides whether
-// the fault is quiet or gets one of the three messages.
+// the fault is quiet or gets a message.
 #pragma once
 
 #include <cassert>
@@ -12,7 +12,14 @@
 namespace gridwright {
 
 struct Fault {
-  enum class Kind { notFound, notReadable, notWritable, malformed, anotherFormat };
+  enum class Kind {
+    notFound,
+    notReadable,
+    notWritable,
+    notPlain,  ///< Something other than a plain file bears the name to be written; the words are its path.
+    malformed,
+    anotherFormat,  ///< A whole file perhaps, but of no format that is read.
+  };
   Kind kind;
   std::string words;  ///< Why; a person sees it in a notice, beside the program's own message.
 };

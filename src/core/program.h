@@ -43,6 +43,12 @@ struct Program {
   WorkPictures pictures;
   StepFiles steps;
 
+  /// Where a drawing is kept that the working folder does not take; empty for nowhere.
+  std::filesystem::path dataFolder;
+  /// What a person must know of the working folder, told at "Click to Begin"; empty when told or nothing.
+  std::string wordsAtBegin;
+  bool toldUnwritable = false;
+
   [[nodiscard]] Pixels pixels() const { return {canvas, colours}; }
 };
 

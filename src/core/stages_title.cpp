@@ -43,6 +43,7 @@ Stage processStartStage(Program& program) {
   s.bookMode = 0;
   s.panelOpen = s.paused = false;
   recoverSaves(*program.files);
+  program.files->removeLeftOvers();
   program.pictures.save("title.bmp", titlePicture(program));
   return Stage::title;
 }
@@ -75,6 +76,7 @@ Stage leaveTitleStage(Program& program) {
   enableTitles(program, true);
   forgetEverything(program);
   endJob(program);
+  tellOfFolder(program);
   program.steps.resetAll();
   program.random.seed(program.platform.clockSeed());
   s.mazeKind = MazeKind::regular;

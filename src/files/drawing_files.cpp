@@ -2,14 +2,16 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <map>
 #include <system_error>
+#include <utility>
 
 #include "core/panels.h"
 #include "files/drawing_record.h"
 #include "files/drawing_values.h"
+#include "files/plain_file.h"
 #include "files/saved_pair.h"
+#include "files/work_place.h"
 
 namespace gridwright {
 
@@ -35,11 +37,6 @@ bool isOwnPicture(std::string_view base) {
   return false;
 }
 
-std::string inLowerCase(std::string text) {
-  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return text;
-}
-
 PairPaths pairOf(const WorkFolder& folder, const std::string& base) {
   // An existing spelling of the record wins for both files.
   const fs::path record = folder.resolve(base + std::string(kRecordEnding));
@@ -49,6 +46,9 @@ PairPaths pairOf(const WorkFolder& folder, const std::string& base) {
 
 Outcome<Done> savePair(Program& program, const std::string& base) {
   const PairPaths paths = pairOf(*program.files, base);
+  for (const fs::path& path : {paths.record, paths.bitmap}) {
+    if (isNoPlainFile(path)) return Fault{Fault::Kind::notPlain, path.string()};
+  }
   recoverPair(paths);
   std::error_code failed;
   // An older save whose record can't take its name would be taken for this one's, were this one cut off.
@@ -79,8 +79,7 @@ bool isNameForDrawing(std::string_view base) { return staysInFolder(base) && !is
 void recoverSaves(const WorkFolder& folder) {
   // A bitmap that was cut off while it got its building name.
   for (const std::string& name : folder.list(".building.building")) {
-    std::error_code ignored;
-    fs::remove(folder.path() / name, ignored);
+    removeLeftOver(folder.path() / name);
   }
   // The bitmap's name may be spelt unlike the record's: a pair is found by its name without case.
   std::map<std::string, PairPaths> pairs;
@@ -107,8 +106,11 @@ void saveEntered(Program& program) {
   program.state.finishFound = false;
   const std::string base = baseName(program.controls[ControlId::text1].text);
   closePanel(program, kSavePanel);
-  if (!isNameForDrawing(base) || !savePair(program, base)) {
-    program.platform.messageBox("Error: bad file name.");
+  const auto saved =
+      isNameForDrawing(base) ? savePair(program, base) : Outcome<Done>(Fault{Fault::Kind::notWritable, base});
+  if (!saved) {
+    if (!program.files->tellIfNoPlainFile(saved.fault()))
+      program.platform.messageBox("Error: bad file name.");
     return;
   }
   refreshLists(program);
@@ -150,16 +152,43 @@ void loadEntered(Program& program) {
 
 void loadEscaped(Program& program) { closePanel(program, kLoadPanel); }
 
+namespace {
+
+void tellIfUnwritable(Program& program) {
+  if (program.toldUnwritable || program.files->takesFiles()) return;
+  program.toldUnwritable = true;
+  program.files->tell(wordsOnUnwritableFolder(program.dataFolder));
+}
+
+void keep(Program& program, const Bitmap& picture) {
+  const fs::path& data = program.dataFolder;
+  if (program.pictures.save(kLastDrawing, picture, Overwrite::atOnce)) return;
+  if (!data.empty() && makePersonalFolder(data))
+    program.platform.saveBitmap(picture, data / kLastDrawing, Overwrite::atOnce);
+  tellIfUnwritable(program);
+}
+
+}  // namespace
+
 void keepLastDrawing(Program& program) {
   const Phase phase = program.state.phase;
   if (phase == Phase::title) return;
   if (phase == Phase::patternEditing || phase == Phase::patternRequest) {
     // The editor's field lies over the picture.
-    if (program.state.editor.fieldCoversPicture)
-      program.pictures.save(kLastDrawing, program.pictures.load("drawing4.bmp"), Overwrite::atOnce);
+    if (program.state.editor.fieldCoversPicture) keep(program, program.pictures.load("drawing4.bmp"));
   } else if (program.canvas.showsAnything()) {
-    program.pictures.save(kLastDrawing, program.canvas.image(), Overwrite::atOnce);
+    keep(program, program.canvas.image());
   }
+}
+
+void tellOfFolder(Program& program) {
+  std::string words = std::exchange(program.wordsAtBegin, {});
+  if (!words.empty()) program.files->tell(std::move(words));
+  tellIfUnwritable(program);
+  const fs::path last = program.files->resolve(kLastDrawing);
+  if (isNoPlainFile(last)) program.files->tellIfNoPlainFile({Fault::Kind::notPlain, last.string()});
+  program.files->tellThrough(
+      [&desktop = program.platform](std::string_view told) { desktop.messageBox(told); });
 }
 
 }  // namespace gridwright

@@ -27,7 +27,11 @@ bool isNameForDrawing(std::string_view base);
 void recoverSaves(const WorkFolder& folder);
 
 /// The persistent image, where anything is drawn on it, goes quietly to last-drawing.bmp: nobody loses
-/// a picture by a slip.
+/// a picture by a slip. Where the working folder does not take it, it goes to the data folder.
 void keepLastDrawing(Program& program);
+
+/// Says, once each, what a person must know of the folder before drawing in it: that it is not the one
+/// expected, that it takes no files, that the last drawing cannot be kept under its name.
+void tellOfFolder(Program& program);
 
 }  // namespace gridwright

@@ -2,6 +2,8 @@
 
 #include <system_error>
 
+#include "files/plain_file.h"
+
 namespace gridwright {
 
 namespace fs = std::filesystem;
@@ -12,11 +14,6 @@ bool moveOver(const fs::path& from, const fs::path& to) {
   std::error_code failed;
   fs::rename(from, to, failed);
   return !failed;
-}
-
-void forget(const fs::path& path) {
-  std::error_code ignored;
-  fs::remove(path, ignored);
 }
 
 bool takeBitmapOver(const PairPaths& paths) {
@@ -36,9 +33,9 @@ Outcome<Done> takePairOver(const PairPaths& paths) {
   std::error_code failed;
   if (fs::is_directory(paths.record, failed) || fs::is_directory(paths.bitmap, failed) ||
       !moveOver(paths.buildingRecord(), paths.readyRecord()) || !takeBitmapOver(paths)) {
-    forget(paths.buildingRecord());
-    forget(paths.readyRecord());
-    forget(paths.buildingBitmap());
+    removeLeftOver(paths.buildingRecord());
+    removeLeftOver(paths.readyRecord());
+    removeLeftOver(paths.buildingBitmap());
     return refused;
   }
   // The old bitmap is gone now: a ready record that cannot move yet stays, so that a recovery does.
@@ -52,8 +49,8 @@ void recoverPair(const PairPaths& paths) {
     finishTakingOver(paths);
     return;
   }
-  forget(paths.buildingRecord());
-  forget(paths.buildingBitmap());
+  removeLeftOver(paths.buildingRecord());
+  removeLeftOver(paths.buildingBitmap());
 }
 
 }  // namespace gridwright

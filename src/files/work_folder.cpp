@@ -1,10 +1,14 @@
 #include "files/work_folder.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
-#include <cctype>
-#include <fstream>
-#include <iterator>
+#include <cstdlib>
 #include <system_error>
+#include <utility>
+
+#include "files/plain_file.h"
 
 namespace gridwright {
 
@@ -12,13 +16,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-char lower(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
+// By number: what the system takes for a letter's other case is a matter of the language it speaks.
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 }  // namespace
 
 bool equalButForCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](char x, char y) { return lower(x) == lower(y); });
+}
+
+std::string inLowerCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), lower);
+  return text;
 }
 
 bool staysInFolder(std::string_view name) {
@@ -33,7 +43,7 @@ std::string baseName(std::string_view typed) {
 fs::path WorkFolder::resolve(std::string_view name) const {
   fs::path exact = folder_ / fs::path(name);
   std::error_code failed;
-  if (fs::exists(exact, failed)) return exact;
+  if (fs::exists(fs::symlink_status(exact, failed))) return exact;
   fs::path found;
   int matches = 0;
   for (fs::directory_iterator entry(folder_, failed), end; !failed && entry != end; entry.increment(failed)) {
@@ -45,37 +55,49 @@ fs::path WorkFolder::resolve(std::string_view name) const {
 }
 
 Outcome<std::string> WorkFolder::readText(std::string_view name) const {
-  const fs::path path = resolve(name);
-  std::error_code failed;
-  if (!fs::is_regular_file(path, failed)) return Fault{Fault::Kind::notFound, path.string()};
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return Fault{Fault::Kind::notReadable, path.string()};
-  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (in.bad()) return Fault{Fault::Kind::notReadable, path.string()};
-  return text;
+  return readPlainFile(resolve(name));
 }
 
 Outcome<Done> WorkFolder::writeText(std::string_view name, std::string_view text) {
-  const fs::path path = resolve(name);
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(text.data(), static_cast<std::streamsize>(text.size()));
-  out.close();
-  if (!out) return Fault{Fault::Kind::notWritable, path.string()};
-  return Done{};
+  return writePlainFile(resolve(name), text);
 }
 
 Outcome<Done> WorkFolder::replaceText(std::string_view name, std::string_view text) {
-  const fs::path target = resolve(name);
-  const std::string building = target.filename().string() + ".building";
-  auto written = writeText(building, text);
-  std::error_code failed;
-  if (written) {
-    fs::rename(folder_ / building, target, failed);
-    if (!failed) return Done{};
-    written = Fault{Fault::Kind::notWritable, target.string()};
-  }
-  fs::remove(folder_ / building, failed);
+  return replacePlainFile(resolve(name), text);
+}
+
+bool WorkFolder::takesFiles() const {
+  std::string trial = (folder_ / ".gridwright-XXXXXX").string();
+  const OpenFile file(::mkostemp(trial.data(), O_CLOEXEC));
+  if (!file) return false;
+  const bool written = ::write(file.descriptor(), "?", 1) == 1;  // a full disk still gives names away
+  ::unlink(trial.c_str());
   return written;
+}
+
+void WorkFolder::removeLeftOvers() const {
+  for (const std::string_view ending : {".bmp", ".maze", "pat", ".pdf"}) {
+    for (const std::string& name : list(std::string(ending) + ".building")) removeLeftOver(folder_ / name);
+  }
+}
+
+bool WorkFolder::tellIfNoPlainFile(const Fault& fault) {
+  if (fault.kind != Fault::Kind::notPlain) return false;
+  const std::string name = fs::path(fault.words).filename().string();
+  if (!told_.insert(name).second) return false;
+  tell("Error: " + name + " is not a plain file; nothing is written to it.");
+  return true;
+}
+
+void WorkFolder::tell(std::string words) {
+  untold_.push_back(std::move(words));
+  tellThrough(tell_);
+}
+
+void WorkFolder::tellThrough(std::function<void(std::string_view)> tell) {
+  tell_ = std::move(tell);
+  if (!tell_) return;
+  for (const std::string& words : std::exchange(untold_, {})) tell_(words);
 }
 
 std::vector<std::string> WorkFolder::list(std::string_view ending) const {

@@ -1,11 +1,14 @@
 // The working folder: every file name of the program is resolved here, text and bitmap alike.
 //
-// Names are matched without regard to case, since the writers and readers of a step file spell it
-// differently and each pair must reach one file: the exact spelling, else the one entry that is equal
-// but for case.
+// A name is its bytes, whatever language they are in. Names are matched without regard to case, since the
+// writers and readers of a step file spell it differently and each pair must reach one file: the exact
+// spelling, else the one entry that is equal but for case. Only the letters A to Z have a case here, whatever
+// language the system speaks.
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,25 +27,48 @@ class WorkFolder {
   /// Where a name leads: an existing file, or where a new one will be written.
   [[nodiscard]] std::filesystem::path resolve(std::string_view name) const;
 
-  /// The whole text of a file.
+  /// The whole text of a plain file, also of one that a link leads to.
   [[nodiscard]] virtual Outcome<std::string> readText(std::string_view name) const;
 
-  /// Writes the whole text, over what was there.
+  /// Writes the whole text, over what was there. \returns a notPlain Fault, and writes nothing, when
+  /// something other than a plain file bears the name; notWritable when the system refuses.
   virtual Outcome<Done> writeText(std::string_view name, std::string_view text);
 
   /// The same by way of a temporary file beside it that is renamed: the old text or the new one is
-  /// there, whole, whatever happens.
+  /// there, whole, whatever happens. Faults as above.
   Outcome<Done> replaceText(std::string_view name, std::string_view text);
+
+  /// Whether a new file can be written here: a trial that leaves nothing behind.
+  [[nodiscard]] virtual bool takesFiles() const;
+
+  /// Removes what a killed program left behind of its files that were not whole, unless somebody holds it.
+  void removeLeftOvers() const;
+
+  /// To be asked about the fault of each write: a name that no plain file bears is told, once for as long
+  /// as the folder lives. \returns whether it was told now.
+  bool tellIfNoPlainFile(const Fault& fault);
+
+  /// Tells a person a line, or keeps it until somebody can be told.
+  void tell(std::string words);
+
+  /// How a person is told; what there was to tell before is told now. With nothing in it, all waits.
+  void tellThrough(std::function<void(std::string_view)> tell);
 
   /// The names that end in `ending` (".bmp"), without regard to case, sorted likewise.
   [[nodiscard]] std::vector<std::string> list(std::string_view ending) const;
 
  private:
   std::filesystem::path folder_;
+  std::set<std::string> told_;
+  std::vector<std::string> untold_;
+  std::function<void(std::string_view)> tell_;
 };
 
 /// Whether two names are equal but for the case of their letters.
 bool equalButForCase(std::string_view a, std::string_view b);
+
+/// The text with small letters for the capitals A to Z.
+std::string inLowerCase(std::string text);
 
 /// Whether a typed name is not empty and leads to no other folder.
 bool staysInFolder(std::string_view name);

@@ -20,13 +20,16 @@ bool WorkPictures::isAsWritten(const Copy& copy, const std::filesystem::path& pa
   return !copy.lastWriteFailed && copy.written && copy.written == stampOf(path);
 }
 
-void WorkPictures::save(std::string_view name, Bitmap picture, Overwrite how) {
+bool WorkPictures::save(std::string_view name, Bitmap picture, Overwrite how) {
   Copy& copy = copies_[std::string(name)];
   const std::filesystem::path path = folder_.resolve(name);
-  if (isAsWritten(copy, path) && copy.picture == picture) return;
+  if (isAsWritten(copy, path) && copy.picture == picture) return true;
   copy.picture = std::move(picture);
-  copy.lastWriteFailed = !platform_.saveBitmap(copy.picture, path, how);
+  const auto saved = platform_.saveBitmap(copy.picture, path, how);
+  if (!saved) folder_.tellIfNoPlainFile(saved.fault());
+  copy.lastWriteFailed = !saved;
   copy.written = stampOf(path);
+  return !copy.lastWriteFailed;
 }
 
 const Bitmap& WorkPictures::load(std::string_view name) {

@@ -1,7 +1,8 @@
 // The pictures in progress: "drawing1.bmp" and its fellows in the working folder.
 //
 // A picture is read from its file. If that cannot be read, or its last write failed, the copy kept in
-// memory stands in: a full disk or a deleted file loses nothing. Failures are quiet. A file that is
+// memory stands in: a full disk or a deleted file loses nothing. Failures are quiet, but for a name that
+// is no plain file's. A file that is
 // still as it was written is not decoded again, because the copy is the same picture, nor written
 // again when it would get the same picture.
 #pragma once
@@ -23,9 +24,10 @@ class WorkFolder;
 
 class WorkPictures {
  public:
-  WorkPictures(Platform& platform, const WorkFolder& folder) : platform_(platform), folder_(folder) {}
+  WorkPictures(Platform& platform, WorkFolder& folder) : platform_(platform), folder_(folder) {}
 
-  void save(std::string_view name, Bitmap picture, Overwrite how = Overwrite::inPlace);
+  /// \returns whether the picture is in its file now.
+  bool save(std::string_view name, Bitmap picture, Overwrite how = Overwrite::inPlace);
   /// The picture, or an empty one that was never written; it stands until the next call.
   const Bitmap& load(std::string_view name);
 
@@ -46,7 +48,7 @@ class WorkPictures {
   static bool isAsWritten(const Copy& copy, const std::filesystem::path& path);
 
   Platform& platform_;
-  const WorkFolder& folder_;
+  WorkFolder& folder_;
   std::map<std::string, Copy, std::less<>> copies_;
   Bitmap fromFile_;
 };

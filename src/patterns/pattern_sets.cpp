@@ -89,9 +89,12 @@ void saveSetEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text5].text);
   saveSetEscaped(program);
   finishOpenPattern(program);
-  if (!staysInFolder(base) ||
-      !program.files->replaceText(fileName(program, base), formatSet(presentSet(program)))) {
-    program.platform.messageBox("Error: bad file name.");
+  const auto saved = staysInFolder(base)
+                         ? program.files->replaceText(fileName(program, base), formatSet(presentSet(program)))
+                         : Outcome<Done>(Fault{Fault::Kind::notWritable, base});
+  if (!saved) {
+    if (!program.files->tellIfNoPlainFile(saved.fault()))
+      program.platform.messageBox("Error: bad file name.");
     return;
   }
   refreshLists(program);

@@ -84,7 +84,13 @@ const Steps& StepFiles::steps(MazeKind kind, int direction) {
 void StepFiles::writeText(MazeKind kind, int direction, std::string_view text) {
   Slot& kept = slot(kind, direction);
   kept.steps = parseSteps(text);
-  kept.lastWriteFailed = !folder_.writeText(stepFileName(kind, direction), text);
+  kept.lastWriteFailed = !put(stepFileName(kind, direction), text);
+}
+
+bool StepFiles::put(std::string_view name, std::string_view text) {
+  const auto written = folder_.writeText(name, text);
+  if (!written) folder_.tellIfNoPlainFile(written.fault());
+  return static_cast<bool>(written);
 }
 
 void StepFiles::write(MazeKind kind, int direction, const Steps& steps) {
@@ -104,7 +110,7 @@ void StepFiles::resetAll() {
 }
 
 void StepFiles::writeScratch(MazeKind kind, int direction, const Steps& steps) {
-  folder_.writeText(kScratchNames.at(indexOf(kind)).at(indexOf(direction)), formatSteps(steps));
+  put(kScratchNames.at(indexOf(kind)).at(indexOf(direction)), formatSteps(steps));
 }
 
 void StepFiles::rereadFromDisk() {

@@ -60,6 +60,8 @@ class StepFiles {
   };
   Slot& slot(MazeKind kind, int direction);
   void writeText(MazeKind kind, int direction, std::string_view text);
+  /// \returns whether the text is in the file now.
+  bool put(std::string_view name, std::string_view text);
 
   WorkFolder& folder_;
   std::array<Slot, 12> slots_;

@@ -13,6 +13,7 @@
 
 #include "files/drawing_files.h"
 #include "files/drawing_record.h"
+#include "support/as_nobody.h"
 #include "support/disk_desktop.h"
 #include "support/world.h"
 
@@ -115,23 +116,6 @@ TEST(ARecordThatCannotMoveAfterItsBitmapHas, StaysReadyAndARecoveryCompletesTheP
   p.expectNothingElse(2);
 }
 
-/// Whoever runs the tests, what is read-only is read-only while this lives.
-class AsNobody {
- public:
-  explicit AsNobody(const fs::path& folder) : root_(geteuid() == 0) {
-    constexpr uid_t kNobody = 65534;
-    if (root_ && (chown(folder.c_str(), kNobody, kNobody) != 0 || seteuid(kNobody) != 0)) std::abort();
-  }
-  AsNobody(const AsNobody&) = delete;
-  AsNobody& operator=(const AsNobody&) = delete;
-  ~AsNobody() {
-    if (root_ && seteuid(0) != 0) std::abort();
-  }
-
- private:
-  bool root_;
-};
-
 TEST(AReadOnlyFolder, RefusesASaveAndKeepsThePair) {
   Pair p;
   p.oldPair();
@@ -140,10 +124,8 @@ TEST(AReadOnlyFolder, RefusesASaveAndKeepsThePair) {
   program.canvas.resize({100, 80});
   program.controls.setText(ControlId::text1, "cat");
   {
-    const AsNobody nobody(p.temp.path());
-    fs::permissions(p.temp.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    const ReadOnly readOnly(p.temp.path());
     saveEntered(program);
-    fs::permissions(p.temp.path(), fs::perms::owner_all);
   }
   EXPECT_EQ(desktop.messages, std::vector<std::string>{"Error: bad file name."});
   p.expect("old record", "old bitmap");

@@ -2,6 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <vector>
+
+#include "files/plain_file.h"
+#include "support/full_disk.h"
+#include "support/no_plain_files.h"
+#include "support/turkish.h"
 #include "support/work_folders.h"
 
 namespace gridwright::test {
@@ -55,7 +62,7 @@ TEST(AMissingFileAndAFolder, AreNotFound) {
   WorkFolder folder(temp.path());
   EXPECT_EQ(folder.readText("none.pt").fault().kind, Fault::Kind::notFound);
   EXPECT_EQ(folder.readText("sub.pt").fault().kind, Fault::Kind::notFound);
-  EXPECT_EQ(folder.writeText("sub.pt", "x").fault().kind, Fault::Kind::notWritable);
+  EXPECT_EQ(folder.writeText("sub.pt", "x").fault().kind, Fault::Kind::notPlain);
 }
 
 TEST(AFolderThatIsGone, RefusesQuietly) {
@@ -63,6 +70,70 @@ TEST(AFolderThatIsGone, RefusesQuietly) {
   EXPECT_FALSE(folder.readText("a"));
   EXPECT_FALSE(folder.writeText("a", "b"));
   EXPECT_TRUE(folder.list(".bmp").empty());
+}
+
+TEST(ATextThroughALink, IsReadAndNotWritten) {
+  const TempFolder temp;
+  const TempFolder elsewhere;
+  elsewhere.put("mine", "1,9999,88");
+  put(NoPlainFile::link, temp.path() / "Left.pt", elsewhere.path() / "mine");
+  WorkFolder folder(temp.path());
+  EXPECT_EQ(folder.readText("left.pt").value(), "1,9999,88");
+  EXPECT_EQ(folder.writeText("left.pt", "2").fault().kind, Fault::Kind::notPlain);
+  EXPECT_EQ(folder.replaceText("left.pt", "2").fault().kind, Fault::Kind::notPlain);
+  EXPECT_EQ(elsewhere.get("mine"), "1,9999,88");
+}
+
+TEST(ALinkThatLeadsNowhere, BearsItsNameLikeAFile) {
+  const TempFolder temp;
+  const TempFolder elsewhere;
+  put(NoPlainFile::linkToNothing, temp.path() / "Left.pt", elsewhere.path() / "mine");
+  temp.put("LEFT.PT", "1,9999,88");
+  EXPECT_EQ(WorkFolder(temp.path()).resolve("Left.pt"), temp.path() / "Left.pt");
+}
+
+TEST(ANameThatIsNoPlainFiles, IsToldOnceAndNotBeforeSomebodyCanBeTold) {
+  WorkFolder folder("/no/such/folder");
+  const Fault notPlain{Fault::Kind::notPlain, "/no/such/folder/Left.pt"};
+  EXPECT_FALSE(folder.tellIfNoPlainFile({Fault::Kind::notWritable, "/no/such/folder/Left.pt"}));
+  EXPECT_TRUE(folder.tellIfNoPlainFile(notPlain));
+  std::vector<std::string> told;
+  folder.tellThrough([&](std::string_view words) { told.emplace_back(words); });
+  const std::vector<std::string> once{"Error: Left.pt is not a plain file; nothing is written to it."};
+  EXPECT_EQ(told, once);
+  EXPECT_FALSE(folder.tellIfNoPlainFile(notPlain));
+  EXPECT_EQ(told, once);
+  EXPECT_TRUE(folder.tellIfNoPlainFile({Fault::Kind::notPlain, "/no/such/folder/up.pt"}));
+  EXPECT_EQ(told.size(), 2U);
+}
+
+TEST(AFolder, TakesFilesUnlessItIsGoneOrItsDiskIsFull) {
+  const TempFolder temp;
+  const WorkFolder folder(temp.path());
+  EXPECT_TRUE(folder.takesFiles());
+  EXPECT_TRUE(std::filesystem::is_empty(temp.path())) << "the trial leaves nothing behind";
+  {
+    const FullDisk full(0);
+    EXPECT_FALSE(folder.takesFiles());
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(temp.path()));
+  EXPECT_FALSE(WorkFolder(temp.path() / "none").takesFiles());
+}
+
+TEST(LeftOvers, AreTheFilesOfTheProgramThatWereNotWhole) {
+  const TempFolder temp;
+  for (const char* name :
+       {"drawing1.bmp.building", "CAT.BMP.building", "wave.pat.building", "a.3d-pat.building",
+        "a.3d-pipe-pat.building", "gridwright-0001.pdf.building", "house.building", "cat.bmp"})
+    temp.put(name, "half");
+  const auto held = openHeld(temp.path() / "page-0001.bmp.building");
+  std::filesystem::create_directory(temp.path() / "folder.bmp.building");
+  WorkFolder(temp.path()).removeLeftOvers();
+  std::set<std::string> left;
+  for (const auto& entry : std::filesystem::directory_iterator(temp.path()))
+    left.insert(entry.path().filename());
+  EXPECT_EQ(left, (std::set<std::string>{"cat.bmp", "folder.bmp.building", "house.building",
+                                         "page-0001.bmp.building"}));
 }
 
 TEST(AList, HasTheFilesOfOneEndingSortedWithoutRegardToCase) {
@@ -89,6 +160,25 @@ TEST(Names, AreComparedWithoutRegardToCase) {
   EXPECT_FALSE(equalButForCase("drawing1.bmp", "drawing1b.bmp"));
   EXPECT_FALSE(equalButForCase("", "a"));
   EXPECT_TRUE(equalButForCase("\xC4.bmp", "\xC4.BMP")) << "bytes above 127 are themselves";
+}
+
+TEST(NamesUnderTurkish, HaveTheCaseThatTheyHaveEverywhere) {
+  const Turkish turkish;
+  EXPECT_TRUE(equalButForCase("RIGHT.PT", "right.pt"));
+  EXPECT_TRUE(equalButForCase("SIDI.BMP", "sidi.bmp"));
+  EXPECT_EQ(inLowerCase("SIDI\xC4\xB0"), "sidi\xC4\xB0");
+  const TempFolder temp;
+  temp.put("RIGHT.PT", "old");
+  temp.put("SIDI.BMP", "");
+  temp.put("sidh.bmp", "");
+  temp.put("sidj.bmp", "");
+  WorkFolder folder(temp.path());
+  EXPECT_TRUE(folder.writeText("Right.pt", "new"));
+  EXPECT_EQ(temp.get("RIGHT.PT"), "new");
+  EXPECT_EQ(folder.resolve("sidi.bmp"), temp.path() / "SIDI.BMP");
+  temp.put("A.3D-PIPE-PAT", "");
+  EXPECT_EQ(folder.list(".3d-pipe-pat"), std::vector<std::string>{"A.3D-PIPE-PAT"});
+  EXPECT_EQ(folder.list(".bmp"), (std::vector<std::string>{"sidh.bmp", "SIDI.BMP", "sidj.bmp"}));
 }
 
 }  // namespace

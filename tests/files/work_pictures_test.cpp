@@ -5,8 +5,10 @@
 #include <chrono>
 #include <filesystem>
 
+#include "files/work_place.h"
 #include "support/disk_desktop.h"
 #include "support/full_disk.h"
+#include "support/no_plain_files.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -126,6 +128,25 @@ TEST(AWorkPictureThatCouldNotBeWritten, IsTriedAgain) {
   EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), kOther));
 }
 
+TEST(AWorkPictureUnderANameThatIsNoPlainFiles, ComesFromMemoryAndIsToldOnce) {
+  for (const NoPlainFile kind : kNoPlainFiles) {
+    SCOPED_TRACE(nameOf(kind));
+    PicturesOnDisk p;
+    const TempFolder elsewhere;
+    ASSERT_TRUE(writeBitmapFile(kOther, elsewhere.path() / "mine.bmp"));
+    put(kind, p.temp.path() / "drawing4.bmp", elsewhere.path() / "mine.bmp");
+    std::vector<std::string> told;
+    p.folder.tellThrough([&](std::string_view words) { told.emplace_back(words); });
+    p.save(kOther);
+    p.save(kOne);
+    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOne));
+    EXPECT_TRUE(samePicture(readBitmapFile(elsewhere.path() / "mine.bmp").value(), kOther));
+    EXPECT_TRUE(isNoPlainFile(p.temp.path() / "drawing4.bmp"));
+    EXPECT_EQ(told,
+              std::vector<std::string>{"Error: drawing4.bmp is not a plain file; nothing is written to it."});
+  }
+}
+
 TEST(AWorkPictureTornInTheMiddle, ComesFromMemoryUntilItIsWhole) {
   PicturesOnDisk p;
   const Bitmap first = plainBitmap(60, 40, kNavy);
@@ -159,7 +180,8 @@ TEST(AWholeSession, LosesNothingWhenNoPictureAndNoStepFileCanBeWritten) {
   w.desktop.pumpsPass(2);
   EXPECT_EQ(w.run(), "");
   EXPECT_TRUE(samePicture(w.canvas.image(), drawing({".....", ".....", "....."})));
-  EXPECT_TRUE(w.desktop.messages.empty()) << "it is quiet";
+  EXPECT_EQ(w.desktop.messages, std::vector<std::string>{wordsOnUnwritableFolder({})})
+      << "it is told once, and quiet from then on";
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/no_plain_files.h"
 #include "support/work_folders.h"
 
 namespace gridwright::test {
@@ -135,6 +136,28 @@ TEST(AFailedWrite, LosesNothing) {
   files.write(MazeKind::regular, 2, {2, 2, 4});
   files.rereadFromDisk();
   EXPECT_EQ(files.steps(MazeKind::regular, 2), (Steps{2, 2, 4})) << "not the older file";
+}
+
+TEST(AStepFileThatIsNoPlainFile, IsKeptInMemoryAndToldOnce) {
+  for (const NoPlainFile kind : kNoPlainFiles) {
+    SCOPED_TRACE(nameOf(kind));
+    const TempFolder temp;
+    const TempFolder elsewhere;
+    elsewhere.put("mine", "4,9999,88");
+    put(kind, temp.path() / "Left.pt", elsewhere.path() / "mine");
+    WorkFolder folder(temp.path());
+    std::vector<std::string> told;
+    folder.tellThrough([&](std::string_view words) { told.emplace_back(words); });
+    StepFiles files(folder);
+    files.resetAll();
+    files.write(MazeKind::regular, 1, {1, 1, 3});
+    files.rereadFromDisk();
+    EXPECT_EQ(files.steps(MazeKind::regular, 1), (Steps{1, 1, 3}));
+    EXPECT_EQ(temp.get("Right.pt"), "2,9999,88\r\n") << "the others are files as ever";
+    EXPECT_EQ(elsewhere.get("mine"), "4,9999,88");
+    EXPECT_EQ(told,
+              std::vector<std::string>{"Error: Left.pt is not a plain file; nothing is written to it."});
+  }
 }
 
 }  // namespace

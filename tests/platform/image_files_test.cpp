@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <iterator>
+
+#include "files/work_folder.h"
 #include "support/bitmap_files.h"
+#include "support/no_plain_files.h"
 #include "support/pictures.h"
 #include "support/work_folders.h"
 
@@ -172,12 +176,76 @@ TEST(APictureWrittenInPlace, LeavesAFileAloneThatHasAnotherNameToo) {
   const Bitmap mine = motley(31, 17, 200);
   ASSERT_TRUE(writeBitmapFile(mine, temp.path() / "mine.bmp"));
   std::filesystem::create_hard_link(temp.path() / "mine.bmp", temp.path() / "linked.bmp");
-  std::filesystem::create_symlink(temp.path() / "mine.bmp", temp.path() / "pointing.bmp");
-  for (const char* name : {"linked.bmp", "pointing.bmp"}) {
-    ASSERT_TRUE(writeBitmapFile(motley(31, 17, 5), temp.path() / name, Overwrite::inPlace));
-    EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / name).value(), motley(31, 17, 5)));
-    EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "mine.bmp").value(), mine));
+  ASSERT_TRUE(writeBitmapFile(motley(31, 17, 5), temp.path() / "linked.bmp", Overwrite::inPlace));
+  EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "linked.bmp").value(), motley(31, 17, 5)));
+  EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "mine.bmp").value(), mine));
+}
+
+TEST(APicture, IsWrittenToNothingButAPlainFile) {
+  for (const NoPlainFile kind : kNoPlainFiles) {
+    SCOPED_TRACE(nameOf(kind));
+    const TempFolder temp;
+    const TempFolder elsewhere;
+    const Bitmap mine = motley(31, 17, 200);
+    ASSERT_TRUE(writeBitmapFile(mine, elsewhere.path() / "mine.bmp"));
+    put(kind, temp.path() / "out.bmp", elsewhere.path() / "mine.bmp");
+    for (const Overwrite how : {Overwrite::atOnce, Overwrite::inPlace}) {
+      const auto written = writeBitmapFile(motley(31, 17, 5), temp.path() / "out.bmp", how);
+      ASSERT_FALSE(written);
+      EXPECT_EQ(written.fault().kind, Fault::Kind::notPlain);
+    }
+    EXPECT_TRUE(samePicture(readBitmapFile(elsewhere.path() / "mine.bmp").value(), mine));
+    EXPECT_TRUE(isNoPlainFile(temp.path() / "out.bmp"));
   }
+}
+
+TEST(ADocument, ReplacesNothingButAPlainFile) {
+  for (const NoPlainFile kind : kNoPlainFiles) {
+    SCOPED_TRACE(nameOf(kind));
+    const TempFolder temp;
+    const TempFolder elsewhere;
+    elsewhere.put("mine", "precious");
+    put(kind, temp.path() / "out.pdf", elsewhere.path() / "mine");
+    PdfDocument document(temp.path() / "out.pdf");
+    EXPECT_FALSE(document.addPage(motley(2, 2, 2)));
+    EXPECT_FALSE(document.finish());
+    EXPECT_TRUE(isNoPlainFile(temp.path() / "out.pdf"));
+    EXPECT_EQ(elsewhere.get("mine"), "precious");
+    EXPECT_FALSE(std::filesystem::exists(temp.path() / "out.pdf.building"));
+  }
+  PdfDocument device("/dev/full");
+  EXPECT_FALSE(device.addPage(motley(2, 2, 2)));
+  EXPECT_TRUE(isNoPlainFile("/dev/full"));
+}
+
+TEST(ADocument, WhoseNameIsTakenByALinkWhileItGrowsReplacesNothing) {
+  const TempFolder temp;
+  temp.put("mine", "precious");
+  PdfDocument document(temp.path() / "out.pdf");
+  ASSERT_TRUE(document.addPage(motley(2, 2, 2)));
+  put(NoPlainFile::link, temp.path() / "out.pdf", temp.path() / "mine");
+  EXPECT_FALSE(document.finish());
+  EXPECT_EQ(temp.get("out.pdf"), "precious");
+}
+
+TEST(ANameOfAnyBytes, LeadsPicturesAndDocumentsToTheFileThatTextsGoTo) {
+  const TempFolder temp;
+  const std::filesystem::path folder = temp.path() / "caf\xE9";  // as old systems wrote it: no UTF-8
+  std::filesystem::create_directory(folder);
+  WorkFolder texts(folder);
+  ASSERT_TRUE(texts.writeText("d\xFC.pt", "1"));
+  ASSERT_TRUE(writeBitmapFile(motley(3, 2, 2), folder / "d\xFC.bmp"));
+  EXPECT_TRUE(samePicture(readBitmapFile(folder / "d\xFC.bmp").value(), motley(3, 2, 2)));
+  PdfDocument document(folder / "d\xFC.pdf");
+  ASSERT_TRUE(document.addPage(motley(3, 2, 2)));
+  ASSERT_TRUE(document.finish());
+  int files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    ++files;
+    EXPECT_EQ(entry.path().filename().string().substr(0, 2), "d\xFC");
+  }
+  EXPECT_EQ(files, 3);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(temp.path()), {}), 1) << "one folder, not two";
 }
 
 TEST(AFileThatCannotBeWritten, IsAFault) {

@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include "core/input.h"
 #include "core/panels.h"
+#include "platform/images/image_files.h"
 #include "qt_session.h"
 
 namespace gridwright {
@@ -96,6 +100,22 @@ TEST(AMinimisedWindow, SkipsThePaintingAndShowsAllWhenItComesBack) {
   session.desktop.setWindowState(WindowState::normal);
   session.pump(Pace::housekeeping);
   EXPECT_EQ(session.desktop.window().view().picture().pixel(15, 15), qRgb(255, 0, 0));
+}
+
+TEST(AFileWhoseNameIsNoUtf8, IsImportedByAClickInTheList) {
+  Session session;
+  const std::filesystem::path folder = session.folder.path().toStdString();
+  ASSERT_TRUE(writeBitmapFile(plainBitmap(60, 40, kPalette[1]), folder / "caf\xE9.bmp"));
+  input::menuClick(session.program, Item::importdrawing);
+  session.pump(Pace::housekeeping);
+  auto* list = static_cast<QListWidget*>(session.desktop.controls().widget(ControlId::File5));
+  ASSERT_EQ(list->count(), 1);
+  emit list->itemClicked(list->item(0));
+  session.pump(Pace::idle);
+  QTest::keyClick(session.box(ControlId::Text8), Qt::Key_Return);
+  session.pump(Pace::idle);
+  EXPECT_TRUE(session.program.state.mazeMadeOnce);
+  EXPECT_EQ(session.program.canvas.point(30, 20), kPalette[1]);
 }
 
 TEST(TheCaption, IsTheModels) {

@@ -32,6 +32,8 @@ class MemoryFolder : public WorkFolder {
     return Done{};
   }
 
+  bool takesFiles() const override { return !writesFail; }
+
   std::map<std::string, std::string> texts;
   mutable std::vector<std::string> reads;
   std::vector<std::string> writes;

@@ -9,12 +9,14 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/main_loop.h"
 #include "core/program.h"
+#include "files/work_place.h"
 #include "platform/headless/headless_desktop.h"
 
 namespace {
@@ -24,7 +26,7 @@ using namespace gridwright;
 constexpr int kBadInput = 2;
 
 struct CommandLine {
-  std::filesystem::path workFolder = std::filesystem::current_path();
+  std::optional<std::filesystem::path> workFolder;  ///< The present one when it is not said.
   HeadlessOptions options;
   std::string script;
 };
@@ -102,13 +104,14 @@ void keepFreedMemory() {
   mallopt(M_TRIM_THRESHOLD, 128 << 20);  // bytes
 }
 
-int run(const CommandLine& line, const std::string& source) {
+int run(const CommandLine& line, const std::filesystem::path& workFolder, const std::string& source) {
   keepFreedMemory();
   std::unique_ptr<QGuiApplication> application;
   if (line.options.pdfFile) application = applicationWithoutScreen();
   HeadlessDesktop desktop(line.script, source, line.options);
   int status = 0;
-  auto program = std::make_unique<Program>(desktop, line.workFolder);
+  auto program = std::make_unique<Program>(desktop, workFolder);
+  program->dataFolder = personalDataFolder();
   try {
     runProgram(*program);
   } catch (const ProgramEnd&) {
@@ -128,16 +131,17 @@ int main(int argc, char** argv) {
   if (argc == 2 && argv[1] == std::string_view("--version"))
     return say("gridwright-headless " GRIDWRIGHT_VERSION);
   CommandLine line;
-  std::error_code unknown;
-  line.options.contentFolder =
-      contentFolderFor(std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path());
+  line.options.contentFolder = contentFolderOfProgram();
   const std::string complaint = readCommandLine({argv + 1, argv + argc}, line);
   if (!complaint.empty()) return complain(complaint);
   const auto source = readSource(line.script);
   if (!source) return complain(source.fault().words);
   std::error_code failed;
-  if (!std::filesystem::is_directory(line.workFolder, failed)) {
-    return complain("no such folder: " + line.workFolder.string());
-  }
-  return run(line, source.value());
+  const std::filesystem::path folder =
+      line.workFolder ? *line.workFolder : std::filesystem::current_path(failed);
+  if (failed) return complain("the present folder is gone");
+  if (!std::filesystem::is_directory(folder, failed)) return complain("no such folder: " + folder.string());
+  const auto lock = lockFolder(folder);
+  if (!lock) return complain("another program works in this folder: " + folder.string());
+  return run(line, folder, source.value());
 }

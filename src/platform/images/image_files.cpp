@@ -1,6 +1,5 @@
 #include "platform/images/image_files.h"
 
-#include <QByteArray>
 #include <QFile>
 #include <QImage>
 #include <QMarginsF>
@@ -9,7 +8,6 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QString>
 #include <algorithm>
 #include <system_error>
 #include <utility>
@@ -22,38 +20,14 @@ namespace gridwright {
 
 namespace {
 
-constexpr qint64 kLargestFile = 512LL * 1024 * 1024;  // 100 million pixels of 32 bits, and some
-
-QString nameOf(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
-
-/// Whether a file lies there that is as long as the new one, and is nobody else's under another name.
-bool hasRoomFor(const std::filesystem::path& path, const std::string& bytes) {
-  std::error_code failed;
-  return std::filesystem::is_regular_file(std::filesystem::symlink_status(path, failed)) &&
-         std::filesystem::hard_link_count(path, failed) == 1 &&
-         std::filesystem::file_size(path, failed) == bytes.size();
-}
-
-bool writeBytes(const std::filesystem::path& path, QIODevice::OpenMode mode, const std::string& bytes) {
-  const auto length = static_cast<qint64>(bytes.size());
-  QFile file(nameOf(path));
-  const bool written = file.open(mode | QIODevice::Unbuffered) && file.write(bytes.data(), length) == length;
-  file.close();
-  return written && file.error() == QFileDevice::NoError;
-}
+constexpr std::uintmax_t kLargestFile = 512U << 20;  // 100 million pixels of 32 bits, and some
 
 }  // namespace
 
-std::filesystem::path buildingName(std::filesystem::path path) { return path += ".building"; }
-
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
-  QFile file(nameOf(path));
-  std::error_code failed;
-  if (!std::filesystem::is_regular_file(path, failed)) return Fault{Fault::Kind::notFound, path.string()};
-  if (!file.open(QIODevice::ReadOnly)) return Fault{Fault::Kind::notReadable, path.string()};
-  if (file.size() > kLargestFile) return Fault{Fault::Kind::malformed, "too large"};
-  const QByteArray bytes = file.readAll();
-  return decodeBitmapFile({bytes.constData(), static_cast<std::size_t>(bytes.size())}, Canvas::kSide);
+  const auto bytes = readPlainFile(path, kLargestFile);
+  if (!bytes) return bytes.fault();
+  return decodeBitmapFile(bytes.value(), Canvas::kSide);
 }
 
 QImage imageOf(const Bitmap& picture) {
@@ -72,16 +46,8 @@ QImage imageOf(const Bitmap& picture) {
 
 Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) {
   const std::string bytes = encodeBitmapFile(picture);
-  if (how == Overwrite::inPlace && hasRoomFor(path, bytes) && writeBytes(path, QIODevice::ReadWrite, bytes))
-    return Done{};
-  const std::filesystem::path building = buildingName(path);
-  std::error_code failed;
-  if (writeBytes(building, QIODevice::WriteOnly, bytes)) {
-    std::filesystem::rename(building, path, failed);
-    if (!failed) return Done{};
-  }
-  std::filesystem::remove(building, failed);
-  return Fault{Fault::Kind::notWritable, path.string()};
+  if (how == Overwrite::inPlace && writeOverSameLength(path, bytes)) return Done{};
+  return replacePlainFile(path, bytes);
 }
 
 void turnPageTo(QPagedPaintDevice& device, const Bitmap& picture) {
@@ -100,8 +66,12 @@ void paintPage(QPainter& painter, const Bitmap& picture) {
 }
 
 struct PdfDocument::Writer {
-  explicit Writer(const std::filesystem::path& path) : file(nameOf(path)) {
-    if (!file.open(QIODevice::WriteOnly)) return;
+  /// Qt gets the open file: by way of its own words for a name, some bytes would become others.
+  explicit Writer(const std::filesystem::path& building) {
+    auto opened = openHeld(building);
+    if (!opened) return;
+    grows = true;
+    if (!file.open(opened.value().release(), QIODevice::WriteOnly, QFileDevice::AutoCloseHandle)) return;
     pdf = std::make_unique<QPdfWriter>(&file);
     pdf->setCreator("Gridwright");
     pdf->setTitle("Gridwright");
@@ -110,17 +80,22 @@ struct PdfDocument::Writer {
     pdf->setResolution(600);
   }
 
+  bool grows = false;  // under its building name, which is ours then
   QFile file;
   std::unique_ptr<QPdfWriter> pdf;
   QPainter painter;  // ends before the writer and the file do
 };
 
 PdfDocument::PdfDocument(std::filesystem::path path)
-    : path_(std::move(path)), building_(buildingName(path_)), writer_(std::make_unique<Writer>(building_)) {}
+    : path_(std::move(path)),
+      building_(buildingName(path_)),
+      writer_(isNoPlainFile(path_) ? nullptr : std::make_unique<Writer>(building_)) {}
 
 PdfDocument::~PdfDocument() {
   if (writer_ == nullptr) return;
+  const bool leavesSomething = writer_->grows;
   writer_.reset();
+  if (!leavesSomething) return;
   std::error_code ignored;
   std::filesystem::remove(building_, ignored);
 }
@@ -144,7 +119,7 @@ Outcome<Done> PdfDocument::finish() {
   writer_->pdf.reset();
   const bool written = writer_->file.flush() && writer_->file.error() == QFileDevice::NoError;
   writer_->file.close();
-  if (!ended || !written) return fault;
+  if (!ended || !written || isNoPlainFile(path_)) return fault;
   writer_.reset();
   std::error_code failed;
   std::filesystem::rename(building_, path_, failed);
@@ -160,6 +135,11 @@ std::filesystem::path contentFolderFor(const std::filesystem::path& executableFo
     if (std::filesystem::is_directory(folder, failed)) return folder;
   }
   return {};
+}
+
+std::filesystem::path contentFolderOfProgram() {
+  std::error_code unknown;
+  return contentFolderFor(std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path());
 }
 
 }  // namespace gridwright

@@ -7,6 +7,7 @@
 #include "canvas/bitmap.h"
 #include "core/outcome.h"
 #include "core/overwrite.h"
+#include "files/plain_file.h"
 
 class QImage;
 class QPainter;
@@ -18,11 +19,8 @@ namespace gridwright {
 /// Decodes a bitmap file by content to exact 24-bit colour, alpha dropped, cut at 1000 by 1000.
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
 
-/// What a file is called until it is whole, so that a full disk leaves the old one as it was.
-std::filesystem::path buildingName(std::filesystem::path path);
-
 /// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself fails
-/// in the middle of one written in place.
+/// in the middle of one written in place. Nothing is written to what is no plain file: a notPlain Fault.
 Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path,
                               Overwrite how = Overwrite::atOnce);
 
@@ -38,6 +36,7 @@ void paintPage(QPainter& painter, const Bitmap& picture);
 /// its name when it is finished, and leaves nothing behind when it is not.
 class PdfDocument {
  public:
+  /// Nothing but a plain file, or a free name, is taken: else there is a Fault from the first page on.
   explicit PdfDocument(std::filesystem::path path);
   ~PdfDocument();
   PdfDocument(const PdfDocument&) = delete;
@@ -60,5 +59,8 @@ class PdfDocument {
 /// The pictures that came with the program, for an executable in this folder: in the share folder of
 /// an installed one, beside one that was just built. Empty when there are none.
 std::filesystem::path contentFolderFor(const std::filesystem::path& executableFolder);
+
+/// The same for the executable that runs.
+std::filesystem::path contentFolderOfProgram();
 
 }  // namespace gridwright

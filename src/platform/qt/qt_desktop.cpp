@@ -145,7 +145,7 @@ WindowState QtDesktop::windowState() {
 }
 
 std::filesystem::path QtDesktop::contentFolder() {
-  return contentFolderFor(QCoreApplication::applicationDirPath().toStdString());
+  return contentFolderOfProgram();
 }
 
 WindowPlace QtDesktop::normalPlace() {

@@ -1,0 +1,161 @@
+#include "files/plain_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace gridwright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kOwnWay = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+constexpr int kMostTries = 8;  // at a name that others keep taking away
+
+Fault notWritable(const fs::path& path) { return {Fault::Kind::notWritable, path.string()}; }
+Fault notPlain(const fs::path& path) { return {Fault::Kind::notPlain, path.string()}; }
+
+/// What is known of an open file; nothing plain when that is nothing.
+struct stat about(const OpenFile& file) {
+  struct stat known {};
+  if (::fstat(file.descriptor(), &known) != 0) known = {};
+  return known;
+}
+
+bool writeAll(const OpenFile& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file.descriptor(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  // Some file systems tell what went wrong only at a close; a second descriptor's leaves the file held.
+  const int twin = ::fcntl(file.descriptor(), F_DUPFD_CLOEXEC, 0);
+  return twin >= 0 && ::close(twin) == 0;
+}
+
+/// Opens a plain file as it is; an empty one is made when nothing was there.
+Outcome<OpenFile> openAsItIs(const fs::path& path) {
+  OpenFile file(::open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | kOwnWay, 0666));
+  if (!file) return isNoPlainFile(path) ? notPlain(path) : notWritable(path);
+  if (!S_ISREG(about(file).st_mode)) return notPlain(path);
+  return file;
+}
+
+/// The same; but a file that has another name too is left to that one, and a new one made.
+Outcome<OpenFile> openUnshared(const fs::path& path) {
+  auto file = openAsItIs(path);
+  if (!file || about(file.value()).st_nlink <= 1) return file;
+  ::unlink(path.c_str());
+  file = openAsItIs(path);
+  if (file && about(file.value()).st_nlink > 1) return notWritable(path);
+  return file;
+}
+
+Outcome<OpenFile> emptied(Outcome<OpenFile> file, const fs::path& path) {
+  if (file && ::ftruncate(file.value().descriptor(), 0) != 0) return notWritable(path);
+  return file;
+}
+
+}  // namespace
+
+OpenFile& OpenFile::operator=(OpenFile&& other) noexcept {
+  if (this != &other) {
+    close();
+    descriptor_ = other.release();
+  }
+  return *this;
+}
+
+int OpenFile::release() { return std::exchange(descriptor_, -1); }
+
+void OpenFile::close() {
+  if (descriptor_ >= 0) ::close(release());
+}
+
+bool isNoPlainFile(const fs::path& path) {
+  struct stat known {};
+  return ::lstat(path.c_str(), &known) == 0 && !S_ISREG(known.st_mode);
+}
+
+Outcome<std::string> readPlainFile(const fs::path& path, std::uintmax_t most) {
+  const OpenFile file(::open(path.c_str(), O_RDONLY | kOwnWay));
+  if (!file) {
+    std::error_code failed;
+    return Fault{fs::is_regular_file(path, failed) ? Fault::Kind::notReadable : Fault::Kind::notFound,
+                 path.string()};
+  }
+  const struct stat known = about(file);
+  if (!S_ISREG(known.st_mode)) return Fault{Fault::Kind::notFound, path.string()};
+  std::string bytes;
+  bytes.reserve(std::min(static_cast<std::uintmax_t>(known.st_size), most));
+  std::array<char, 65536> block{};
+  for (;;) {
+    const ssize_t count = ::read(file.descriptor(), block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return Fault{Fault::Kind::notReadable, path.string()};
+    if (count == 0) return bytes;
+    bytes.append(block.data(), static_cast<std::size_t>(count));
+    if (bytes.size() > most) return Fault{Fault::Kind::malformed, "too large"};
+  }
+}
+
+Outcome<OpenFile> openForNewContent(const fs::path& path) { return emptied(openUnshared(path), path); }
+
+Outcome<OpenFile> openHeld(const fs::path& path) {
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    auto file = openUnshared(path);
+    if (!file) return file;
+    if (!hold(file.value())) break;
+    // Between the open and the hold it may have been taken for a left-over.
+    if (about(file.value()).st_nlink == 1) return emptied(std::move(file), path);
+  }
+  return notWritable(path);
+}
+
+Outcome<Done> writePlainFile(const fs::path& path, std::string_view bytes) {
+  const auto file = openForNewContent(path);
+  if (!file) return file.fault();
+  if (!writeAll(file.value(), bytes)) return notWritable(path);
+  return Done{};
+}
+
+bool writeOverSameLength(const fs::path& path, std::string_view bytes) {
+  const OpenFile file(::open(path.c_str(), O_WRONLY | O_NOFOLLOW | kOwnWay));
+  const struct stat known = about(file);
+  return S_ISREG(known.st_mode) && known.st_nlink == 1 &&
+         static_cast<std::uintmax_t>(known.st_size) == bytes.size() && writeAll(file, bytes);
+}
+
+Outcome<Done> replacePlainFile(const fs::path& path, std::string_view bytes) {
+  if (isNoPlainFile(path)) return notPlain(path);
+  const fs::path building = buildingName(path);
+  const auto file = openHeld(building);
+  if (!file) return file.fault();
+  if (writeAll(file.value(), bytes) && ::rename(building.c_str(), path.c_str()) == 0) return Done{};
+  ::unlink(building.c_str());
+  return notWritable(path);
+}
+
+fs::path buildingName(fs::path path) { return path += ".building"; }
+
+bool hold(const OpenFile& file) {
+  return ::flock(file.descriptor(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+void removeLeftOver(const fs::path& path) {
+  if (isNoPlainFile(path)) return;
+  const OpenFile file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | kOwnWay));
+  if (file && !hold(file)) return;
+  ::unlink(path.c_str());
+}
+
+}  // namespace gridwright

@@ -1,0 +1,137 @@
+#include "files/plain_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "support/full_disk.h"
+#include "support/no_plain_files.h"
+#include "support/work_folders.h"
+
+namespace gridwright::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr Fault::Kind kNotPlain = Fault::Kind::notPlain;
+constexpr Fault::Kind kNotFound = Fault::Kind::notFound;
+
+TEST(WhatIsNoPlainFile, IsNeverWrittenThroughNorReplaced) {
+  for (const NoPlainFile kind : kNoPlainFiles) {
+    SCOPED_TRACE(nameOf(kind));
+    const TempFolder temp;
+    const TempFolder elsewhere;
+    elsewhere.put("mine", "precious");
+    const fs::path path = temp.path() / "Left.pt";
+    put(kind, path, elsewhere.path() / "mine");
+    EXPECT_TRUE(isNoPlainFile(path));
+    EXPECT_EQ(writePlainFile(path, "new").fault().kind, kNotPlain);
+    EXPECT_EQ(replacePlainFile(path, "new").fault().kind, kNotPlain);
+    EXPECT_EQ(openForNewContent(path).fault().kind, kNotPlain);
+    EXPECT_FALSE(writeOverSameLength(path, "12345678"));
+    EXPECT_TRUE(isNoPlainFile(path));
+    EXPECT_EQ(elsewhere.get("mine"), "precious");
+    EXPECT_FALSE(fs::exists(elsewhere.path() / "made")) << "where a link points that leads nowhere";
+    EXPECT_FALSE(fs::exists(buildingName(path)));
+  }
+}
+
+TEST(WhatIsNoPlainFileUnderABuildingName, IsLeftAloneAndSoIsTheTarget) {
+  for (const NoPlainFile kind : kNoPlainFiles) {
+    SCOPED_TRACE(nameOf(kind));
+    const TempFolder temp;
+    const TempFolder elsewhere;
+    elsewhere.put("mine", "precious");
+    temp.put("a.bmp", "old");
+    const fs::path building = temp.path() / "a.bmp.building";
+    put(kind, building, elsewhere.path() / "mine");
+    const auto written = replacePlainFile(temp.path() / "a.bmp", "new");
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.fault().kind, kNotPlain);
+    EXPECT_EQ(written.fault().words, building.string());
+    removeLeftOver(building);
+    EXPECT_TRUE(isNoPlainFile(building));
+    EXPECT_EQ(temp.get("a.bmp"), "old");
+    EXPECT_EQ(elsewhere.get("mine"), "precious");
+  }
+}
+
+TEST(ADevice, IsNeverWrittenTo) {
+  EXPECT_EQ(writePlainFile("/dev/full", "new").fault().kind, kNotPlain);
+  EXPECT_EQ(replacePlainFile("/dev/full", "new").fault().kind, kNotPlain);
+  EXPECT_FALSE(fs::exists("/dev/full.building"));
+}
+
+TEST(AReader, FollowsALinkAndWaitsForNoWriter) {
+  const TempFolder temp;
+  temp.put("text", "words");
+  fs::create_symlink(temp.path() / "text", temp.path() / "link");
+  put(NoPlainFile::pipe, temp.path() / "pipe", {});
+  EXPECT_EQ(readPlainFile(temp.path() / "link").value(), "words");
+  EXPECT_EQ(readPlainFile(temp.path() / "pipe").fault().kind, kNotFound);
+  EXPECT_EQ(readPlainFile(temp.path()).fault().kind, kNotFound);
+  EXPECT_EQ(readPlainFile(temp.path() / "none").fault().kind, kNotFound);
+  EXPECT_EQ(readPlainFile("/dev/zero").fault().kind, kNotFound);
+}
+
+TEST(AReader, RefusesWhatIsLargerThanItMayBe) {
+  const TempFolder temp;
+  temp.put("text", "12345");
+  EXPECT_EQ(readPlainFile(temp.path() / "text", 5).value(), "12345");
+  EXPECT_EQ(readPlainFile(temp.path() / "text", 4).fault().kind, Fault::Kind::malformed);
+}
+
+TEST(AFileWithAnotherName, KeepsItsContentUnderThatOne) {
+  const TempFolder temp;
+  temp.put("mine", "precious");
+  for (const char* name : {"Left.pt", "a.bmp.building"})
+    fs::create_hard_link(temp.path() / "mine", temp.path() / name);
+  EXPECT_TRUE(writePlainFile(temp.path() / "Left.pt", "new"));
+  EXPECT_TRUE(replacePlainFile(temp.path() / "a.bmp", "newer"));
+  EXPECT_EQ(temp.get("Left.pt"), "new");
+  EXPECT_EQ(temp.get("a.bmp"), "newer");
+  EXPECT_EQ(temp.get("mine"), "precious");
+}
+
+TEST(AReplacedFile, IsTheOldOneUntilTheNewOneIsWhole) {
+  const TempFolder temp;
+  temp.put("a", "the old one");
+  {
+    const FullDisk full(4);
+    EXPECT_EQ(replacePlainFile(temp.path() / "a", "the new one").fault().kind, Fault::Kind::notWritable);
+  }
+  EXPECT_EQ(temp.get("a"), "the old one");
+  EXPECT_FALSE(fs::exists(temp.path() / "a.building"));
+  EXPECT_TRUE(replacePlainFile(temp.path() / "a", "the new one"));
+  EXPECT_EQ(temp.get("a"), "the new one");
+}
+
+TEST(AFileThatGrows, IsNoLeftOverAndNobodyElses) {
+  const TempFolder temp;
+  const fs::path building = temp.path() / "a.bmp.building";
+  {
+    const auto held = openHeld(building);
+    ASSERT_TRUE(held);
+    ASSERT_EQ(::write(held.value().descriptor(), "half", 4), 4);
+    removeLeftOver(building);
+    EXPECT_EQ(temp.get("a.bmp.building"), "half") << "somebody writes it";
+    EXPECT_FALSE(replacePlainFile(temp.path() / "a.bmp", "other"));
+    EXPECT_EQ(temp.get("a.bmp.building"), "half");
+  }
+  removeLeftOver(building);
+  EXPECT_FALSE(fs::exists(building)) << "nobody does any more";
+}
+
+TEST(AFileOfTheSameLength, IsWrittenOverAndNoOther) {
+  const TempFolder temp;
+  temp.put("a", "12345");
+  EXPECT_FALSE(writeOverSameLength(temp.path() / "a", "123456"));
+  EXPECT_FALSE(writeOverSameLength(temp.path() / "none", ""));
+  EXPECT_FALSE(fs::exists(temp.path() / "none"));
+  EXPECT_TRUE(writeOverSameLength(temp.path() / "a", "abcde"));
+  EXPECT_EQ(temp.get("a"), "abcde");
+}
+
+}  // namespace
+}  // namespace gridwright::test
