@@ -148,10 +148,10 @@ void wipeCursor(Program& program) {
 }
 
 /// The user's maze may wait for a key once the fill sweep has met a free cell with no step since:
-/// until then the sweep must run on, because it can end the maze.
+/// until then the sweep must run on, because it can end the maze. The sweep over all directions needs no key.
 Pace paceOf(const ProgramState& s) {
   const bool waits = s.creationMode == CreationMode::user && s.walker.freeCellMetSinceStep &&
-                     s.patternState != PatternState::reading && !walkerMoved(s);
+                     !s.walker.sweepActive && s.patternState != PatternState::reading && !walkerMoved(s);
   return s.paused || waits ? Pace::idle : Pace::working;
 }
 

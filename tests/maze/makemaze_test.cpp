@@ -415,6 +415,39 @@ TEST(EachPassOfAWaitingUser, DrawsADirectionThoughItIsOverwrittenAtOnce) {
   EXPECT_EQ(w.run(), "");
 }
 
+TEST(TheUsersWalker, NeverWaitsForAKeyInTheMiddleOfASweep) {
+  World w;
+  w.begin(drawing({".....", ".....", "....."}));
+  for (const Item item : {Item::create3d, Item::plarge, Item::dontusepattern, Item::newmaze})
+    w.desktop.menu(item);
+  w.desktop.untilPhase(Phase::making);
+  w.desktop.pumpsPass(2);
+  // Round to below the start; up from there, a tunnel under the start would leave the picture.
+  for (const int code : {key::right, key::right, key::down, key::down, key::left, key::left, key::up}) {
+    w.desktop.act([code](Program& p) { input::keyDown(p, code); });
+    w.desktop.pumpsPass(2);
+  }
+  int swept = 0;
+  for (int pass = 0; pass < 3; ++pass) {
+    w.desktop.look([&](Program& p) {
+      if (!p.state.walker.sweepActive) return;
+      p.state.scanX = 41;  // a free cell that can be entered is what the fill cursor meets next
+      p.state.scanY = 11;
+    });
+    w.desktop.pumpsPass(1);
+    w.desktop.look([&](Program& p) {
+      if (!p.state.walker.sweepActive) return;
+      ++swept;
+      EXPECT_TRUE(p.state.walker.freeCellMetSinceStep);
+      EXPECT_EQ(w.desktop.lastPace, Pace::working);
+    });
+  }
+  w.desktop.until([](const Program& p) { return !p.state.walker.sweepActive; });
+  w.desktop.until([&](const Program&) { return w.desktop.lastPace == Pace::idle; });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_GT(swept, 1);
+}
+
 TEST(TheEndOfAStepFile, CostsADrawAndAPumpBeforeTheNextNumber) {
   World w;
   w.desktop.limit = 100'000;
