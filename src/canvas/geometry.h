@@ -1,6 +1,8 @@
 // Squares and sizes on the Canvas, in pixels.
 #pragma once
 
+#include <compare>
+
 namespace gridwright {
 
 /// A rectangle given by its corner values, right and bottom included.
@@ -13,6 +15,12 @@ struct Square {
   [[nodiscard]] Square moved(int dx, int dy) const { return {left + dx, top + dy, right + dx, bottom + dy}; }
   /// Whether two squares have the same top left corner: the walker "stands on" a square then.
   [[nodiscard]] bool sameCorner(const Square& other) const { return left == other.left && top == other.top; }
+};
+
+/// A cell, told by the top left of its square.
+struct CellCorner {
+  int left = 0, top = 0;
+  friend auto operator<=>(const CellCorner&, const CellCorner&) = default;
 };
 
 struct Size {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -39,9 +40,11 @@ struct WalkerState {
   bool savedMazeMadeOnce = false;
   bool backToMaze = false;  ///< From `backtomaze` until `makemaze2` has run.
   Phase phaseAtRestart = Phase::drawing;
-  std::int64_t passesSinceCarved = 0;  ///< Full passes since anything was carved.
-  bool freeCellMetSinceStep = false;   ///< The fill sweep has met a free cell and nothing moved since.
-  std::size_t channelPosition = 0;     ///< How far the open step file was read.
+  std::int64_t passesSinceCarved = 0;    ///< Full passes since anything was carved.
+  std::optional<CellCorner> helpedCell;  ///< The rescue put the walker beside it; nothing was carved since.
+  std::set<CellCorner> givenUpCells;     ///< Cells of this maze that are left free: the rescue was in vain.
+  bool freeCellMetSinceStep = false;     ///< The fill sweep has met a free cell and nothing moved since.
+  std::size_t channelPosition = 0;       ///< How far the open step file was read.
 };
 
 /// One step in the kinds with underpasses, shared by the walker and the pattern preview.

@@ -14,6 +14,7 @@ bool isFreeForMaze(const Program& program, int x, int y) {
   const ProgramState& s = program.state;
   const Colour corner = program.canvas.point(x, y);
   if (!program.colours.isFree(corner) || corner == kCursorColour) return false;
+  if (!s.walker.givenUpCells.empty() && s.walker.givenUpCells.contains({x, y})) return false;
   if (!s.mazeMadeOnce) return true;
   return program.pixels().allFree(x - 1, y - 1, x + s.wallWidth - 2, y + s.wallHeight - 2, kCursorColour);
 }

@@ -10,7 +10,8 @@ namespace gridwright {
 /// Puts the fill cursor one pitch before the first cell.
 void resetfillcursor(ProgramState& state);
 
-/// Whether the cell whose square begins at (x, y) is wholly free: no carved pixel, no cursor.
+/// Whether the cell whose square begins at (x, y) is wholly free: no carved pixel, no cursor. A cell that
+/// the rescue has given up counts as not free.
 bool isFreeForMaze(const Program& program, int x, int y);
 
 /// Tests the cell under the fill cursor and resets the cursor when it is free; in a 3-d maze only when

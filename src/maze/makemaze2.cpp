@@ -3,6 +3,7 @@
 #include "core/grid.h"
 #include "maze/finishmaking.h"
 #include "maze/mixcolors.h"
+#include "maze/stranded.h"
 #include "patterns/random_patterns.h"
 
 namespace gridwright {
@@ -41,7 +42,7 @@ void makemaze2(Program& program) {
   ProgramState& s = program.state;
   s.walker.stopSeen = true;
   s.walker.coveredColor = -20;
-  s.walker.passesSinceCarved = 0;
+  forgetRescues(s.walker);
   s.walker.sweepActive = false;
   resetfillcursor(s);
   s.ends.firstPlacement = true;

@@ -10,6 +10,7 @@
 #include "core/menu_rules.h"
 #include "maze/finishmaking.h"
 #include "maze/makemaze2.h"
+#include "maze/stranded.h"
 #include "solve/finish_methods.h"
 #include "solve/saved_finish.h"
 
@@ -20,7 +21,7 @@ namespace {
 /// What every restart forgets of the step in hand.
 void forgetStep(ProgramState& s) {
   resetfillcursor(s);
-  s.walker.passesSinceCarved = 0;
+  forgetRescues(s.walker);
   s.stepCode = step::none;
   s.patternDirection = 0;
 }

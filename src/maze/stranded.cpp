@@ -79,7 +79,9 @@ bool walkOnBesideFreeCell(Program& program) {
     }
     return false;
   };
-  if (!firstFree(program, hasCarvedNeighbour)) return false;
+  const auto cell = firstFree(program, hasCarvedNeighbour);
+  if (!cell) return false;
+  s.walker.helpedCell = CellCorner{cell->x, cell->y};
   s.cur = s.prev = squareAt(s, carved);
   s.walkMode = WalkMode::back;
   return true;
@@ -193,7 +195,20 @@ class Islands {
   std::vector<Mark> marks_;
 };
 
+/// Nothing was carved since the walker was put beside this cell: it looks as if it could be entered, and
+/// cannot. White paper does that, which is carved ground to every test while the mazes are white.
+void giveUpHelpedCell(WalkerState& walker) {
+  if (walker.helpedCell) walker.givenUpCells.insert(*walker.helpedCell);
+  walker.helpedCell.reset();
+}
+
 }  // namespace
+
+void forgetRescues(WalkerState& walker) {
+  walker.passesSinceCarved = 0;
+  walker.helpedCell.reset();
+  walker.givenUpCells.clear();
+}
 
 void rescueIfStranded(Program& program) {
   ProgramState& s = program.state;
@@ -206,6 +221,7 @@ void rescueIfStranded(Program& program) {
   const int rows = (s.gridBottom - s.wallHeight) / s.stepY + 1;
   if (s.walker.passesSinceCarved < std::int64_t{100} * columns * rows) return;
   s.walker.passesSinceCarved = 0;
+  giveUpHelpedCell(s.walker);
   if (walkOnBesideFreeCell(program) || leaveFinish(program)) return;
   beginNewTree(program, [](Point) { return true; });
 }

@@ -4,11 +4,17 @@
 // thicker border, or one whose only way in is the finish, it never finds, and the fill cursor never
 // gets through. When nothing was carved for a hundred passes to each cell of the grid the picture is
 // looked over once, and the walker is put where it can go on.
+//
+// Where that was beside a free cell, and nothing is carved until the next time, the cell cannot be helped:
+// it is given up, stays free, and holds the maze open no longer.
 #pragma once
 
 #include "core/program.h"
 
 namespace gridwright {
+
+/// What every start and restart of a maze does: the wait begins anew, no cell is given up.
+void forgetRescues(WalkerState& walker);
 
 /// Called at the head of every full pass of a maze that the computer makes.
 void rescueIfStranded(Program& program);

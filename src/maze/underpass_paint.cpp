@@ -112,7 +112,7 @@ void paintFarEnd(Program& program) {
 }  // namespace
 
 void paintUnderpass(Program& program) {
-  program.state.walker.passesSinceCarved = 0;
+  noteCarved(program.state.walker);
   paintEntry(program);
   paintTunnel(program);
   paintFarEnd(program);

@@ -4,7 +4,7 @@ namespace gridwright {
 
 void boxSquare(Program& program, const Square& square) {
   if (!program.colours.isMaze(program.canvas.point(square.left, square.top))) {
-    program.state.walker.passesSinceCarved = 0;
+    noteCarved(program.state.walker);
   }
   program.canvas.fill(square, program.state.mazeColor);
 }
@@ -12,7 +12,7 @@ void boxSquare(Program& program, const Square& square) {
 void paintJoin(Program& program) {
   const Square& p = program.state.prev;
   const Square& q = program.state.cur;
-  if (walkerMoved(program.state)) program.state.walker.passesSinceCarved = 0;
+  if (walkerMoved(program.state)) noteCarved(program.state.walker);
   program.canvas.fill(p.left, p.top, q.right, q.bottom, program.state.mazeColor);
   program.canvas.fill(q.left, q.top, p.right, p.bottom, program.state.mazeColor);
 }

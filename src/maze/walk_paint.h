@@ -5,6 +5,12 @@
 
 namespace gridwright {
 
+/// Something was carved: nobody is stranded, and the last rescue has helped.
+inline void noteCarved(WalkerState& walker) {
+  walker.passesSinceCarved = 0;
+  walker.helpedCell.reset();
+}
+
 /// Whether the walker has moved since the last step.
 inline bool walkerMoved(const ProgramState& state) { return !state.cur.sameCorner(state.prev); }
 

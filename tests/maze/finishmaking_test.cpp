@@ -96,6 +96,17 @@ TEST(AUsersMazeWithOnlyTheWalkersOwnCellLeft, Ends) {
   SUCCEED();
 }
 
+TEST(ACellThatTheRescueGaveUp, LetsTheFillCursorPass) {
+  World w(drawing({"##", ".."}));
+  w.state.walker.givenUpCells.insert({11, 21});
+  putCursorOn(w, 1, 2);
+  finishmaking(w.program);
+  EXPECT_EQ(w.state.scanY, 21);
+  putCursorOn(w, 2, 2);
+  finishmaking(w.program);
+  EXPECT_EQ(w.state.scanY, 1) << "its neighbour does not";
+}
+
 TEST(AFreeCellClosedInByBorder, StillHoldsTheSweepBackInTheRegularKind) {
   World w(drawing({"###", "#.#", "###"}));
   putCursorOn(w, 2, 2);

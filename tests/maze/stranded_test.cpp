@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "maze/finishmaking.h"
+#include "maze/makemaze2.h"
+#include "maze/maze_commands.h"
+#include "maze/walk_paint.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -96,6 +101,82 @@ TEST(WithoutAnyFreeCell, NothingHappensButTheCountStartsAnew) {
   rescueIfStranded(s.w.program);
   EXPECT_EQ(s.w.state.cur, squareOf(1, 1));
   EXPECT_EQ(s.w.state.walker.passesSinceCarved, 0);
+}
+
+/// The rescue after as long a wait again, in which nothing was carved.
+void waitOnceMore(Stranded& s, std::int64_t cells) {
+  s.w.state.walker.passesSinceCarved = 100 * cells - 1;
+  rescueIfStranded(s.w.program);
+}
+
+TEST(ACellThatTheRescueCouldNotHelp, IsGivenUpAtTheNextOneWhichGoesOnWithTheNextCell) {
+  for (const MazeKind kind : {MazeKind::regular, MazeKind::threeD}) {
+    Stranded s({"*.###", "#####", "###*.", "#####", ".####"}, {});
+    s.w.state.mazeKind = kind;
+    rescueIfStranded(s.w.program);
+    EXPECT_EQ(s.w.state.cur, squareOf(1, 1));
+    EXPECT_TRUE(isFreeForMaze(s.w.program, 21, 11)) << "one rescue gives nothing up";
+    waitOnceMore(s, 25);
+    EXPECT_EQ(s.w.state.cur, squareOf(4, 3));
+    EXPECT_FALSE(isFreeForMaze(s.w.program, 21, 11)) << "nor does it hold the fill cursor back";
+    EXPECT_TRUE(isFreeForMaze(s.w.program, 51, 31));
+    waitOnceMore(s, 25);
+    EXPECT_FALSE(isFreeForMaze(s.w.program, 51, 31));
+    EXPECT_EQ(s.w.state.cur, squareOf(1, 5)) << "the last step of the rescue passes over both";
+    EXPECT_EQ(s.w.state.walkMode, WalkMode::carve);
+  }
+}
+
+TEST(ACellGivenUp, IsPassedOverAlsoWhereTheFinishWouldBeLeftForIt) {
+  Stranded s({"####", "#*.#", "#.##"}, squareOf(2, 2));
+  s.w.state.walker.givenUpCells.insert({31, 21});
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(2, 3));
+}
+
+TEST(ACellGivenUp, IsNoPartOfAnIsland) {
+  Stranded s({"*####", "###..", "#####"});
+  s.w.state.mazeKind = MazeKind::threeD;
+  s.w.state.walker.givenUpCells = {{41, 21}, {51, 21}};
+  EXPECT_FALSE(beginTreeOnIsland(s.w.program));
+  s.w.state.walker.givenUpCells.erase({51, 21});
+  EXPECT_TRUE(beginTreeOnIsland(s.w.program));
+  EXPECT_EQ(s.w.state.cur, squareOf(5, 2));
+}
+
+TEST(AnythingCarvedAfterARescue, KeepsItsCellFromBeingGivenUp) {
+  const std::array<void (*)(World&), 2> ways = {[](World& w) {
+                                                  w.state.prev = squareOf(5, 1);
+                                                  w.state.cur = squareOf(5, 2);
+                                                  paintJoin(w.program);
+                                                },
+                                                [](World& w) { boxSquare(w.program, squareOf(5, 3)); }};
+  for (const auto carve : ways) {
+    Stranded s({"*.##*", "####.", "####."}, {});
+    rescueIfStranded(s.w.program);
+    ASSERT_EQ(s.w.state.cur, squareOf(1, 1));
+    carve(s.w);
+    waitOnceMore(s, 15);
+    EXPECT_TRUE(isFreeForMaze(s.w.program, 21, 11));
+    EXPECT_EQ(s.w.state.cur, squareOf(1, 1)) << "the same cell is helped again";
+  }
+}
+
+TEST(WhatTheRescueGaveUp, IsForgottenAtEveryStartAndRestart) {
+  const std::array<void (*)(Program&), 4> restarts = {makemaze2, newmaze, nrefresh, create3d};
+  for (const auto restart : restarts) {
+    Stranded s({"*.##*", "####.", "####."}, {});
+    rescueIfStranded(s.w.program);
+    waitOnceMore(s, 15);
+    ASSERT_FALSE(isFreeForMaze(s.w.program, 21, 11));
+    ASSERT_TRUE(s.w.state.walker.helpedCell.has_value());
+    s.w.program.pictures.save("drawing1.bmp", s.w.canvas.image());
+    s.w.program.pictures.save("drawing1b.bmp", s.w.canvas.image());
+    restart(s.w.program);
+    EXPECT_TRUE(isFreeForMaze(s.w.program, 21, 11));
+    EXPECT_FALSE(s.w.state.walker.helpedCell.has_value());
+    EXPECT_EQ(s.w.state.walker.passesSinceCarved, 0);
+  }
 }
 
 TEST(OnePassTooFew, ChangesNothing) {
