@@ -7,6 +7,7 @@
 #include "files/run_words.h"
 #include "solve/finish_search.h"
 #include "solve/firstnoxy.h"
+#include "solve/play.h"
 
 namespace gridwright {
 
@@ -39,7 +40,11 @@ void printPanelKey(Program& program) {
   const ProgramState& s = program.state;
   const bool playWasStopped = s.phase == Phase::solving && s.print.trailOffAtPrint &&
                               s.print.playModeAtPrint != PlayMode::off && s.playMode == PlayMode::off;
-  if (playWasStopped && !isSearching(s)) restartWalk(program);
+  if (!playWasStopped || isSearching(s)) return;
+  restartWalk(program);
+  keepWalkFromStart(program);
+  program.canvas.setAutoRedraw(false);  // until the panel goes, which then gives back
+  program.state.panelKeptRedraw = true;
 }
 
 void printEntered(Program& program) {

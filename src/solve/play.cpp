@@ -54,6 +54,11 @@ void moveMarker(Program& program) {
 void easymode(Program& program) { startPlay(program, Item::easymode, PlayMode::easy); }
 void hardmode(Program& program) { startPlay(program, Item::hardmode, PlayMode::hard); }
 
+void keepWalkFromStart(Program& program) {
+  program.canvas.setAutoRedraw(true);
+  program.canvas.fill(program.state.start, program.state.startColor);
+}
+
 void endPlay(Program& program) {
   ProgramState& s = program.state;
   markPlay(program, Item::playmodeoff);
@@ -61,7 +66,10 @@ void endPlay(Program& program) {
   ++s.solver.restarts;  // the computer may walk now where it has walked before
   if (isSearching(s) || s.phase < Phase::solving) return;
   const bool fromStart = s.trailOff && !s.paused;
-  if (fromStart) s.cur = s.prev = s.start;
+  if (fromStart) {
+    s.cur = s.prev = s.start;
+    if (s.phase == Phase::solving) keepWalkFromStart(program);
+  }
   s.solver.probeX = s.cur.left + 1;
   s.solver.probeY = s.cur.top;
   if (fromStart) {

@@ -15,6 +15,10 @@ void leavetrail(Program& program);   ///< "Leave trail"
 /// start.
 void endPlay(Program& program);
 
+/// A walk that was played without a trail begins anew as the computer's: its strokes stay from now on, and
+/// the start box is whole. A tunnel that begins in the start is painted before the next pass sees to either.
+void keepWalkFromStart(Program& program);
+
 /// Each solver pass while `playMode` is not 0: the throw back of hard play, and the marker.
 void playUpdate(Program& program);
 
