@@ -87,7 +87,6 @@ struct SolverState {
   int pathUnderpasses = 0, bestPathUnderpasses = 0;
   int underpassLock = 0;
   int startReturns = 0;
-  int restarts = 0;  ///< How often the walk was put somewhere else.
   int trailEndX = 0, trailEndY = 0;
   FinishMethod activeFinishMethod = FinishMethod::user;
   PlayMode playModeSeen = PlayMode::off, playModeAtPause = PlayMode::off;
@@ -101,6 +100,7 @@ struct PrintState {
   bool printedNow = false;                       ///< A blank maze of a with-answers job went to the printer.
   bool trailOffAtPrint = false;                  ///< As the panel found it in phase 3.
   PlayMode playModeAtPrint = PlayMode::off;      ///< Likewise.
+  int withoutAnswer = 0;                         ///< Mazes of the job that no way leads through.
   PrintMode printKindPending = PrintMode::none;  ///< What the open panel asks for.
   PrintMode printKindSaved = PrintMode::none;
 };

@@ -1,6 +1,7 @@
 #include "files/print_job.h"
 
 #include <algorithm>
+#include <string>
 
 #include "core/menu_rules.h"
 #include "core/panels.h"
@@ -27,6 +28,16 @@ void ask(Program& program, PrintMode kind) {
 
 void countMaze(ProgramState& s) {
   if (s.printedCount < s.printTotal) ++s.printedCount;
+}
+
+/// The blank maze is printed, its answer is not yet.
+bool answerIsDue(const ProgramState& s) {
+  return s.printMode == PrintMode::withAnswers && s.print.printedNow;
+}
+
+void goOnToNextMaze(ProgramState& s) {
+  s.phase = Phase::making;
+  countMaze(s);
 }
 
 void printPage(Program& program) { program.platform.printForm(program.canvas.shownImage()); }
@@ -77,11 +88,12 @@ void endJob(Program& program) {
   ProgramState& s = program.state;
   const bool active = s.printMode != PrintMode::none;
   const std::string ended = runEndWords(s);
+  const std::string leftOut = answersLeftOutWords(s);
   s.printMode = PrintMode::none;
-  s.printTotal = s.printedCount = 0;
+  s.printTotal = s.printedCount = s.print.withoutAnswer = 0;
   s.print.printedNow = false;
   printmenus(program);
-  if (active) tellPrinted(program, ended, program.platform.endOfPages());
+  if (active) tellPrinted(program, ended, program.platform.endOfPages(), leftOut);
 }
 
 void stopallprintings(Program& program) { endJob(program); }
@@ -100,18 +112,24 @@ bool printPlacedMaze(Program& program) {
   if (s.printMode == PrintMode::withAnswers) {
     s.phase = Phase::solving;
   } else {
-    s.phase = Phase::making;
-    countMaze(s);
+    goOnToNextMaze(s);
   }
   return true;
 }
 
 bool printSolvedMaze(Program& program) {
   ProgramState& s = program.state;
-  if (s.printMode != PrintMode::withAnswers || !s.print.printedNow) return false;
+  if (!answerIsDue(s)) return false;
   printPage(program);
-  s.phase = Phase::making;
-  countMaze(s);
+  goOnToNextMaze(s);
+  return true;
+}
+
+bool leaveAnswerOut(Program& program) {
+  ProgramState& s = program.state;
+  if (!answerIsDue(s)) return false;
+  ++s.print.withoutAnswer;
+  goOnToNextMaze(s);
   return true;
 }
 

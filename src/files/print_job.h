@@ -23,6 +23,10 @@ bool printPlacedMaze(Program& program);
 /// on; `phase` is 1 then.
 bool printSolvedMaze(Program& program);
 
+/// No way leads to the finish: a job that asked for the answer does without it. \returns whether the job
+/// goes on; `phase` is 1 then. Its end tells how many were left out.
+bool leaveAnswerOut(Program& program);
+
 /// Before a maze begins: a job whose count is reached ends, its pages are one document.
 void endJobWhenDone(Program& program);
 

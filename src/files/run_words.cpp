@@ -29,10 +29,18 @@ std::string runEndWords(const ProgramState& state) {
   return state.printedCount < state.printTotal ? std::to_string(state.printedCount) + " of " + total : total;
 }
 
-void tellPrinted(Program& program, const std::string& what, const Outcome<PagesWent>& went) {
+std::string answersLeftOutWords(const ProgramState& state) {
+  const int without = state.print.withoutAnswer;
+  if (without == 0) return {};
+  return "; " + std::to_string(without) + (without == 1 ? " has" : " have") +
+         " no answer, because no way leads from start to finish";
+}
+
+void tellPrinted(Program& program, const std::string& what, const Outcome<PagesWent>& went,
+                 const std::string& more) {
   if (!went) return;
   const PagesWent& pages = went.value();
-  program.notices.tell(pages.where.empty() ? what : what + " " + pages.where, pages.file);
+  program.notices.tell((pages.where.empty() ? what : what + " " + pages.where) + more, pages.file);
 }
 
 }  // namespace gridwright

@@ -19,8 +19,14 @@ void tellRun(Program& program);
 /// the counts of the run still stand.
 std::string runEndWords(const ProgramState& state);
 
+/// "; 2 have no answer, because no way leads from start to finish", or nothing where every maze has its
+/// answer. To be asked while the counts of the run still stand.
+std::string answersLeftOutWords(const ProgramState& state);
+
 /// Tells that something was printed, and where it went. A failure is told by whoever met it.
 /// \param what such as "the window is printed".
-void tellPrinted(Program& program, const std::string& what, const Outcome<PagesWent>& went);
+/// \param more what is to be said behind the place, its separator with it.
+void tellPrinted(Program& program, const std::string& what, const Outcome<PagesWent>& went,
+                 const std::string& more = {});
 
 }  // namespace gridwright

@@ -1,9 +1,9 @@
 #include "solve/finish_search.h"
 
-#include <algorithm>
 #include <array>
 
 #include "maze/makemaze2.h"
+#include "solve/circles.h"
 #include "solve/trail.h"
 
 namespace gridwright {
@@ -43,17 +43,6 @@ void endsolution(Program& program) {
   for (const Stub& stub : stubs) clearStub(program, stub);
 }
 
-/// Notes the walk's state in the start cell. \returns whether it has been there before in this
-/// search: the walk is known to repeat then.
-bool walkRepeats(ProgramState& s) {
-  if (!s.cur.sameCorner(s.start)) return false;
-  const WalkMark mark{s.solver.probeX, s.solver.probeY, s.deltaX, s.deltaY, s.solver.underpassLock};
-  auto& seen = s.solver.seenInStart;
-  if (std::find(seen.begin(), seen.end(), mark) != seen.end()) return true;
-  seen.push_back(mark);
-  return false;
-}
-
 bool backAtStart(const ProgramState& s) {
   const bool onCorner = s.solver.probeX == s.start.left && s.solver.probeY == s.start.top;
   return onCorner && (s.solver.startReturns == 2 || s.deltaX == 1);
@@ -79,7 +68,7 @@ void endsolution2(Program& program) {
 bool searchEnded(Program& program) {
   ProgramState& s = program.state;
   if (!isSearching(s) || s.paused) return false;
-  const bool repeats = walkRepeats(s);
+  const bool repeats = standsInStartAsBefore(s);
   if (!backAtStart(s) && !repeats) return false;
   endsolution(program);
   const Colour cover = program.canvas.point(s.finish.left, s.finish.top);

@@ -63,7 +63,6 @@ void endPlay(Program& program) {
   ProgramState& s = program.state;
   markPlay(program, Item::playmodeoff);
   s.playMode = s.chosenPlayMode = PlayMode::off;
-  ++s.solver.restarts;  // the computer may walk now where it has walked before
   if (isSearching(s) || s.phase < Phase::solving) return;
   const bool fromStart = s.trailOff && !s.paused;
   if (fromStart) {

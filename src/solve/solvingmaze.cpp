@@ -1,12 +1,13 @@
 #include "solve/solvingmaze.h"
 
-#include <cstdint>
-
 #include "core/menu_rules.h"
 #include "core/pump.h"
+#include "files/print_job.h"
+#include "solve/circles.h"
 #include "solve/crossing.h"
 #include "solve/finish_search.h"
 #include "solve/firstnoxy.h"
+#include "solve/placesandf.h"
 #include "solve/play.h"
 #include "solve/probe.h"
 #include "solve/reach_finish.h"
@@ -66,18 +67,20 @@ void noteMarkerGround(Program& program) {
   if (program.colours.isMaze(corner)) s.solver.markerGround = corner;
 }
 
+/// The ends are placed anew: what the squares cover is known from the last time.
+void restoreCovers(EndsState& ends) {
+  ends.underStart = ends.kept.underStart;
+  ends.underFinish = ends.kept.underFinish;
+  ends.startMazeColor = ends.kept.startMazeColor;
+  ends.finishMazeColor = ends.kept.finishMazeColor;
+}
+
 /// What handlers may have done in the yield. \returns whether the loop goes on.
 bool goesOn(Program& program) {
   ProgramState& s = program.state;
   if (s.phase == Phase::quitToTitle) return false;
   s.mazeStage = Phase::solving;
-  if (s.phase == Phase::placing) {
-    const EndsState::Covers& kept = s.ends.kept;
-    s.ends.underStart = kept.underStart;
-    s.ends.underFinish = kept.underFinish;
-    s.ends.startMazeColor = kept.startMazeColor;
-    s.ends.finishMazeColor = kept.finishMazeColor;
-  }
+  if (s.phase == Phase::placing) restoreCovers(s.ends);
   return s.phase == Phase::solving || s.phase == Phase::solved;
 }
 
@@ -125,34 +128,30 @@ void walkOn(Program& program) {
   keepStartWhole(program);
 }
 
-/// A walk whose whole state comes back finds nothing new: there is no path. It is compared with the
-/// state kept at the last power of two, so any period is found within a few rounds.
-class Repetition {
- public:
-  bool isComplete(const ProgramState& s) {
-    const State now{{s.solver.probeX, s.solver.probeY, s.deltaX, s.deltaY, s.solver.underpassLock},
-                    s.cur,
-                    s.prev,
-                    s.solver.pathLength,
-                    s.solver.restarts};
-    const bool again = passes_ > 0 && now == kept_;
-    if (++passes_ >= nextKept_ && !again) {
-      kept_ = now;
-      nextKept_ = passes_ * 2;
-    }
-    return again;
-  }
+/// Asked once a pass of the computer's walk, the finish not met in it.
+bool walkCircles(ProgramState& s, Repetition& repetition) {
+  if (s.paused || s.playMode != PlayMode::off) return false;
+  const bool startAgain = !isSearching(s) && standsInStartAsBefore(s);
+  return repetition.isComplete(s) || startAgain;
+}
 
- private:
-  struct State {
-    WalkMark walk;
-    Square cur, prev;
-    int pathLength = 0, restarts = 0;
-    friend bool operator==(const State&, const State&) = default;
-  };
-  State kept_;
-  std::int64_t passes_ = 0, nextKept_ = 1;
-};
+/// Something was typed or chosen: the walk may have been put elsewhere, and walk where it has walked before.
+void forgetWhatWasSeen(ProgramState& s, Repetition& repetition) {
+  repetition = {};
+  if (!isSearching(s)) s.solver.seenInStart.clear();  // a search counts its own returns
+}
+
+/// The walk would go round for ever: a run goes on with its next maze, else the ends are placed anew.
+void stopWithoutWay(Program& program) {
+  ProgramState& s = program.state;
+  if (leaveAnswerOut(program)) return;
+  if (s.printMode == PrintMode::none) {  // else a job takes this maze in hand, and tells at its end
+    if (s.autoMinimize) program.platform.setWindowState(WindowState::maximised);
+    program.platform.messageBox("Error: there is no way from start to finish.");
+  }
+  sandf(program);
+  restoreCovers(s.ends);
+}
 
 bool leavesSolver(Phase phase) {
   return phase == Phase::quitToTitle || phase == Phase::drawing || phase == Phase::making ||
@@ -190,7 +189,6 @@ void solvedWait(Program& program) {
 }  // namespace
 
 void putWalkOnStart(ProgramState& state) {
-  ++state.solver.restarts;
   state.cur = state.prev = state.start;
   state.solver.probeX = state.cur.left + 1;
   state.solver.probeY = state.cur.top;
@@ -214,9 +212,12 @@ void solvingmaze(Program& program) {
     }
     const bool moved = cellChanged(s);
     walkOn(program);
-    const bool waits = s.paused || (s.playMode != PlayMode::off ? !moved : repetition.isComplete(s));
     const bool searching = isSearching(s);
+    const bool circles = walkCircles(s, repetition);
+    if (circles && !searching) return stopWithoutWay(program);
+    const bool waits = s.paused || circles || (s.playMode != PlayMode::off && !moved);
     yield(program, waits ? Pace::idle : Pace::working);
+    if (s.keyBusy || s.paused) forgetWhatWasSeen(s, repetition);
     noteMarkerGround(program);
     if (searching && isSearching(s) && leavesSolver(s.phase)) s.playMode = s.chosenPlayMode;
     if (!goesOn(program)) return;

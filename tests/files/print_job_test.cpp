@@ -184,19 +184,90 @@ TEST(AJobStoppedBetweenTheTwoPages, PrintsNoSecondPage) {
   EXPECT_EQ(w.run(), "");
 }
 
-TEST(AMazeWhoseFinishCannotBeReached, StaysOnItsFirstPage) {
+TEST(MazesWithoutAWay, AreRunPastWithoutABoxAndCountedAtTheEnd) {
+  const Bitmap twoRegions = drawing({"...####...", "...####...", "...####..."});
+  for (const int mazes : {1, 3}) {
+    World w;
+    w.desktop.limit = 200'000;
+    w.begin(twoRegions);
+    w.desktop.menu(Item::cgenerate);
+    w.desktop.menu(Item::printwithsolutions);
+    w.desktop.enter(ControlId::Text3, std::to_string(mazes));
+    w.desktop.menu(Item::newmaze);
+    w.desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
+    w.desktop.look([&](Program& p) {
+      EXPECT_EQ(w.desktop.pages.size(), static_cast<std::size_t>(mazes)) << "the blank ones";
+      EXPECT_EQ(w.desktop.documents, 1);
+      EXPECT_TRUE(w.desktop.messages.empty()) << "nobody need be there";
+      EXPECT_EQ(p.notices.words(),
+                mazes == 1
+                    ? "1 maze is printed; 1 has no answer, because no way leads from start to finish"
+                    : "3 mazes are printed; 3 have no answer, because no way leads from start to finish");
+      EXPECT_EQ(p.state.print.withoutAnswer, 0);
+    });
+    EXPECT_EQ(w.run(), "");
+  }
+}
+
+TEST(AJobInWhichEveryMazeHasAnAnswer, TellsNothingOfThem) {
+  Job w(Item::printwithsolutions, "2");
+  w.desktop.menu(Item::newmaze);
+  w.untilNoJob();
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.program.notices.words().find("answer"), std::string::npos);
+}
+
+TEST(AnAnswerLeftOut, IsOneOfTheJobsMazes) {
   World w(drawing({"*****", ".....", "*****"}));
   w.state.printMode = PrintMode::withAnswers;
-  w.state.printTotal = 2;
+  w.state.printTotal = 3;
   w.state.start = squareOf(1, 1);
   w.state.finish = squareOf(1, 3);
-  EXPECT_TRUE(printPlacedMaze(w.program));
-  EXPECT_EQ(w.state.phase, Phase::solving);
-  EXPECT_EQ(w.desktop.pages.size(), 1U);
-  EXPECT_EQ(w.state.printedCount, 0);
-  w.state.print.printedNow = false;  // the solver was left by the person
-  EXPECT_FALSE(printSolvedMaze(w.program));
-  EXPECT_EQ(w.desktop.pages.size(), 1U);
+  for (int maze = 1; maze <= 3; ++maze) {
+    EXPECT_TRUE(printPlacedMaze(w.program));
+    EXPECT_EQ(w.state.phase, Phase::solving);
+    EXPECT_TRUE(maze == 2 ? leaveAnswerOut(w.program) : printSolvedMaze(w.program));
+    EXPECT_EQ(w.state.phase, Phase::making);
+    EXPECT_EQ(w.state.printedCount, maze);
+  }
+  EXPECT_EQ(w.desktop.pages.size(), 5U);
+  endJobWhenDone(w.program);
+  EXPECT_EQ(w.program.notices.words(),
+            "3 mazes are printed; 1 has no answer, because no way leads from start to finish");
+}
+
+TEST(AnAnswer, IsDueOnlyOfAMazeThatTheJobHasPrintedAndOnlyWhereAnswersAreAskedFor) {
+  for (const PrintMode mode : {PrintMode::none, PrintMode::withoutAnswers, PrintMode::withAnswers}) {
+    World w(kRoom);
+    w.state.printMode = mode;
+    w.state.printTotal = 2;
+    w.state.print.printedNow = mode == PrintMode::withoutAnswers;
+    w.state.phase = Phase::solving;
+    EXPECT_FALSE(printSolvedMaze(w.program));
+    EXPECT_FALSE(leaveAnswerOut(w.program));
+    EXPECT_EQ(w.state.phase, Phase::solving);
+    EXPECT_EQ(w.state.printedCount, 0);
+    EXPECT_EQ(w.state.print.withoutAnswer, 0);
+    EXPECT_TRUE(w.desktop.pages.empty());
+  }
+}
+
+TEST(AJobAskedForWhileAWalkHasNoWay, TakesTheMazeInHandForItsFirst) {
+  World w;
+  w.desktop.limit = 200'000;
+  w.begin(drawing({"...####...", "...####...", "...####..."}));
+  w.desktop.menu(Item::cgenerate);
+  w.desktop.menu(Item::newmaze);
+  w.desktop.untilPhase(Phase::placing);
+  w.desktop.pumpsPass(1);
+  w.desktop.menu(Item::solvemaze);
+  w.desktop.untilPhase(Phase::solving);
+  w.desktop.menu(Item::printwithsolutions);
+  w.desktop.enter(ControlId::Text3, "2");
+  w.desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
+  EXPECT_EQ(w.run(), "");
+  EXPECT_EQ(w.desktop.pages.size(), 2U);
+  EXPECT_TRUE(w.desktop.messages.empty());
 }
 
 TEST(InUserMode, APersonMakesEachMazeOfAJob) {

@@ -52,5 +52,32 @@ TEST(APictureOnWhitePaper, BecomesAMazeThatEnds) {
   }
 }
 
+TEST(AMazeOnWhitePaperWithItsFinishInABoxOfItsOwn, IsToldToHaveNoWay) {
+  const Bitmap picture = drawing(
+      {"************", "*....*######", "*....*#....#", "*....*#....#", "*....*######", "************"}, 10,
+      '*');
+  for (const Kind& kind : kKinds) {
+    for (std::uint32_t seed = 1; seed <= 20; ++seed) {
+      World w;
+      w.desktop.seed = seed;
+      w.desktop.limit = 300'000;
+      w.begin(picture);
+      w.desktop.menu(Item::cgenerate);
+      if (kind.item != Item::createreg) w.desktop.menu(kind.item);
+      w.desktop.menu(Item::newmaze);
+      w.desktop.untilPhase(Phase::placing);
+      w.desktop.pumpsPass(1);
+      w.desktop.act([](Program& p) {
+        p.state.finish = squareOf(9, 3);
+        p.state.ends.underFinish = kWhite;
+      });
+      w.desktop.menu(Item::solvemaze);
+      w.desktop.untilPhase(Phase::placing);
+      EXPECT_EQ(w.run(), "") << kind.name << ", seed " << seed;
+      EXPECT_EQ(w.desktop.messages.size(), 1U) << kind.name << ", seed " << seed;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace gridwright::test

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/input.h"
+#include "core/key_codes.h"
 #include "support/maze_reading.h"
 #include "support/world.h"
 
@@ -99,13 +101,84 @@ TEST(TheAnswer, LeavesNoTraceInTheDeadEnds) {
   }
 }
 
-TEST(AMazeWithoutAWay, IsWalkedRoundUntilAPersonLeaves) {
+const std::vector<std::string> kNoWay = {"Error: there is no way from start to finish."};
+
+TEST(AMazeWithoutAWay, IsSaidOnceAndTheEndsArePlacedAnew) {
   Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
+  s.desktop.limit = 500;
+  s.state.ends.kept = {1, 2, 3, 4};
+  s.solve();
+  EXPECT_EQ(s.desktop.trouble, "");
+  EXPECT_EQ(s.desktop.messages, kNoWay);
+  EXPECT_EQ(s.state.phase, Phase::placing);
+  EXPECT_EQ(s.state.mazeStage, Phase::solving);
+  EXPECT_EQ(s.state.ends.startMazeColor, 3) << "the cover colours come back";
+  EXPECT_EQ(s.state.ends.finishMazeColor, 4);
+}
+
+TEST(ATrailThatComesBackAnotherWay, IsAMazeWithoutAWayAllTheSame) {
+  Solving s({"***..", "*.*..", "***.*"}, squareOf(1, 1), squareOf(5, 3));
+  s.desktop.limit = 5'000;
+  s.solve();
+  EXPECT_EQ(s.desktop.trouble, "");
+  EXPECT_EQ(s.desktop.messages, kNoWay);
+  EXPECT_EQ(s.state.phase, Phase::placing);
+}
+
+TEST(AWalkThatNeverComesBackToTheStart, IsStoppedToo) {
+  Solving s({".......", ".*****.", ".*****.", ".*****.", ".*****.", ".*****.", ".......", "......*"},
+            squareOf(4, 4), squareOf(7, 8));
+  s.canvas.fill(21, 21, 68, 68, kWhite);  // open ground without a wall, as white paper is
+  s.canvas.fill(s.state.start, s.state.startColor);
   s.desktop.limit = 20'000;
   s.solve();
-  EXPECT_EQ(s.desktop.trouble, "too many pumps");
-  EXPECT_EQ(s.state.phase, Phase::solving);
-  EXPECT_EQ(s.desktop.lastPace, Pace::working);
+  EXPECT_EQ(s.desktop.trouble, "");
+  EXPECT_EQ(s.desktop.messages, kNoWay);
+  EXPECT_EQ(s.state.phase, Phase::placing);
+}
+
+TEST(AWindowMinimisedForTheWork, IsThereAgainWhenItSaysThatThereIsNoWay) {
+  Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
+  s.desktop.limit = 500;
+  s.state.autoMinimize = true;
+  s.solve();
+  EXPECT_EQ(s.desktop.states, (std::vector{WindowState::minimised, WindowState::maximised}));
+  EXPECT_EQ(s.desktop.messages, kNoWay);
+}
+
+TEST(AWalkWithoutAWay, GoesOnAsLongAsAPersonTypes) {
+  Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
+  s.desktop.limit = 5'000;
+  for (int i = 0; i < 60; ++i) {
+    s.desktop.act([](Program& p) { input::keyDown(p, 65); });
+    s.desktop.pumpsPass(20);  // less than a round
+  }
+  s.desktop.look([&](Program& p) {
+    EXPECT_EQ(p.state.phase, Phase::solving);
+    EXPECT_TRUE(s.desktop.messages.empty());
+  });
+  s.solve();
+  EXPECT_EQ(s.desktop.trouble, "");
+  EXPECT_EQ(s.desktop.messages, kNoWay) << "when nothing is typed any more";
+}
+
+TEST(AUserWhoPlaysWithoutAWay, IsNotStopped) {
+  for (const bool trailOff : {false, true}) {
+    Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
+    s.program.pictures.save("drawing2.bmp", s.canvas.image());
+    s.program.menus.setChecked(Item::easymode, true);
+    s.state.trailOff = trailOff;
+    for (int i = 0; i < 5; ++i) {
+      for (const int code : {key::right, key::left}) {
+        s.desktop.act([code](Program& p) { input::keyDown(p, code); });
+        s.desktop.pumpsPass(50);
+      }
+    }
+    s.solve();
+    EXPECT_EQ(s.state.phase, Phase::solving);
+    EXPECT_EQ(s.state.cur, squareOf(1, 2));
+    EXPECT_TRUE(s.desktop.messages.empty());
+  }
 }
 
 TEST(ASolvedMaze, WaitsForACommandWithoutCost) {

@@ -1,0 +1,33 @@
+// Does the computer's walk go in a circle? It is steered by the picture and a few numbers of its own: once
+// they come again they come for ever, and what was not met until then never will be.
+#pragma once
+
+#include <cstdint>
+
+#include "core/program.h"
+
+namespace gridwright {
+
+/// Notes the walk's state while it is in the start cell. To be asked once a pass.
+/// \returns whether it stood there like this before in this search.
+bool standsInStartAsBefore(ProgramState& state);
+
+/// The same for a walk that never comes back to the start. It is compared with the state kept at the last
+/// power of two of passes, so that a circle of any length is found within a few rounds of it.
+class Repetition {
+ public:
+  /// To be asked once a pass. \returns whether the state of an earlier pass has come back.
+  bool isComplete(const ProgramState& state);
+
+ private:
+  struct State {
+    WalkMark walk;
+    Square cur;
+    int pathLength = 0;  ///< In a search for a finish, where a longer trail is something new.
+    friend bool operator==(const State&, const State&) = default;
+  };
+  State kept_;
+  std::int64_t passes_ = 0, nextKept_ = 1;
+};
+
+}  // namespace gridwright
