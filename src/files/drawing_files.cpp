@@ -9,6 +9,7 @@
 #include "core/panels.h"
 #include "files/drawing_record.h"
 #include "files/drawing_values.h"
+#include "files/earlier_one.h"
 #include "files/plain_file.h"
 #include "files/saved_pair.h"
 #include "files/work_place.h"
@@ -44,6 +45,17 @@ PairPaths pairOf(const WorkFolder& folder, const std::string& base) {
   return {record, folder.resolve(spelt + std::string(kBitmapEnding))};
 }
 
+/// What the files that a save is about to replace will be called; empty where there are none.
+std::string namesOfEarlier(const PairPaths& paths) {
+  std::string names;
+  for (const fs::path& path : {paths.record, paths.bitmap}) {
+    std::error_code failed;
+    if (fs::exists(path, failed))
+      names += (names.empty() ? "" : " and ") + earlierName(path).filename().string();
+  }
+  return names;
+}
+
 Outcome<Done> savePair(Program& program, const std::string& base) {
   const PairPaths paths = pairOf(*program.files, base);
   for (const fs::path& path : {paths.record, paths.bitmap}) {
@@ -65,7 +77,12 @@ Outcome<Done> savePair(Program& program, const std::string& base) {
     recoverPair(paths);
     return written.fault();
   }
-  return takePairOver(paths);
+  const std::string earlier = namesOfEarlier(paths);
+  auto taken = takePairOver(paths);
+  if (taken && !earlier.empty()) {
+    program.notices.tell(paths.record.stem().string() + " is saved; the one before it stays as " + earlier);
+  }
+  return taken;
 }
 
 void refreshLists(Program& program) {
@@ -83,15 +100,23 @@ void recoverSaves(const WorkFolder& folder) {
   }
   // The bitmap's name may be spelt unlike the record's: a pair is found by its name without case.
   std::map<std::string, PairPaths> pairs;
-  for (const std::string_view ending : {".bmp.building", ".maze.building", ".maze.ready"}) {
-    for (const std::string& name : folder.list(ending)) {
-      const std::string target = name.substr(0, name.rfind('.'));
+  struct Ending {
+    std::string_view target, added;
+  };
+  for (const Ending ending : {Ending{kBitmapEnding, ".building"}, Ending{kRecordEnding, ".building"},
+                              Ending{kRecordEnding, ".ready"}, Ending{kBitmapEnding, "~.building"},
+                              Ending{kRecordEnding, "~.building"}}) {
+    for (const std::string& name : folder.list(std::string(ending.target) + std::string(ending.added))) {
+      const std::string target = name.substr(0, name.size() - ending.added.size());
       const std::string base = target.substr(0, target.rfind('.'));
       PairPaths& pair = pairs.try_emplace(inLowerCase(base), pairOf(folder, base)).first->second;
-      (equalButForCase(ending, ".bmp.building") ? pair.bitmap : pair.record) = folder.path() / target;
+      (ending.target == kBitmapEnding ? pair.bitmap : pair.record) = folder.path() / target;
     }
   }
   for (const auto& [base, pair] : pairs) recoverPair(pair);
+  constexpr std::string_view kHeld = "~.building";
+  for (const std::string& name : folder.list(kHeld))
+    recoverEarlier(folder.path() / name.substr(0, name.size() - kHeld.size()));
 }
 
 void sdrawing(Program& program) {

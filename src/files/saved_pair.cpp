@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include "files/earlier_one.h"
 #include "files/plain_file.h"
 
 namespace gridwright {
@@ -21,6 +22,28 @@ bool takeBitmapOver(const PairPaths& paths) {
   return !fs::exists(paths.buildingBitmap(), failed) || moveOver(paths.buildingBitmap(), paths.bitmap);
 }
 
+/// Nothing of a save is left. The building record goes last: it says that what is held was not replaced.
+void forgetSave(const PairPaths& paths) {
+  dropEarlier(paths.record);
+  dropEarlier(paths.bitmap);
+  removeLeftOver(paths.buildingBitmap());
+  removeLeftOver(paths.readyRecord());
+  removeLeftOver(paths.buildingRecord());
+}
+
+void keepEarlierPair(const PairPaths& paths) {
+  keepEarlier(paths.bitmap);
+  keepEarlier(paths.record);
+}
+
+/// One generation: where only one file of the pair was there, the other's "~" is of an older one.
+void forgetOlderOnes(const PairPaths& paths) {
+  const bool record = isHeld(paths.record);
+  const bool bitmap = isHeld(paths.bitmap);
+  if (bitmap && !record) removeLeftOver(earlierName(paths.record));
+  if (record && !bitmap) removeLeftOver(earlierName(paths.bitmap));
+}
+
 /// The record's ready name is the promise that both are whole; it goes last.
 bool finishTakingOver(const PairPaths& paths) {
   return takeBitmapOver(paths) && moveOver(paths.readyRecord(), paths.record);
@@ -32,25 +55,29 @@ Outcome<Done> takePairOver(const PairPaths& paths) {
   const Fault refused{Fault::Kind::notWritable, paths.record.string()};
   std::error_code failed;
   if (fs::is_directory(paths.record, failed) || fs::is_directory(paths.bitmap, failed) ||
+      !holdEarlier(paths.record) || !holdEarlier(paths.bitmap) ||
       !moveOver(paths.buildingRecord(), paths.readyRecord()) || !takeBitmapOver(paths)) {
-    removeLeftOver(paths.buildingRecord());
-    removeLeftOver(paths.readyRecord());
-    removeLeftOver(paths.buildingBitmap());
+    forgetSave(paths);
     return refused;
   }
-  // The old bitmap is gone now: a ready record that cannot move yet stays, so that a recovery does.
-  if (!moveOver(paths.readyRecord(), paths.record)) return refused;
+  if (!moveOver(paths.readyRecord(), paths.record)) {
+    // A ready record stays only where the old bitmap cannot come back, so that a recovery completes the pair.
+    if (putEarlierBack(paths.bitmap)) forgetSave(paths);
+    return refused;
+  }
+  forgetOlderOnes(paths);
+  keepEarlierPair(paths);
   return Done{};
 }
 
 void recoverPair(const PairPaths& paths) {
   std::error_code failed;
   if (fs::exists(paths.readyRecord(), failed)) {
-    finishTakingOver(paths);
+    if (finishTakingOver(paths)) keepEarlierPair(paths);
     return;
   }
-  removeLeftOver(paths.buildingRecord());
-  removeLeftOver(paths.buildingBitmap());
+  if (!fs::exists(paths.buildingRecord(), failed)) keepEarlierPair(paths);  // the new ones are in place
+  forgetSave(paths);
 }
 
 }  // namespace gridwright

@@ -7,8 +7,9 @@
 
 namespace gridwright {
 
-/// The steps of a save. Both files are written under `building` names; giving the record its `ready`
-/// name says that both are complete; then they take their targets' places, bitmap first.
+/// The steps of a save. Both files are written under `building` names; the old ones are held; giving the
+/// record its `ready` name says that both are complete; then they take their targets' places, bitmap first,
+/// and the old ones become NAME~.
 struct PairPaths {
   std::filesystem::path record, bitmap;
 
@@ -20,7 +21,8 @@ struct PairPaths {
   static std::filesystem::path with(std::filesystem::path path, const char* ending) { return path += ending; }
 };
 
-/// Expects both building files complete on disk. On failure the old pair stands as it was.
+/// Expects both building files complete on disk. The old pair stays as the one before, each file that there
+/// was with a "~" behind its name. On failure both pairs stand as they were.
 Outcome<Done> takePairOver(const PairPaths& paths);
 
 /// Takes a ready pair over, or removes what is left of one that was not ready.

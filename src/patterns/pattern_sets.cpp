@@ -2,12 +2,42 @@
 
 #include "core/panels.h"
 #include "files/drawing_files.h"
+#include "files/earlier_one.h"
+#include "files/plain_file.h"
 #include "patterns/pattern_commands.h"
 #include "patterns/step_values.h"
 
 namespace gridwright {
 
 namespace {
+
+PatternSet presentSet(Program& program) {
+  PatternSet set;
+  for (int direction = step::left; direction <= step::down; ++direction) {
+    Steps& steps = set[static_cast<std::size_t>(direction - 1)];
+    steps = program.steps.steps(program.state.mazeKind, direction);
+    std::erase_if(steps, [](int code) { return !step::isCode(code); });  // a set that can be loaded again
+  }
+  return set;
+}
+
+/// Writes a set; one that was there stays as the one before, and a notice says so. On failure both stand as
+/// they were.
+Outcome<Done> saveSet(Program& program, const std::string& name) {
+  const std::filesystem::path target = program.files->resolve(name);
+  if (isNoPlainFile(target)) return Fault{Fault::Kind::notPlain, target.string()};
+  if (!holdEarlier(target)) return Fault{Fault::Kind::notWritable, target.string()};
+  const bool over = isHeld(target);
+  auto written = program.files->replaceText(name, formatSet(presentSet(program)));
+  if (!written) {
+    dropEarlier(target);
+  } else if (over) {
+    keepEarlier(target);
+    program.notices.tell(target.filename().string() + " is saved; the one before it stays as " +
+                         earlierName(target).filename().string());
+  }
+  return written;
+}
 
 void refreshLists(Program& program) {
   for (const ControlId list : {ControlId::File3, ControlId::File4}) {
@@ -24,16 +54,6 @@ void closeSetPanel(Program& program, const Panel& panel) {
 
 std::string fileName(const Program& program, const std::string& base) {
   return base + std::string(setEnding(program.state.mazeKind));
-}
-
-PatternSet presentSet(Program& program) {
-  PatternSet set;
-  for (int direction = step::left; direction <= step::down; ++direction) {
-    Steps& steps = set[static_cast<std::size_t>(direction - 1)];
-    steps = program.steps.steps(program.state.mazeKind, direction);
-    std::erase_if(steps, [](int code) { return !step::isCode(code); });  // a set that can be loaded again
-  }
-  return set;
 }
 
 void installSet(Program& program, const PatternSet& set) {
@@ -89,9 +109,8 @@ void saveSetEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text5].text);
   saveSetEscaped(program);
   finishOpenPattern(program);
-  const auto saved = staysInFolder(base)
-                         ? program.files->replaceText(fileName(program, base), formatSet(presentSet(program)))
-                         : Outcome<Done>(Fault{Fault::Kind::notWritable, base});
+  const auto saved = staysInFolder(base) ? saveSet(program, fileName(program, base))
+                                         : Outcome<Done>(Fault{Fault::Kind::notWritable, base});
   if (!saved) {
     if (!program.files->tellIfNoPlainFile(saved.fault()))
       program.platform.messageBox("Error: bad file name.");

@@ -34,17 +34,55 @@ struct Pair {
     for ([[maybe_unused]] const auto& entry : fs::directory_iterator(temp.path())) ++found;
     EXPECT_EQ(found, files);
   }
+  void expectBefore(const std::string& record, const std::string& bitmap) const {
+    EXPECT_EQ(temp.get("cat.maze~"), record);
+    EXPECT_EQ(temp.get("cat.bmp~"), bitmap);
+  }
   void oldPair() const {
     temp.put("cat.maze", "old record");
     temp.put("cat.bmp", "old bitmap");
   }
+  void newPairBuilt() const {
+    temp.put("cat.maze.building", "new record");
+    temp.put("cat.bmp.building", "new bitmap");
+  }
 };
 
-TEST(ACompletePair, TakesTheOldOnesPlace) {
+TEST(ACompletePair, TakesTheOldOnesPlaceWhichStaysAsTheOneBefore) {
   Pair p;
   p.oldPair();
-  p.temp.put("cat.maze.building", "new record");
-  p.temp.put("cat.bmp.building", "new bitmap");
+  p.newPairBuilt();
+  EXPECT_TRUE(takePairOver(p.paths));
+  p.expect("new record", "new bitmap");
+  p.expectBefore("old record", "old bitmap");
+  p.expectNothingElse(4);
+}
+
+TEST(TheOneBefore, IsOfOneGeneration) {
+  Pair p;
+  p.oldPair();
+  p.temp.put("cat.maze~", "older record");
+  p.temp.put("cat.bmp~", "older bitmap");
+  p.newPairBuilt();
+  EXPECT_TRUE(takePairOver(p.paths));
+  p.expectBefore("old record", "old bitmap");
+  p.expectNothingElse(4);
+}
+
+TEST(APictureThatADrawingIsSavedOver, StaysAsTheOneBeforeAlone) {
+  Pair p;
+  p.temp.put("cat.bmp", "a picture");
+  p.temp.put("cat.maze~", "the record of another");
+  p.newPairBuilt();
+  EXPECT_TRUE(takePairOver(p.paths));
+  p.expect("new record", "new bitmap");
+  EXPECT_EQ(p.temp.get("cat.bmp~"), "a picture");
+  p.expectNothingElse(3);
+}
+
+TEST(APairOfANewName, LeavesNoOneBefore) {
+  Pair p;
+  p.newPairBuilt();
   EXPECT_TRUE(takePairOver(p.paths));
   p.expect("new record", "new bitmap");
   p.expectNothingElse(2);
@@ -71,6 +109,46 @@ TEST(ARecovery, GivesTheOldPairUntilTheNewOneIsReadyAndTheNewOneFromThenOn) {
   }
 }
 
+TEST(ARecovery, KeepsTheOneBeforeOnceTheNewOneIsThereAndTheOlderOneUntilThen) {
+  const std::map<std::string, std::string> held = {{"cat.maze~.building", "old record"},
+                                                   {"cat.bmp~.building", "old bitmap"}};
+  struct Moment {
+    std::map<std::string, std::string> files;  ///< What a kill left beside what is held.
+    bool isNew;
+  };
+  const std::vector<Moment> moments = {
+      {{{"cat.maze.building", "new record"}, {"cat.bmp.building", "new bitmap"}}, false},
+      {{{"cat.maze.building", "new record"}}, false},
+      {{{"cat.maze.ready", "new record"}, {"cat.bmp.building", "new bitmap"}}, true},
+      {{{"cat.maze.ready", "new record"}, {"cat.bmp", "new bitmap"}}, true},
+      {{{"cat.maze", "new record"}, {"cat.bmp", "new bitmap"}}, true}};
+  for (const Moment& moment : moments) {
+    Pair p;
+    p.oldPair();
+    p.temp.put("cat.maze~", "older record");
+    p.temp.put("cat.bmp~", "older bitmap");
+    for (const auto& [name, bytes] : held) p.temp.put(name, bytes);
+    for (const auto& [name, bytes] : moment.files) p.temp.put(name, bytes);
+    recoverSaves(WorkFolder(p.temp.path()));
+    p.expect(moment.isNew ? "new record" : "old record", moment.isNew ? "new bitmap" : "old bitmap");
+    p.expectBefore(moment.isNew ? "old record" : "older record",
+                   moment.isNew ? "old bitmap" : "older bitmap");
+    p.expectNothingElse(4);
+  }
+}
+
+TEST(ARecoveryCutOffBetweenTheTwoOnesBefore, IsCompletedByTheNext) {
+  Pair p;
+  p.temp.put("cat.maze", "new record");
+  p.temp.put("cat.bmp", "new bitmap");
+  p.temp.put("cat.bmp~", "old bitmap");
+  p.temp.put("cat.maze~", "older record");
+  p.temp.put("cat.maze~.building", "old record");
+  recoverSaves(WorkFolder(p.temp.path()));
+  p.expectBefore("old record", "old bitmap");
+  p.expectNothingElse(4);
+}
+
 TEST(ARecovery, FindsAPairWhoseNamesAreSpeltInDifferentCase) {
   TempFolder temp;
   temp.put("cat.maze", "old record");
@@ -83,31 +161,48 @@ TEST(ARecovery, FindsAPairWhoseNamesAreSpeltInDifferentCase) {
   EXPECT_FALSE(fs::exists(temp.path() / "cat.maze.ready"));
 }
 
-TEST(ATakeoverThatTheFolderRefuses, LeavesTheOldPair) {
-  for (const char* blocked : {"cat.maze", "cat.bmp"}) {
+TEST(ATakeoverThatTheFolderRefuses, LeavesTheOldPairAndTheOneBeforeIt) {
+  for (const char* blocked : {"cat.maze", "cat.bmp", "cat.maze~", "cat.bmp~"}) {
     Pair p;
     p.oldPair();
+    p.temp.put("cat.maze~", "older record");
+    p.temp.put("cat.bmp~", "older bitmap");
     fs::remove(p.temp.path() / blocked);
     fs::create_directory(p.temp.path() / blocked);
-    p.temp.put("cat.maze.building", "new record");
-    p.temp.put("cat.bmp.building", "new bitmap");
-    EXPECT_FALSE(takePairOver(p.paths));
-    EXPECT_EQ(p.temp.get(std::string(blocked) == "cat.maze" ? "cat.bmp" : "cat.maze"),
-              std::string(blocked) == "cat.maze" ? "old bitmap" : "old record");
-    p.expectNothingElse(2);
+    p.newPairBuilt();
+    EXPECT_FALSE(takePairOver(p.paths)) << blocked;
+    for (const auto& [name, bytes] : std::map<std::string, std::string>{{"cat.maze", "old record"},
+                                                                        {"cat.bmp", "old bitmap"},
+                                                                        {"cat.maze~", "older record"},
+                                                                        {"cat.bmp~", "older bitmap"}}) {
+      if (name == blocked) continue;
+      EXPECT_EQ(p.temp.get(name), bytes) << blocked;
+    }
+    p.expectNothingElse(4);
   }
 }
 
-TEST(ARecordThatCannotMoveAfterItsBitmapHas, StaysReadyAndARecoveryCompletesThePair) {
+TEST(ARecordThatCannotMoveAfterItsBitmapHas, GivesTheOldBitmapItsPlaceBack) {
   Pair p;
   p.oldPair();
+  p.temp.put("cat.maze~", "older record");
+  p.temp.put("cat.bmp~", "older bitmap");
   // A folder never takes a file's place: it stands for a record that the disk refuses to move.
   fs::create_directory(p.paths.buildingRecord());
   p.temp.put("cat.bmp.building", "new bitmap");
   EXPECT_FALSE(takePairOver(p.paths));
-  p.expect("old record", "new bitmap");
-  EXPECT_TRUE(fs::exists(p.paths.readyRecord()));
+  p.expect("old record", "old bitmap");
+  p.expectBefore("older record", "older bitmap");
+  p.expectNothingElse(4);
+}
+
+TEST(ARecordThatCannotMoveInARecovery, StaysReadyUntilItCan) {
+  Pair p;
+  p.oldPair();
+  fs::create_directory(p.paths.readyRecord());
+  p.temp.put("cat.bmp.building", "new bitmap");
   recoverPair(p.paths);
+  p.expect("old record", "new bitmap");
   EXPECT_TRUE(fs::exists(p.paths.readyRecord())) << "as long as it cannot move";
   fs::remove_all(p.paths.readyRecord());
   p.temp.put("cat.maze.ready", "new record");  // now it can
@@ -162,6 +257,7 @@ TEST(ASaveKilledAtAnyMoment, LeavesTheOldOrTheNewPairWhole) {
   TempFolder temp;
   std::mt19937 moments(1);
   int seen = 0;
+  int withOneBefore = 0;
   for (int kill = 0; kill < 300; ++kill) {
     const pid_t child = fork();
     ASSERT_GE(child, 0);
@@ -174,16 +270,26 @@ TEST(ASaveKilledAtAnyMoment, LeavesTheOldOrTheNewPairWhole) {
     ++seen;
     const auto drawing = parseDrawing(temp.get("cat.maze"));
     ASSERT_TRUE(drawing) << "kill " << kill;
+    const int colour = drawing.value().values[record::drawColor];
     const auto picture = readBitmapFile(temp.path() / "cat.bmp");
     ASSERT_TRUE(picture) << "kill " << kill;
-    EXPECT_EQ(picture.value(), plainBitmap(300, 200, drawing.value().values[record::drawColor]))
-        << "kill " << kill;
+    EXPECT_EQ(picture.value(), plainBitmap(300, 200, colour)) << "kill " << kill;
+    if (fs::exists(temp.path() / "cat.maze~")) {
+      ++withOneBefore;
+      const auto earlier = parseDrawing(temp.get("cat.maze~"));
+      ASSERT_TRUE(earlier) << "kill " << kill;
+      const int colourBefore = earlier.value().values[record::drawColor];
+      const auto pictureBefore = readBitmapFile(temp.path() / "cat.bmp~");
+      ASSERT_TRUE(pictureBefore) << "kill " << kill;
+      EXPECT_EQ(pictureBefore.value(), plainBitmap(300, 200, colourBefore)) << "kill " << kill;
+    }
     for (const auto& entry : fs::directory_iterator(temp.path())) {
       EXPECT_NE(entry.path().extension(), ".building");
       EXPECT_NE(entry.path().extension(), ".ready");
     }
   }
   EXPECT_GT(seen, 10);
+  EXPECT_GT(withOneBefore, 10);
 }
 
 }  // namespace

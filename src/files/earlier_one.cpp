@@ -1,0 +1,72 @@
+#include "files/earlier_one.h"
+
+#include <system_error>
+
+namespace gridwright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool mayBeReplaced(const fs::path& path) {
+  std::error_code failed;
+  const fs::file_type type = fs::symlink_status(path, failed).type();
+  return type == fs::file_type::not_found || type == fs::file_type::regular;
+}
+
+void removeQuietly(const fs::path& path) {
+  std::error_code ignored;
+  fs::remove(path, ignored);
+}
+
+}  // namespace
+
+fs::path earlierName(fs::path target) { return target += "~"; }
+
+fs::path heldName(const fs::path& target) { return earlierName(target) += ".building"; }
+
+bool holdEarlier(const fs::path& target) {
+  const fs::path held = heldName(target);
+  removeQuietly(held);  // of a save that was cut off
+  std::error_code failed;
+  if (!fs::exists(target, failed)) return true;
+  if (!mayBeReplaced(earlierName(target))) return false;
+  fs::create_hard_link(target, held, failed);
+  if (!failed) return true;
+  fs::copy_file(target, held, failed);  // where the disk gives a file one name only
+  if (failed) removeQuietly(held);
+  return !failed;
+}
+
+bool isHeld(const fs::path& target) {
+  std::error_code failed;
+  return fs::exists(heldName(target), failed);
+}
+
+void keepEarlier(const fs::path& target) {
+  std::error_code ignored;
+  fs::rename(heldName(target), earlierName(target), ignored);
+}
+
+void dropEarlier(const fs::path& target) { removeQuietly(heldName(target)); }
+
+bool putEarlierBack(const fs::path& target) {
+  std::error_code failed;
+  if (isHeld(target)) {
+    fs::rename(heldName(target), target, failed);
+  } else {
+    fs::remove(target, failed);
+  }
+  return !failed;
+}
+
+void recoverEarlier(const fs::path& target) {
+  std::error_code failed;
+  if (fs::equivalent(target, heldName(target), failed)) {
+    dropEarlier(target);
+  } else {
+    keepEarlier(target);
+  }
+}
+
+}  // namespace gridwright
