@@ -39,7 +39,7 @@ class StillDesktop : public Platform {
     pictures[path.filename().string()] = picture;
     return Done{};
   }
-  void printForm(const Bitmap& /*picture*/) override {}
+  Outcome<Done> printForm(const Bitmap& /*picture*/) override { return Done{}; }
   Outcome<PagesWent> printAlone(const Bitmap& /*picture*/) override { return PagesWent{}; }
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return 1; }

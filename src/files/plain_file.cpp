@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <random>
 #include <system_error>
 #include <utility>
 
@@ -18,6 +19,9 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kOwnWay = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+constexpr std::string_view kBuilding = ".building";
+constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";
+constexpr std::size_t kFreshLetters = 8;
 constexpr int kMostTries = 8;  // at a name that others keep taking away
 
 Fault notWritable(const fs::path& path) { return {Fault::Kind::notWritable, path.string()}; }
@@ -145,7 +149,23 @@ Outcome<Done> replacePlainFile(const fs::path& path, std::string_view bytes) {
   return notWritable(path);
 }
 
-fs::path buildingName(fs::path path) { return path += ".building"; }
+fs::path buildingName(fs::path path) { return path += kBuilding; }
+
+fs::path freshBuildingName(const fs::path& path) {
+  std::random_device chance;
+  std::string letters;
+  for (std::size_t i = 0; i < kFreshLetters; ++i) letters += kLetters[chance() % kLetters.size()];
+  return buildingName(path.native() + "." + letters);
+}
+
+std::string targetOfBuilding(std::string_view name) {
+  if (name.size() <= kBuilding.size() || name.substr(name.size() - kBuilding.size()) != kBuilding) return {};
+  name.remove_suffix(kBuilding.size());
+  const std::size_t point = name.rfind('.');
+  const bool fresh = point != std::string_view::npos && name.size() - point - 1 == kFreshLetters &&
+                     name.find_first_not_of(kLetters, point + 1) == std::string_view::npos;
+  return std::string(fresh ? name.substr(0, point) : name);
+}
 
 bool hold(const OpenFile& file) {
   return ::flock(file.descriptor(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;

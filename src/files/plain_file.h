@@ -66,6 +66,13 @@ Outcome<Done> replacePlainFile(const std::filesystem::path& path, std::string_vi
 /// What a file is called until it is whole.
 std::filesystem::path buildingName(std::filesystem::path path);
 
+/// The same, with letters in it that nobody can know before: NAME.XXXXXXXX.building. Two programs that write
+/// one file meet in its name alone.
+std::filesystem::path freshBuildingName(const std::filesystem::path& path);
+
+/// The file name that such a name of either kind leads to; empty when it is none.
+std::string targetOfBuilding(std::string_view name);
+
 /// Holds an open file or folder for this program until it is closed, also by the end of a killed program.
 /// \returns false when another holds it; true too where the file system knows no locks.
 bool hold(const OpenFile& file);

@@ -40,7 +40,12 @@ void goOnToNextMaze(ProgramState& s) {
   countMaze(s);
 }
 
-void printPage(Program& program) { program.platform.printForm(program.canvas.shownImage()); }
+/// A page that cannot be kept ends the job, which tells it. \returns whether it was kept.
+bool printPage(Program& program) {
+  if (program.platform.printForm(program.canvas.shownImage())) return true;
+  endJob(program);
+  return false;
+}
 
 }  // namespace
 
@@ -105,8 +110,7 @@ void endJobWhenDone(Program& program) {
 
 bool printPlacedMaze(Program& program) {
   ProgramState& s = program.state;
-  if (s.printMode == PrintMode::none) return false;
-  printPage(program);
+  if (s.printMode == PrintMode::none || !printPage(program)) return false;
   s.print.printedNow = true;
   s.ends.savedFinish = s.finish;
   if (s.printMode == PrintMode::withAnswers) {
@@ -119,8 +123,7 @@ bool printPlacedMaze(Program& program) {
 
 bool printSolvedMaze(Program& program) {
   ProgramState& s = program.state;
-  if (!answerIsDue(s)) return false;
-  printPage(program);
+  if (!answerIsDue(s) || !printPage(program)) return false;
   goOnToNextMaze(s);
   return true;
 }

@@ -1,5 +1,6 @@
 // Runs of mazes on paper. A job is no loop of its own, only a few values that the stages read: they
-// make maze after maze and print each as it is placed, and once more when it is solved.
+// make maze after maze and print each as it is placed, and once more when it is solved. A page that cannot
+// be kept ends its job, a message says so, and the maze in hand runs on as an ordinary one.
 #pragma once
 
 #include "core/program.h"

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <system_error>
 #include <utility>
@@ -18,6 +19,10 @@ namespace {
 
 // By number: what the system takes for a letter's other case is a matter of the language it speaks.
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool endsWith(std::string_view name, std::string_view ending) {
+  return name.size() >= ending.size() && equalButForCase(name.substr(name.size() - ending.size()), ending);
+}
 
 }  // namespace
 
@@ -76,8 +81,12 @@ bool WorkFolder::takesFiles() const {
 }
 
 void WorkFolder::removeLeftOvers() const {
-  for (const std::string_view ending : {".bmp", ".maze", "pat", ".pdf"}) {
-    for (const std::string& name : list(std::string(ending) + ".building")) removeLeftOver(folder_ / name);
+  constexpr std::array<std::string_view, 4> kEndings = {".bmp", ".maze", "pat", ".pdf"};
+  for (const std::string& name : list(".building")) {
+    const std::string target = targetOfBuilding(name);
+    const bool own = std::any_of(kEndings.begin(), kEndings.end(),
+                                 [&](std::string_view ending) { return endsWith(target, ending); });
+    if (own) removeLeftOver(folder_ / name);
   }
 }
 
@@ -106,9 +115,7 @@ std::vector<std::string> WorkFolder::list(std::string_view ending) const {
   for (fs::directory_iterator entry(folder_, failed), end; !failed && entry != end; entry.increment(failed)) {
     std::string name = entry->path().filename().string();
     std::error_code unreadable;
-    if (name.size() < ending.size() || !entry->is_regular_file(unreadable)) continue;
-    const std::string_view tail = std::string_view(name).substr(name.size() - ending.size());
-    if (equalButForCase(tail, ending)) names.push_back(std::move(name));
+    if (endsWith(name, ending) && entry->is_regular_file(unreadable)) names.push_back(std::move(name));
   }
   std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),

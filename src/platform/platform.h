@@ -36,6 +36,9 @@ enum class Pace {
   housekeeping,  ///< Repaints, timers and resizes alone; keys and commands wait for the next pump.
 };
 
+/// What a person is told of pages that neither paper nor disk takes.
+inline constexpr std::string_view kPagesLost = "Error: the pages could not be saved.";
+
 /// Thrown by the pump when the window is closed: the program ends from wherever it stands, and the
 /// destructors on the way leave every file whole.
 struct ProgramEnd {};
@@ -85,14 +88,16 @@ class Platform {
                                    Overwrite how) = 0;
 
   /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
-  virtual void printForm(const Bitmap& picture) = 0;
+  /// \returns a Fault when it cannot be kept: the pages since the last end are lost then, as the end tells.
+  virtual Outcome<Done> printForm(const Bitmap& picture) = 0;
 
   /// One page that is a document of its own, also while a run's pages are not complete.
-  /// \returns where it went; a Fault when it could not be kept, which the tenant has told.
+  /// \returns where it went; a Fault when it could not be kept, which the tenant has told: `kPagesLost`.
   virtual Outcome<PagesWent> printAlone(const Bitmap& picture) = 0;
 
   /// The pages since the last call are one document, complete now.
-  /// \returns as `printAlone` does; nowhere when there was no page.
+  /// \returns as `printAlone` does; nowhere when there was no page. After a Fault the document's name bears what
+  /// it bore before.
   virtual Outcome<PagesWent> endOfPages() = 0;
 
   /// A number from the clock, to seed Rnd with.

@@ -17,6 +17,16 @@ namespace fs = std::filesystem;
 constexpr Fault::Kind kNotPlain = Fault::Kind::notPlain;
 constexpr Fault::Kind kNotFound = Fault::Kind::notFound;
 
+TEST(ABuildingName, LeadsToItsTargetWithLettersOfItsOwnOrWithout) {
+  EXPECT_EQ(targetOfBuilding("a.pdf.building"), "a.pdf");
+  const std::string fresh = freshBuildingName("/folder/a.pdf").filename().string();
+  EXPECT_NE(fresh, freshBuildingName("/folder/a.pdf").filename().string());
+  EXPECT_EQ(targetOfBuilding(fresh), "a.pdf");
+  EXPECT_EQ(targetOfBuilding("a.3d-pipe-pat.building"), "a.3d-pipe-pat");
+  EXPECT_EQ(targetOfBuilding("a.pdf"), "");
+  EXPECT_EQ(targetOfBuilding(".building"), "");
+}
+
 TEST(WhatIsNoPlainFile, IsNeverWrittenThroughNorReplaced) {
   for (const NoPlainFile kind : kNoPlainFiles) {
     SCOPED_TRACE(nameOf(kind));

@@ -292,6 +292,28 @@ TEST(InUserMode, APersonMakesEachMazeOfAJob) {
   EXPECT_EQ(w.run(), "");
 }
 
+TEST(APageThatCannotBeKept, EndsItsJobAndTheMazeInHandRunsOnAsAnOrdinaryOne) {
+  for (const std::size_t kept : {0U, 1U, 2U, 3U}) {
+    Job w(Item::printwithsolutions, "3");
+    w.desktop.pagesKept = kept;
+    w.desktop.menu(Item::newmaze);
+    w.untilNoJob();
+    w.expectNoJob(kept);
+    const Phase after = kept % 2 == 0 ? Phase::placing : Phase::solved;
+    w.desktop.look([&w, after](Program& p) {
+      EXPECT_EQ(w.desktop.documents, 1) << "its end tells a person";
+      EXPECT_EQ(p.state.phase, after);
+    });
+    w.desktop.pumpsPass(5);
+    w.desktop.look([&w, after, kept](Program& p) {
+      EXPECT_EQ(p.state.phase, after) << "no other maze is begun";
+      EXPECT_EQ(w.desktop.pages.size(), kept);
+      EXPECT_TRUE(p.menus.available(Item::printwithsolutions));
+    });
+    EXPECT_EQ(w.run(), "") << kept;
+  }
+}
+
 TEST(TheCount, NeverGrowsPastTheTotal) {
   World w(kRoom);
   w.state.printMode = PrintMode::withoutAnswers;

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <iostream>
+#include <streambuf>
+
 #include "core/main_loop.h"
 #include "platform/images/image_files.h"
+#include "support/full_disk.h"
 #include "support/pictures.h"
 #include "support/work_folders.h"
 
@@ -244,6 +248,51 @@ TEST(PrintedPages, AreOneDocumentWhenOneIsAskedFor) {
   EXPECT_EQ(t.run(kMaze + "menu printfff\nmenu printfff\n").words, "");
   EXPECT_EQ(t.written, 1);
   EXPECT_EQ(t.temp.get("out.pdf").substr(0, 5), "%PDF-");
+}
+
+TEST(PagesThatCannotBeKept, StopWithTwoAndSayWhere) {
+  const auto expectStop = [](Twin& t, const std::filesystem::path& where) {
+    const Ended run = t.run(kMaze + "menu printfff\nmenu newmaze\n");
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.words, "Error: the pages could not be saved. (cannot be written: " + where.string() + ")");
+  };
+  Twin document;
+  document.options.pdfFile = document.temp.path() / "no folder" / "out.pdf";
+  expectStop(document, *document.options.pdfFile);
+  Twin pages;
+  pages.options.pagesFolder = pages.temp.path() / "no folder";
+  expectStop(pages, *pages.options.pagesFolder / "page-0001.bmp");
+}
+
+TEST(ADocumentThatTheDiskHasNoRoomFor, IsNoneAndLeavesWhatWasThere) {
+  for (const rlim_t room : {0UL, 1000UL, 2000UL}) {
+    Twin t;
+    t.options.pdfFile = t.temp.path() / "out.pdf";
+    t.temp.put("out.pdf", "the one before");
+    {
+      const FullDisk full(room);
+      EXPECT_EQ(t.run(kMaze + "menu printfff\nmenu printfff\n").words, "");
+    }
+    EXPECT_EQ(t.written, 0) << "the last bytes are written at the end";
+    EXPECT_EQ(t.temp.get("out.pdf"), "the one before") << room;
+  }
+}
+
+/// Takes nothing, as a full disk does.
+struct FullBuffer : std::streambuf {
+  int overflow(int) override { return traits_type::eof(); }
+  std::streamsize xsputn(const char*, std::streamsize) override { return 0; }
+};
+
+TEST(ShownFieldsThatCannotBeWritten, StopWithTwoAndTheLine) {
+  Twin t;
+  FullBuffer full;
+  std::streambuf* before = std::cout.rdbuf(&full);
+  const Ended run = t.run("pumps 1\nshow phase\n");
+  std::cout.rdbuf(before);
+  std::cout.clear();
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.words, "s.txt:2: the standard output cannot be written");
 }
 
 TEST(Inputs, AreNeverLostAlthoughOnePumpTakesOne) {

@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
+#include <functional>
 
 #include "core/input.h"
 #include "core/panels.h"
@@ -150,6 +154,34 @@ TEST(AScreenReader, HearsWhereBothEndsArePlaced) {
   session.program.state.start = {10, 10, 19, 19};
   session.program.state.finish = {40, 30, 49, 39};
   EXPECT_EQ(description(session), "placing; start in column 1, row 1; finish in column 4, row 3");
+}
+
+/// What the message box says that comes up meanwhile; it is read and closed.
+std::string messageDuring(const std::function<void()>& action) {
+  std::string words;
+  QTimer reader;
+  QObject::connect(&reader, &QTimer::timeout, [&words] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+      words = box->text().toStdString();
+      box->close();
+    }
+  });
+  reader.start(5);
+  action();
+  return words;
+}
+
+TEST(PagesThatCannotBeKept, AreToldOnceInTheWindow) {
+  Session session;
+  const std::string folder = session.folder.path().toStdString();
+  std::filesystem::remove_all(folder);
+  const Bitmap page = plainBitmap(80, 60, kPalette[1]);
+  EXPECT_EQ(messageDuring([&] { session.desktop.printAlone(page); }), kPagesLost);
+  EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(session.desktop.printForm(page)); }), "") << "the end tells it";
+  EXPECT_EQ(messageDuring([&] { session.desktop.endOfPages(); }), kPagesLost);
+  EXPECT_EQ(messageDuring([&] { session.desktop.endOfPages(); }), "");
+  std::filesystem::create_directory(folder);
+  EXPECT_EQ(messageDuring([&] { session.desktop.printAlone(page); }), "");
 }
 
 TEST(TheNormalPlace, IsTheSizeToGoBackToFromAMaximisedWindow) {

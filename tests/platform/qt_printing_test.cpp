@@ -67,7 +67,7 @@ TEST(ASecondRun, TakesTheNextFreeNumberAndOverwritesNothing) {
 TEST(APdfThatCannotBeWritten, IsTold) {
   Folder folder;
   Printing printing(folder.path() / "no such folder", noPrinter);
-  printing.page(kPage);
+  EXPECT_FALSE(printing.page(kPage));
   EXPECT_FALSE(printing.endOfPages());
   EXPECT_TRUE(printing.endOfPages()) << "told once";
 }
@@ -78,9 +78,11 @@ TEST(APdfOnADiskThatFillsUp, IsToldAndLeavesNothingBehind) {
   for (std::size_t i = 0; i < noise.pixels.size(); ++i)
     noise.pixels[i] = static_cast<Colour>(i * 2654435 % 0xFFFFFF);
   {
+    bool last = true;
     const test::FullDisk full(5000);
     Printing printing(folder.path(), noPrinter);
-    for (int page = 0; page < 3; ++page) printing.page(noise);
+    for (int page = 0; page < 9; ++page) last = static_cast<bool>(printing.page(noise));
+    EXPECT_FALSE(last);
     EXPECT_FALSE(printing.endOfPages());
     printing.page(kPage);
     EXPECT_TRUE(printing.endOfPages()) << "the next run is another one, and fits";

@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <functional>
+#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -51,7 +52,11 @@ class BareDesktop : public Platform {
   void messageBox(std::string_view text) override { messages.emplace_back(text); }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
-  void printForm(const Bitmap& picture) override { pages.push_back(picture); }
+  Outcome<Done> printForm(const Bitmap& picture) override {
+    if (pages.size() == pagesKept) return Fault{Fault::Kind::notWritable, "page"};
+    pages.push_back(picture);
+    return Done{};
+  }
   Outcome<PagesWent> printAlone(const Bitmap& picture) override {
     pages.push_back(picture);
     ++alone;
@@ -75,8 +80,9 @@ class BareDesktop : public Platform {
   std::vector<Bitmap> pages;
   int documents = 0, alone = 0, raised = 0, maximised = 0;
   std::uint32_t seed = 1;
-  Outcome<PagesWent> went = PagesWent{};  ///< What is said of pages.
-  bool savesFail = false;                 ///< The disk is full.
+  Outcome<PagesWent> went = PagesWent{};                            ///< What is said of pages.
+  bool savesFail = false;                                           ///< The disk is full.
+  std::size_t pagesKept = std::numeric_limits<std::size_t>::max();  ///< No page after so many is kept.
 
   std::int64_t pumps = 0, limit = 20'000'000;
   int housekeeping = 0;

@@ -256,7 +256,7 @@ HeadlessDesktop::Turn HeadlessDesktop::show(Program& program, const ScriptLine& 
     if (field == nullptr) refuse("no such field: " + line.words[i]);
     std::cout << field->name << ' ' << field->read(program) << '\n';
   }
-  std::cout.flush();
+  if (!std::cout.flush()) refuse("the standard output cannot be written");
   return Turn::again;
 }
 
@@ -285,28 +285,40 @@ Outcome<Done> HeadlessDesktop::saveBitmap(const Bitmap& picture, const std::file
   return writeBitmapFile(picture, path, how);
 }
 
-void HeadlessDesktop::printForm(const Bitmap& picture) {
+Outcome<Done> HeadlessDesktop::printForm(const Bitmap& picture) {
+  keepPage(picture);
+  return Done{};
+}
+
+/// Nobody is there to read a message: pages that cannot be kept end the run.
+void HeadlessDesktop::keepPage(const Bitmap& picture) {
   ++pages_;
   if (options_.pdfFile) {
     if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(*options_.pdfFile);
-    if (!document_->addPage(picture)) throw ScriptStop{2, "cannot be written: " + options_.pdfFile->string()};
+    if (!document_->addPage(picture)) {
+      document_.reset();
+      throw ScriptStop{2, wordsOnLostPages(*options_.pdfFile)};
+    }
   }
   if (!options_.pagesFolder) return;
   std::array<char, 32> name{};
   std::snprintf(name.data(), name.size(), "page-%04lld.bmp", static_cast<long long>(pages_));
-  if (!writeBitmapFile(picture, *options_.pagesFolder / name.data())) {
-    throw ScriptStop{2, "cannot be written: " + (*options_.pagesFolder / name.data()).string()};
-  }
+  const std::filesystem::path page = *options_.pagesFolder / name.data();
+  if (!writeBitmapFile(picture, page)) throw ScriptStop{2, wordsOnLostPages(page)};
 }
 
 // All pages of a script are one document, those printed alone too.
 Outcome<PagesWent> HeadlessDesktop::printAlone(const Bitmap& picture) {
-  printForm(picture);
+  keepPage(picture);
   return PagesWent{};
 }
 
 Outcome<Done> HeadlessDesktop::writeDocument() {
   return document_ == nullptr ? Outcome<Done>(Done{}) : document_->finish();
+}
+
+std::string wordsOnLostPages(const std::filesystem::path& path) {
+  return std::string(kPagesLost) + " (cannot be written: " + path.string() + ")";
 }
 
 }  // namespace gridwright

@@ -32,6 +32,9 @@ struct HeadlessOptions {
   std::optional<std::filesystem::path> pdfFile;      ///< All pages in one document.
 };
 
+/// One line on pages that could not be saved, for standard error.
+std::string wordsOnLostPages(const std::filesystem::path& path);
+
 class HeadlessDesktop : public Platform {
  public:
   /// \param scriptName what messages call the script.
@@ -49,7 +52,7 @@ class HeadlessDesktop : public Platform {
   void messageBox(std::string_view text) override { lastMessage_ = text; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
-  void printForm(const Bitmap& picture) override;
+  Outcome<Done> printForm(const Bitmap& picture) override;
   Outcome<PagesWent> printAlone(const Bitmap& picture) override;
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return seed_; }
@@ -102,6 +105,7 @@ class HeadlessDesktop : public Platform {
   [[nodiscard]] const std::string& text() const;
   [[nodiscard]] ControlId liveControl(const Program& program, ControlKind kind) const;
   void savePicture(const Program& program, const Bitmap& picture);
+  void keepPage(const Bitmap& picture);
 
   std::string scriptName_;
   std::vector<ScriptLine> lines_;

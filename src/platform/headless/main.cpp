@@ -120,7 +120,7 @@ int run(const CommandLine& line, const std::filesystem::path& workFolder, const 
     std::cerr << stop.message << '\n';
     status = stop.status;
   }
-  if (!desktop.writeDocument()) return complain("cannot be written: " + line.options.pdfFile->string());
+  if (!desktop.writeDocument()) return complain(wordsOnLostPages(*line.options.pdfFile));
   return status;
 }
 

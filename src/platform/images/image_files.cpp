@@ -15,6 +15,7 @@
 #include "canvas/bitmap_decode.h"
 #include "canvas/bitmap_encode.h"
 #include "canvas/canvas.h"
+#include "platform/images/growing_file.h"
 
 namespace gridwright {
 
@@ -66,12 +67,8 @@ void paintPage(QPainter& painter, const Bitmap& picture) {
 }
 
 struct PdfDocument::Writer {
-  /// Qt gets the open file: by way of its own words for a name, some bytes would become others.
-  explicit Writer(const std::filesystem::path& building) {
-    auto opened = openHeld(building);
-    if (!opened) return;
-    grows = true;
-    if (!file.open(opened.value().release(), QIODevice::WriteOnly, QFileDevice::AutoCloseHandle)) return;
+  explicit Writer(const std::filesystem::path& path) : file(path) {
+    if (!file.isOpen()) return;
     pdf = std::make_unique<QPdfWriter>(&file);
     pdf->setCreator("Gridwright");
     pdf->setTitle("Gridwright");
@@ -80,25 +77,16 @@ struct PdfDocument::Writer {
     pdf->setResolution(600);
   }
 
-  bool grows = false;  // under its building name, which is ours then
-  QFile file;
+  GrowingFile file;
   std::unique_ptr<QPdfWriter> pdf;
   QPainter painter;  // ends before the writer and the file do
 };
 
 PdfDocument::PdfDocument(std::filesystem::path path)
     : path_(std::move(path)),
-      building_(buildingName(path_)),
-      writer_(isNoPlainFile(path_) ? nullptr : std::make_unique<Writer>(building_)) {}
+      writer_(path_.empty() || isNoPlainFile(path_) ? nullptr : std::make_unique<Writer>(path_)) {}
 
-PdfDocument::~PdfDocument() {
-  if (writer_ == nullptr) return;
-  const bool leavesSomething = writer_->grows;
-  writer_.reset();
-  if (!leavesSomething) return;
-  std::error_code ignored;
-  std::filesystem::remove(building_, ignored);
-}
+PdfDocument::~PdfDocument() = default;
 
 Outcome<Done> PdfDocument::addPage(const Bitmap& picture) {
   const Fault fault{Fault::Kind::notWritable, path_.string()};
@@ -108,7 +96,7 @@ Outcome<Done> PdfDocument::addPage(const Bitmap& picture) {
       writer_->painter.isActive() ? writer_->pdf->newPage() : writer_->painter.begin(writer_->pdf.get());
   if (!begun) return fault;
   paintPage(writer_->painter, picture);
-  if (writer_->file.error() != QFileDevice::NoError) return fault;
+  if (!writer_->file.isWhole()) return fault;
   return Done{};
 }
 
@@ -116,16 +104,11 @@ Outcome<Done> PdfDocument::finish() {
   const Fault fault{Fault::Kind::notWritable, path_.string()};
   if (writer_ == nullptr || writer_->pdf == nullptr) return fault;
   const bool ended = writer_->painter.end();
-  writer_->pdf.reset();
-  const bool written = writer_->file.flush() && writer_->file.error() == QFileDevice::NoError;
-  writer_->file.close();
-  if (!ended || !written || isNoPlainFile(path_)) return fault;
+  writer_->pdf.reset();  // writes what makes a document of the pages
+  const bool taken = ended && writer_->file.takeName(path_);
   writer_.reset();
-  std::error_code failed;
-  std::filesystem::rename(building_, path_, failed);
-  if (!failed) return Done{};
-  std::filesystem::remove(building_, failed);
-  return fault;
+  if (!taken) return fault;
+  return Done{};
 }
 
 std::filesystem::path contentFolderFor(const std::filesystem::path& executableFolder) {

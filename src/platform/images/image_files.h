@@ -42,8 +42,10 @@ class PdfDocument {
   PdfDocument(const PdfDocument&) = delete;
   PdfDocument& operator=(const PdfDocument&) = delete;
 
-  /// \returns a Fault from the first page on that could not be written.
+  /// \returns a Fault from the first page on of which a byte could not be written.
   Outcome<Done> addPage(const Bitmap& picture);
+  /// Every byte is on the disk and the document has its name; else a Fault, and what was there under the
+  /// name stays as it was.
   Outcome<Done> finish();
 
   /// The name that it will have.
@@ -52,7 +54,7 @@ class PdfDocument {
 
  private:
   struct Writer;
-  std::filesystem::path path_, building_;
+  std::filesystem::path path_;
   std::unique_ptr<Writer> writer_;
 };
 

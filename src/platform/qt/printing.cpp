@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/images/growing_file.h"
 #include "platform/images/image_files.h"
 
 namespace gridwright {
@@ -28,7 +29,7 @@ std::filesystem::path freeName(const std::filesystem::path& folder) {
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "gridwright-%04d.pdf", number);
     std::filesystem::path path = folder / name.data();
-    if (!isTaken(path) && !isTaken(buildingName(path))) return path;
+    if (!isTaken(path) && !isGrowing(path)) return path;
   }
   return {};
 }
@@ -46,7 +47,7 @@ Printing::Printing(std::filesystem::path folder, FindPrinter find)
 
 Printing::~Printing() { static_cast<void>(endOfPages()); }
 
-void Printing::page(const Bitmap& picture) {
+Outcome<Done> Printing::page(const Bitmap& picture) {
   if (!documentOpen_) {
     documentOpen_ = true;
     printer_ = findPrinter_();
@@ -54,17 +55,19 @@ void Printing::page(const Bitmap& picture) {
   if (printer_ != nullptr && toPrinter(picture)) {
     const std::string name = printer_->printerName().toStdString();
     paper_ = "on the printer" + (name.empty() ? name : " " + name);
-    return;
+    return Done{};
   }
   if (painter_.isActive()) painter_.end();
   printer_.reset();  // once it has refused, the rest of the document follows into the PDF
   if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(freeName(folder_));
-  if (!document_->addPage(picture)) documentFailed_ = true;
+  auto added = document_->addPage(picture);
+  if (!added) documentFailed_ = true;
+  return added;
 }
 
 Outcome<PagesWent> Printing::pageAlone(const Bitmap& picture) {
   Printing alone(folder_, findPrinter_);
-  alone.page(picture);
+  static_cast<void>(alone.page(picture));  // the end tells whether it was kept
   return alone.endOfPages();
 }
 
@@ -83,7 +86,7 @@ Outcome<PagesWent> Printing::endOfPages() {
   if (document_ != nullptr) {
     // Something else may have got the name since the first page.
     if (isTaken(document_->path())) document_->setPath(freeName(folder_));
-    whole = static_cast<bool>(document_->finish()) && whole;
+    if (whole) whole = static_cast<bool>(document_->finish());
   }
   PagesWent went = wherePagesWent();
   document_.reset();

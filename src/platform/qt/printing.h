@@ -26,14 +26,15 @@ class Printing {
   explicit Printing(std::filesystem::path folder, FindPrinter find = defaultPrinter);
   ~Printing();
 
-  void page(const Bitmap& picture);
+  /// \returns a Fault when neither the printer nor a PDF takes the page; the document is lost then.
+  Outcome<Done> page(const Bitmap& picture);
 
   /// One page as a document of its own; an open document stays open.
   /// \returns where it went, or a Fault when its PDF could not be written.
   [[nodiscard]] Outcome<PagesWent> pageAlone(const Bitmap& picture);
 
   /// The document is complete: the printer may begin, or the PDF gets its name.
-  /// \returns as `pageAlone` does; nowhere when there was no page.
+  /// \returns as `pageAlone` does; nowhere when there was no page. After a Fault nothing of the document is left.
   [[nodiscard]] Outcome<PagesWent> endOfPages();
 
  private:

@@ -168,13 +168,13 @@ void QtDesktop::setNormalPlace(const WindowPlace& place) {
 
 Outcome<PagesWent> QtDesktop::printAlone(const Bitmap& picture) {
   auto went = printing_.pageAlone(picture);
-  if (!went) messageBox("Error: bad file name.");
+  if (!went) messageBox(kPagesLost);
   return went;
 }
 
 Outcome<PagesWent> QtDesktop::endOfPages() {
   auto went = printing_.endOfPages();
-  if (!went) messageBox("Error: bad file name.");
+  if (!went) messageBox(kPagesLost);
   return went;
 }
 

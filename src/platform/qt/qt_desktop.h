@@ -34,7 +34,7 @@ class QtDesktop : public Platform {
   void messageBox(std::string_view text) override;
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override;
-  void printForm(const Bitmap& picture) override { printing_.page(picture); }
+  Outcome<Done> printForm(const Bitmap& picture) override { return printing_.page(picture); }
   Outcome<PagesWent> printAlone(const Bitmap& picture) override;
   Outcome<PagesWent> endOfPages() override;
   std::uint32_t clockSeed() override;
