@@ -106,8 +106,9 @@ bool CanvasView::showChanges(Canvas& canvas) {
 void CanvasView::paintEvent(QPaintEvent* event) {
   const double ratio = devicePixelRatioF();
   QPainter painter(this);
-  const QRect shown = visibleCanvas();
-  for (const QRect& part : QRegion(event->rect()).subtracted(shown)) {
+  // A point at the Canvas's edge may belong to it only in part: what is left of it is surround.
+  const QRect inner = visibleCanvas().adjusted(1, 1, -1, -1);
+  for (const QRect& part : QRegion(event->rect()).subtracted(inner)) {
     painter.fillRect(part, palette().color(QPalette::Mid));
   }
   const QTransform toScreen = painter.deviceTransform();

@@ -60,7 +60,7 @@ QWidget* sixteenSwatches(const SwatchPanel& panel, SwatchFrame* frame, ControlWi
   auto* plate = new QWidget(frame);
   auto* grid = new QGridLayout(plate);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(0);  // each keeps room for its ring
+  grid->setSpacing(SwatchFrame::kBetweenStops);
   for (int i = 0; i < 16; ++i) {
     const auto id = static_cast<ControlId>(static_cast<int>(panel.firstSwatch) + i);
     auto* swatch = named(new SwatchButton(i, plate), id, widgets);
@@ -145,6 +145,7 @@ SwatchFrame* buildSwatchPanel(const SwatchPanel& panel, QWidget* parent, Control
   if (!panel.classifies) return frame;
   auto* row = new QHBoxLayout;
   auto* choices = new QVBoxLayout;
+  choices->setSpacing(SwatchFrame::kBetweenStops);
   for (const ControlId id : {ControlId::Check33, ControlId::Check34}) {
     auto* choice = named(new ObedientCheckBox(qString(rowOf(id).caption), frame), id, widgets);
     frame->addStop(choice);

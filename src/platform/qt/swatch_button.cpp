@@ -2,7 +2,6 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QRegion>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <array>
@@ -14,15 +13,7 @@ namespace gridwright {
 namespace {
 
 constexpr int kMargin = 5;
-constexpr int kRing = 2;          // width of the ring around the swatch that has the keyboard,
-constexpr int kAway = kRing + 1;  // and how far the swatch stays away from its edge for it
 constexpr int kPlainSide = 56;
-
-/// Apart from the swatch by a stripe of the panel, so that it is seen beside any colour.
-void paintRing(QPainter& painter, const QRect& outer, const QColor& colour) {
-  const QRect inner = outer.adjusted(kRing, kRing, -kRing, -kRing);
-  for (const QRect& part : QRegion(outer).subtracted(inner)) painter.fillRect(part, colour);
-}
 
 }  // namespace
 
@@ -41,8 +32,7 @@ SwatchButton::SwatchButton(int i, QWidget* parent) : QAbstractButton(parent) {
 QSize SwatchButton::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
   const int plate = metrics.horizontalAdvance("Border Color") + 4 * kMargin;
-  return QSize(std::max(kPlainSide, plate), std::max(kPlainSide, metrics.height() + 6 * kMargin + 16)) +
-         QSize(2 * kAway, 2 * kAway);
+  return {std::max(kPlainSide, plate), std::max(kPlainSide, metrics.height() + 6 * kMargin + 16)};
 }
 
 void SwatchButton::mousePressEvent(QMouseEvent* event) {
@@ -52,14 +42,12 @@ void SwatchButton::mousePressEvent(QMouseEvent* event) {
 
 void SwatchButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  if (hasFocus()) paintRing(painter, rect(), palette().color(QPalette::WindowText));
-  const QRect edge = rect().adjusted(kAway, kAway, -kAway, -kAway);
-  const QRect box = edge.adjusted(1, 1, -1, -1);
+  const QRect box = rect().adjusted(1, 1, -1, -1);
   painter.fillRect(box, colour_);
   if (!isEnabled()) painter.fillRect(box, QBrush(palette().color(QPalette::Window), Qt::Dense3Pattern));
   painter.setPen(
       QPen(palette().color(isDown() ? QPalette::Highlight : QPalette::WindowText), isDown() ? 2 : 1));
-  painter.drawRect(edge.adjusted(0, 0, -1, -1));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 
   QStyleOptionButton tick;
   tick.initFrom(this);

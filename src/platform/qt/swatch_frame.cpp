@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QRegion>
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
@@ -12,6 +14,10 @@
 namespace gridwright {
 
 namespace {
+
+constexpr int kRing = 2;  // width of the ring
+constexpr int kAway = 2;  // and how far it stays from what it surrounds, so that no colour hides it
+static_assert(kRing + kAway <= SwatchFrame::kBetweenStops / 2);
 
 bool isActivation(int key) { return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter; }
 bool isArrow(int key) {
@@ -74,12 +80,31 @@ bool SwatchFrame::canHaveKeyboard(const QAbstractButton& stop) const {
 bool SwatchFrame::eventFilter(QObject* watched, QEvent* event) {
   auto* stop = static_cast<QAbstractButton*>(watched);
   if (event->type() == QEvent::FocusIn) last_ = stop;
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
   if (event->type() == QEvent::KeyPress) return keyPressed(*stop, static_cast<QKeyEvent&>(*event));
   return PanelFrame::eventFilter(watched, event);
 }
 
 // What no stop had a use for ends here, and does not go on to the Canvas under the panel.
 void SwatchFrame::keyPressEvent(QKeyEvent* event) { event->accept(); }
+
+// Each style marks the keyboard's place in its own way on check boxes and buttons, often hardly to be
+// seen, and none on a swatch: so all get the same ring.
+void SwatchFrame::paintEvent(QPaintEvent* event) {
+  PanelFrame::paintEvent(event);
+  const auto has = std::find_if(stops_.begin(), stops_.end(),
+                                [](const QAbstractButton* stop) { return stop->hasFocus(); });
+  if (has == stops_.end()) return;
+  const QRect inner = placeOf(**has).adjusted(-kAway, -kAway, kAway, kAway);
+  QPainter painter(this);
+  for (const QRect& part : QRegion(inner.adjusted(-kRing, -kRing, kRing, kRing)).subtracted(inner)) {
+    painter.fillRect(part, palette().color(QPalette::WindowText));
+  }
+}
+
+QRect SwatchFrame::placeOf(const QAbstractButton& stop) const {
+  return {stop.mapTo(this, QPoint()), stop.size()};
+}
 
 /// A key held down walks on, but chooses once. \returns whether the key had a meaning here.
 bool SwatchFrame::keyPressed(QAbstractButton& stop, const QKeyEvent& event) {
@@ -113,9 +138,6 @@ void SwatchFrame::step(const QAbstractButton& from, int by) {
 }
 
 void SwatchFrame::moveTowards(const QAbstractButton& from, int key) {
-  const auto placeOf = [&](const QAbstractButton& stop) {
-    return QRect(stop.mapTo(this, QPoint()), stop.size());
-  };
   QAbstractButton* best = nullptr;
   std::optional<std::tuple<bool, int, int>> nearest;
   for (QAbstractButton* stop : stops_) {
@@ -130,8 +152,6 @@ void SwatchFrame::moveTowards(const QAbstractButton& from, int key) {
 
 void SwatchFrame::give(QAbstractButton* stop) {
   last_ = stop;
-  // Some styles show who has the keyboard only after Tab was used.
-  window()->setAttribute(Qt::WA_KeyboardFocusChange);
   stop->setFocus(Qt::TabFocusReason);
 }
 

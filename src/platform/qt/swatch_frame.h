@@ -1,6 +1,6 @@
 // A panel of swatches as the keyboard walks it. Arrows and Tab move over what can be chosen in it and
-// never leave it; Space and Enter are the left button, Shift+Space and the menu key the right one on a
-// swatch, and Escape leaves the panel.
+// never leave it, and a ring shows where it is; Space and Enter are the left button, Shift+Space and the menu
+// key the right one on a swatch, and Escape leaves the panel.
 #pragma once
 
 #include <functional>
@@ -14,6 +14,8 @@ namespace gridwright {
 
 class SwatchFrame : public PanelFrame {
  public:
+  static constexpr int kBetweenStops = 8;  ///< Pixels that leave room for the ring.
+
   explicit SwatchFrame(QWidget* parent);
 
   /// Adds what can have the keyboard, in the order of Tab.
@@ -31,8 +33,10 @@ class SwatchFrame : public PanelFrame {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
+  [[nodiscard]] QRect placeOf(const QAbstractButton& stop) const;
   [[nodiscard]] bool canHaveKeyboard(const QAbstractButton& stop) const;
   bool keyPressed(QAbstractButton& stop, const QKeyEvent& event);
   void step(const QAbstractButton& from, int by);

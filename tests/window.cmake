@@ -1,0 +1,7 @@
+# The window as a person meets it: under an X server and a window manager of the test's own.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_test(NAME window.walk
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/walk.py $<TARGET_FILE:gridwright>
+    ${PROJECT_SOURCE_DIR}/examples/patterns/spirals.pat
+  WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set_tests_properties(window.walk PROPERTIES TIMEOUT 300)
