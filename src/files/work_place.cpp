@@ -89,11 +89,13 @@ fs::path personalDataFolder() {
 }
 
 bool makePersonalFolder(const fs::path& folder) {
+  fs::path above;
+  for (const fs::path& part : folder) {
+    above /= part;
+    ::mkdir(above.c_str(), 0700);  // most are there already
+  }
   std::error_code failed;
-  if (fs::is_directory(folder, failed)) return true;
-  if (folder.has_parent_path() && folder.parent_path() != folder && !makePersonalFolder(folder.parent_path()))
-    return false;
-  return ::mkdir(folder.c_str(), 0700) == 0 || fs::is_directory(folder, failed);
+  return fs::is_directory(folder, failed);
 }
 
 std::string wordsOnUnwritableFolder(const fs::path& data) {

@@ -83,7 +83,7 @@ class Platform {
   virtual Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) = 0;
 
   /// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself
-  /// fails in the middle of one written in place; nothing is written to what is no plain file (a notPlain Fault).
+  /// fails in the middle of one written in place. To what is no plain file nothing is written.
   virtual Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
                                    Overwrite how) = 0;
 

@@ -309,7 +309,8 @@ TEST(AFailedSave, LeavesTheOldPairAndNothingElse) {
   s.draw();
   s.save("old");
   s.run();
-  EXPECT_EQ(s.desktop.messages, std::vector<std::string>{"Error: bad file name."});
+  EXPECT_EQ(s.desktop.messages,
+            std::vector<std::string>{"Error: old.bmp is not a plain file; nothing is written to it."});
   EXPECT_EQ(temp.get("old.maze"), "old record");
   for (const auto& entry : fs::directory_iterator(temp.path())) {
     EXPECT_NE(entry.path().extension(), ".building");

@@ -67,12 +67,6 @@ TEST(WhatIsNoPlainFileUnderABuildingName, IsLeftAloneAndSoIsTheTarget) {
   }
 }
 
-TEST(ADevice, IsNeverWrittenTo) {
-  EXPECT_EQ(writePlainFile("/dev/full", "new").fault().kind, kNotPlain);
-  EXPECT_EQ(replacePlainFile("/dev/full", "new").fault().kind, kNotPlain);
-  EXPECT_FALSE(fs::exists("/dev/full.building"));
-}
-
 TEST(AReader, FollowsALinkAndWaitsForNoWriter) {
   const TempFolder temp;
   temp.put("text", "words");

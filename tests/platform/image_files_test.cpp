@@ -213,9 +213,6 @@ TEST(ADocument, ReplacesNothingButAPlainFile) {
     EXPECT_EQ(elsewhere.get("mine"), "precious");
     EXPECT_FALSE(std::filesystem::exists(temp.path() / "out.pdf.building"));
   }
-  PdfDocument device("/dev/full");
-  EXPECT_FALSE(device.addPage(motley(2, 2, 2)));
-  EXPECT_TRUE(isNoPlainFile("/dev/full"));
 }
 
 TEST(ADocument, WhoseNameIsTakenByALinkWhileItGrowsReplacesNothing) {

@@ -134,7 +134,9 @@ TEST(PagesOfAScript, AreWrittenToNothingButPlainFiles) {
   const std::string print = kBegin + kImport + "menu printfff\n";
   ChildProgram bitmaps(desk.headless(print, {"--pages", pages.path().string()}));
   EXPECT_EQ(bitmaps.wait(), 2);
-  for (const std::string& document : {std::string("/dev/full"), (pages.path() / "book.pdf").string()}) {
+  put(NoPlainFile::device, pages.path() / "full", {});
+  for (const char* name : {"book.pdf", "full"}) {
+    const std::string document = (pages.path() / name).string();
     ChildProgram book(desk.headless(print, {"--pdf", document}));
     EXPECT_EQ(book.wait(), 2);
     EXPECT_NE(book.said().find("cannot be written: " + document), std::string::npos) << book.said();

@@ -3,18 +3,19 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 
 #include <array>
 #include <filesystem>
 
 namespace gridwright::test {
 
-enum class NoPlainFile { link, linkToNothing, pipe, folder };
+enum class NoPlainFile { link, linkToNothing, pipe, folder, device };
 inline constexpr std::array kNoPlainFiles = {NoPlainFile::link, NoPlainFile::linkToNothing, NoPlainFile::pipe,
-                                             NoPlainFile::folder};
+                                             NoPlainFile::folder, NoPlainFile::device};
 
 inline const char* nameOf(NoPlainFile kind) {
-  constexpr std::array kNames = {"a link", "a link that leads nowhere", "a pipe", "a folder"};
+  constexpr std::array kNames = {"a link", "a link that leads nowhere", "a pipe", "a folder", "a device"};
   return kNames.at(static_cast<std::size_t>(kind));
 }
 
@@ -32,6 +33,12 @@ inline void put(NoPlainFile kind, const std::filesystem::path& path, const std::
       break;
     case NoPlainFile::folder:
       std::filesystem::create_directory(path);
+      break;
+    case NoPlainFile::device:
+      // One of the test's own: the machine's is not to be risked. Who may make none makes a socket.
+      if (::mknod(path.c_str(), S_IFCHR | 0666, ::makedev(1, 7)) != 0) {
+        ASSERT_EQ(::mknod(path.c_str(), S_IFSOCK | 0666, 0), 0);
+      }
       break;
   }
 }

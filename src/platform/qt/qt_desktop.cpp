@@ -144,9 +144,7 @@ WindowState QtDesktop::windowState() {
   return window_.isMaximized() ? WindowState::maximised : WindowState::normal;
 }
 
-std::filesystem::path QtDesktop::contentFolder() {
-  return contentFolderOfProgram();
-}
+std::filesystem::path QtDesktop::contentFolder() { return contentFolderOfProgram(); }
 
 WindowPlace QtDesktop::normalPlace() {
   const QRect place = window_.normalGeometry();
