@@ -12,11 +12,15 @@ void runProgram(Program& program) {
   try {
     for (Stage stage = Stage::processStart;;) stage = runStage(program, stage);
   } catch (const ProgramEnd&) {
-    program.files->tellThrough({});  // nobody is there to read it any more
-    keepLastDrawing(program);
-    static_cast<void>(program.platform.endOfPages());
+    finishProgram(program);
     throw;
   }
+}
+
+void finishProgram(Program& program) {
+  program.files->tellThrough({});  // nobody is there to read it any more
+  keepLastDrawing(program);
+  program.platform.endOfPages();
 }
 
 Stage stageOf(Phase phase) {

@@ -10,6 +10,10 @@ namespace gridwright {
 /// \throws ProgramEnd when the window is closed, from wherever the program stands.
 [[noreturn]] void runProgram(Program& program);
 
+/// What every end of the program leaves: the picture in last-drawing.bmp, and the pages of a job as a
+/// document. `runProgram` calls it on its way out; a tenant does where nothing unwinds.
+void finishProgram(Program& program);
+
 /// Ends the process at once: "Click to Quit Program", and both close events of the window.
 [[noreturn]] void endProgram();
 

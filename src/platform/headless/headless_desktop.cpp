@@ -9,6 +9,7 @@
 #include "core/enable_table.h"
 #include "core/input.h"
 #include "core/program.h"
+#include "platform/end_signals.h"
 #include "platform/images/image_files.h"
 
 namespace gridwright {
@@ -29,6 +30,7 @@ Size HeadlessDesktop::maximise() {
 // comparisons.
 void HeadlessDesktop::doEvents(Program& program, Pace pace) {
   if (pace == Pace::housekeeping) return;
+  if (endSignal() != 0) throw ProgramEnd{};
   while (waits(program, pace) == Turn::again) {
     if (next_ == lines_.size()) throw ProgramEnd{};
     line_ = &lines_[next_++];

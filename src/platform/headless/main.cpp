@@ -17,6 +17,7 @@
 #include "core/main_loop.h"
 #include "core/program.h"
 #include "files/work_place.h"
+#include "platform/end_signals.h"
 #include "platform/headless/headless_desktop.h"
 
 namespace {
@@ -24,6 +25,7 @@ namespace {
 using namespace gridwright;
 
 constexpr int kBadInput = 2;
+constexpr int kEndedBySignal = 128;  // and the signal's number, as shells say it
 
 struct CommandLine {
   std::optional<std::filesystem::path> workFolder;  ///< The present one when it is not said.
@@ -110,12 +112,14 @@ int run(const CommandLine& line, const std::filesystem::path& workFolder, const 
   if (line.options.pdfFile) application = applicationWithoutScreen();
   HeadlessDesktop desktop(line.script, source, line.options);
   int status = 0;
+  const EndSignals asked;
   auto program = std::make_unique<Program>(desktop, workFolder);
   program->dataFolder = personalDataFolder();
   try {
     runProgram(*program);
   } catch (const ProgramEnd&) {
-    status = 0;
+    // A script that was cut off has not done what it says: its status is that of a program that was ended.
+    if (endSignal() != 0) status = kEndedBySignal + endSignal();
   } catch (const ScriptStop& stop) {
     std::cerr << stop.message << '\n';
     status = stop.status;

@@ -5,10 +5,10 @@
 #include <memory>
 #include <system_error>
 
-#include "core/main_loop.h"
 #include "core/program.h"
 #include "files/work_place.h"
 #include "platform/qt/qt_desktop.h"
+#include "platform/qt/run_window.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -21,9 +21,5 @@ int main(int argc, char** argv) {
   const auto program = std::make_unique<gridwright::Program>(desktop, place.folder);
   program->dataFolder = data;
   program->wordsAtBegin = place.words;
-  try {
-    gridwright::runProgram(*program);
-  } catch (const gridwright::ProgramEnd&) {
-    return 0;  // the window was closed; what was written is whole
-  }
+  return gridwright::runInWindow(desktop, *program);
 }

@@ -1,5 +1,6 @@
 #include "platform/qt/qt_desktop.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <QThread>
 #include <QUrl>
 #include <algorithm>
+#include <iostream>
 
 #include "core/input.h"
 #include "core/status_words.h"
@@ -59,6 +61,18 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
     });
   };
   window_.open();
+}
+
+// A message box has a loop of its own, which must not hold up the end.
+void QtDesktop::endBy(const EndSignals& asked) {
+  if (asked.wakeUp() < 0) return;
+  asked_ = std::make_unique<QSocketNotifier>(asked.wakeUp(), QSocketNotifier::Read);
+  QObject::connect(asked_.get(), &QSocketNotifier::activated, &window_, [this] {
+    asked_->setEnabled(false);
+    closing_ = true;
+    nobodyReads();
+    if (QWidget* box = QApplication::activeModalWidget()) box->close();
+  });
 }
 
 void QtDesktop::doEvents(Program& program, Pace pace) {
@@ -215,6 +229,10 @@ void QtDesktop::raise() {
 }
 
 void QtDesktop::messageBox(std::string_view text) {
+  if (!attended_) {
+    std::cerr << text << '\n';
+    return;
+  }
   if (program_ != nullptr) bringInLine(*program_);
   QMessageBox box(QMessageBox::NoIcon, QString(), qString(text), QMessageBox::Ok, &window_);
   box.setTextFormat(Qt::PlainText);

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QSocketNotifier>
 #include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
 
+#include "platform/end_signals.h"
 #include "platform/platform.h"
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/input_queue.h"
@@ -39,6 +41,13 @@ class QtDesktop : public Platform {
   Outcome<PagesWent> endOfPages() override;
   std::uint32_t clockSeed() override;
 
+  /// From now on these signals end the program as the closed window does.
+  void endBy(const EndSignals& asked);
+  void endByNone() { asked_.reset(); }
+
+  /// Nobody is there to read a message any more: it goes to standard error.
+  void nobodyReads() { attended_ = false; }
+
   /// A press on a colour of a panel.
   void swatchPressed(ControlId swatch, Qt::MouseButton button);
 
@@ -63,8 +72,10 @@ class QtDesktop : public Platform {
   MenuMirror menus_;
   ControlMirror controls_;
   Printing printing_;
+  std::unique_ptr<QSocketNotifier> asked_;
   Program* program_ = nullptr;  // the one in the pump, for what a message box leaves behind it
   bool closing_ = false;
+  bool attended_ = true;  // somebody reads messages
 
   Size reportedSize_;
   bool wasMinimised_ = false;
