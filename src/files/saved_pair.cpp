@@ -27,7 +27,8 @@ void forgetSave(const PairPaths& paths) {
   dropEarlier(paths.record);
   dropEarlier(paths.bitmap);
   removeLeftOver(paths.buildingBitmap());
-  removeLeftOver(paths.readyRecord());
+  std::error_code ignored;
+  fs::remove(paths.readyRecord(), ignored);  // nobody holds it: it was whole
   removeLeftOver(paths.buildingRecord());
 }
 
