@@ -8,11 +8,11 @@
 #include <filesystem>
 #include <memory>
 
-#include "core/program.h"
-#include "core/title.h"
-#include "files/drawing_files.h"
+#include "drawings/drawing_files.h"
 #include "platform/headless/headless_desktop.h"
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
+#include "session/title.h"
+#include "state/program.h"
 
 namespace gridwright::bench {
 namespace {

@@ -18,7 +18,7 @@
 #include <string>
 
 #include "plain_walk.h"
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
 
 namespace gridwright::bench {
 namespace {

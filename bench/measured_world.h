@@ -6,10 +6,10 @@
 #include <map>
 #include <string>
 
-#include "canvas/colour_repairs.h"
-#include "core/grid.h"
-#include "core/program.h"
+#include "colours/colour_repairs.h"
 #include "maze/makemaze.h"
+#include "state/grid.h"
+#include "state/program.h"
 
 namespace gridwright::bench {
 

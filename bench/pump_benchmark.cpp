@@ -6,9 +6,9 @@
 
 #include <limits>
 
-#include "core/program.h"
 #include "measured_world.h"
 #include "platform/headless/headless_desktop.h"
+#include "state/program.h"
 
 namespace gridwright::bench {
 namespace {

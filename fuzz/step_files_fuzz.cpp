@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "patterns/step_files.h"
+#include "files/step_files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace gridwright;

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "canvas/geometry.h"
-#include "core/outcome.h"
+#include "canvas/outcome.h"
 
 namespace gridwright {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "canvas/bitmap.h"
-#include "core/outcome.h"
+#include "canvas/outcome.h"
 
 namespace gridwright {
 

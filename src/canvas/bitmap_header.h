@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "core/outcome.h"
+#include "canvas/outcome.h"
 
 namespace gridwright {
 

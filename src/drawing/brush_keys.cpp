@@ -4,8 +4,8 @@
 #include <array>
 
 #include "canvas/slot_walk.h"
-#include "core/key_codes.h"
 #include "drawing/fill_screen.h"
+#include "state/key_codes.h"
 
 namespace gridwright {
 

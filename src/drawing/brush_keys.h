@@ -1,7 +1,7 @@
 // The keys of the drawing phase. They change the square and its colour alone; the drawing loop paints.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

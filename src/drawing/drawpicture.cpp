@@ -1,9 +1,9 @@
 #include "drawing/drawpicture.h"
 
-#include "canvas/colour_editor.h"
-#include "core/menu_rules.h"
-#include "core/pump.h"
+#include "colours/colour_editor.h"
 #include "drawing/mirror.h"
+#include "menus/menu_rules.h"
+#include "menus/pump.h"
 #include "patterns/pattern_editor.h"
 
 namespace gridwright {

@@ -1,7 +1,7 @@
 // The keyboard paint tool: a square moves over the cell grid and leaves a stripe of `drawColor`.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

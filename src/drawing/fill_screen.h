@@ -1,7 +1,7 @@
 // Filling the whole screen with another border colour.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

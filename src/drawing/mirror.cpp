@@ -1,6 +1,6 @@
 #include "drawing/mirror.h"
 
-#include "core/grid.h"
+#include "state/grid.h"
 
 namespace gridwright {
 

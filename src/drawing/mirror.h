@@ -1,7 +1,7 @@
 // The measure of the drawing phase: columns, rows, and where symmetry repeats the square.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/outcome.h"
+#include "canvas/outcome.h"
 
 namespace gridwright {
 

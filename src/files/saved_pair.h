@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "core/outcome.h"
+#include "canvas/outcome.h"
 
 namespace gridwright {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "files/work_folder.h"
-#include "platform/platform.h"
+#include "state/platform.h"
 
 namespace gridwright {
 

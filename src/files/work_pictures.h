@@ -15,7 +15,7 @@
 #include <string_view>
 
 #include "canvas/bitmap.h"
-#include "core/overwrite.h"
+#include "files/overwrite.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 #include "maze/carve_keys.h"
 
-#include "core/key_codes.h"
-#include "maze/maze_commands.h"
+#include "session/maze_commands.h"
+#include "state/key_codes.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // The keys of a maze made by hand.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

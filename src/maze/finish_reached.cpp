@@ -1,6 +1,6 @@
 #include "maze/finish_reached.h"
 
-#include "maze/mixcolors.h"
+#include "colours/mixcolors.h"
 #include "maze/walk_paint.h"
 
 namespace gridwright {

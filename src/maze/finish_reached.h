@@ -1,7 +1,7 @@
 // The walker on the finish.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

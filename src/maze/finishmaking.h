@@ -3,7 +3,7 @@
 // is done.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

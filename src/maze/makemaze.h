@@ -7,7 +7,7 @@
 // is wholly uncarved, so each hangs on by one join and the maze is a tree in a region of any shape.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,10 +1,10 @@
 #include "maze/makemaze2.h"
 
-#include "core/grid.h"
+#include "colours/mixcolors.h"
 #include "maze/finishmaking.h"
-#include "maze/mixcolors.h"
 #include "maze/stranded.h"
 #include "patterns/random_patterns.h"
+#include "state/grid.h"
 
 namespace gridwright {
 

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

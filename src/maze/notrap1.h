@@ -2,7 +2,7 @@
 // alone would try for ever.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // One step of the walker in a regular maze.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

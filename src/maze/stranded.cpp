@@ -5,11 +5,11 @@
 #include <optional>
 #include <vector>
 
-#include "core/grid.h"
+#include "colours/mixcolors.h"
 #include "maze/entry_tests.h"
 #include "maze/finishmaking.h"
-#include "maze/mixcolors.h"
 #include "maze/walk_paint.h"
+#include "state/grid.h"
 
 namespace gridwright {
 

@@ -9,7 +9,7 @@
 // it is given up, stays free, and holds the maze open no longer.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,6 +1,6 @@
 #include "maze/underpass_paint.h"
 
-#include "maze/mixcolors.h"
+#include "colours/mixcolors.h"
 #include "maze/regular_step.h"
 #include "maze/walk_paint.h"
 

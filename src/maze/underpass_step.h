@@ -5,8 +5,8 @@
 // join; in the 3-d kind the pitch is one wall size and corridors may pass under one another.
 #pragma once
 
-#include "core/program.h"
 #include "maze/regular_step.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // The strokes of the walker, and the note they leave that something was carved.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

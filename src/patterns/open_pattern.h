@@ -1,7 +1,7 @@
 // The pattern that an editor holds open for appending: the step file of the edited direction.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // Patterns reset, and turned into all four directions.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -4,14 +4,14 @@
 #include <cstddef>
 #include <string>
 
-#include "core/grid.h"
-#include "core/key_codes.h"
-#include "core/menu_rules.h"
-#include "core/pump.h"
 #include "maze/carve_keys.h"
 #include "maze/makemaze2.h"
+#include "menus/menu_rules.h"
+#include "menus/pump.h"
 #include "patterns/open_pattern.h"
 #include "patterns/pattern_field.h"
+#include "state/grid.h"
+#include "state/key_codes.h"
 
 namespace gridwright {
 

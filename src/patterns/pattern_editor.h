@@ -1,7 +1,7 @@
 // The pattern editor: a person draws one direction's pattern with the arrow keys on a field of its own.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

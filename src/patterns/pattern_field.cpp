@@ -5,8 +5,8 @@
 
 #include "canvas/cell_grid.h"
 #include "maze/makemaze2.h"
+#include "patterns/makeunderpasses.h"
 #include "patterns/open_pattern.h"
-#include "underpass/makeunderpasses.h"
 #include "underpass/preview_pixels.h"
 
 namespace gridwright {

@@ -2,7 +2,7 @@
 // in its middle. Shared by the editor and by patterns made by chance.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,11 +1,11 @@
 #include "patterns/pattern_sets.h"
 
-#include "core/panels.h"
-#include "files/drawing_files.h"
+#include "drawings/drawing_files.h"
 #include "files/earlier_one.h"
 #include "files/plain_file.h"
+#include "files/step_values.h"
+#include "menus/panels.h"
 #include "patterns/pattern_commands.h"
-#include "patterns/step_values.h"
 
 namespace gridwright {
 

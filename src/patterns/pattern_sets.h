@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 #include "patterns/random_patterns.h"
 
-#include "core/menu_rules.h"
-#include "core/pump.h"
+#include "menus/menu_rules.h"
+#include "menus/pump.h"
 #include "patterns/open_pattern.h"
 #include "patterns/pattern_commands.h"
 #include "patterns/pattern_editor.h"

@@ -1,7 +1,7 @@
 // Patterns made by chance: one in the editor, or a fresh one before every maze.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
-#include "core/menu_rules.h"
-#include "core/panels.h"
+#include "menus/menu_rules.h"
+#include "menus/panels.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // The largest size of random patterns, and its panel.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

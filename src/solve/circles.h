@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -2,7 +2,7 @@
 // the underpass's matching exit in one move.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

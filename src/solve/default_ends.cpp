@@ -1,6 +1,6 @@
 #include "solve/default_ends.h"
 
-#include "core/grid.h"
+#include "state/grid.h"
 
 namespace gridwright {
 

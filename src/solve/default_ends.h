@@ -1,7 +1,7 @@
 // Start and finish before a maze exists: kept where they are good, else searched for.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "core/grid.h"
-#include "maze/mixcolors.h"
+#include "colours/mixcolors.h"
 #include "solve/default_ends.h"
+#include "state/grid.h"
 
 namespace gridwright {
 

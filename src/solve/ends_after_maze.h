@@ -1,7 +1,7 @@
 // Start and finish made good after a maze: a square that the walker never carved moves to one it did.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,6 +1,6 @@
 #include "solve/finish_methods.h"
 
-#include "core/menu_rules.h"
+#include "menus/menu_rules.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // The end-point options: who finds the finish.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -2,7 +2,7 @@
 // Canvas, and the best cell it stood on becomes the finish.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // How the walk leaves a start that is closed on all sides: a 3-d maze may put it on an underpass cell.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

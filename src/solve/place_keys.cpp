@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "canvas/colour_repairs.h"
 #include "canvas/slot_walk.h"
-#include "core/key_codes.h"
+#include "colours/colour_repairs.h"
+#include "state/key_codes.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // The keys of phase 2: both squares move over carved ground alone, and change their colours.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

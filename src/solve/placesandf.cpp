@@ -1,10 +1,10 @@
 #include "solve/placesandf.h"
 
-#include "core/grid.h"
-#include "core/menu_rules.h"
-#include "core/pump.h"
-#include "files/print_job.h"
+#include "menus/menu_rules.h"
+#include "menus/pump.h"
+#include "printing/print_job.h"
 #include "solve/finish_search.h"
+#include "state/grid.h"
 
 namespace gridwright {
 

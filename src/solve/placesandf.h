@@ -2,7 +2,7 @@
 // the finish.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 #include "solve/play.h"
 
-#include "core/menu_rules.h"
 #include "maze/makemaze2.h"
+#include "menus/menu_rules.h"
 #include "solve/finish_search.h"
 #include "solve/firstnoxy.h"
 #include "solve/trail.h"

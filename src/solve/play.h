@@ -2,7 +2,7 @@
 // moving marker shows the walk.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

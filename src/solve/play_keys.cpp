@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <array>
 
-#include "core/key_codes.h"
 #include "solve/play.h"
 #include "solve/trail.h"
+#include "state/key_codes.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // The probe: a pixel that keeps a wall at its left hand.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

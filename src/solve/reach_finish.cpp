@@ -1,7 +1,7 @@
 #include "solve/reach_finish.h"
 
-#include "core/menu_rules.h"
-#include "files/print_job.h"
+#include "menus/menu_rules.h"
+#include "printing/print_job.h"
 #include "solve/trail.h"
 
 namespace gridwright {

@@ -1,7 +1,7 @@
 // The moment at which the walk stands on the finish: last strokes, captions, the answer's page.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

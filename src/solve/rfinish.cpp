@@ -1,9 +1,9 @@
 #include "solve/rfinish.h"
 
-#include "core/grid.h"
 #include "maze/finish_reached.h"
 #include "solve/default_ends.h"
 #include "solve/ends_after_maze.h"
+#include "state/grid.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // "Reset end-points": start and finish are searched for anew on what is carved.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,7 +1,7 @@
 // Gives the finish back that a search for another took off the Canvas.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -1,8 +1,8 @@
 #include "solve/solvingmaze.h"
 
-#include "core/menu_rules.h"
-#include "core/pump.h"
-#include "files/print_job.h"
+#include "menus/menu_rules.h"
+#include "menus/pump.h"
+#include "printing/print_job.h"
 #include "solve/circles.h"
 #include "solve/crossing.h"
 #include "solve/finish_search.h"

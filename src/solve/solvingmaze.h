@@ -3,7 +3,7 @@
 // solution path.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -2,7 +2,7 @@
 // to cell centre.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -5,7 +5,7 @@
 // along the step and paints nothing. It runs in the 3-d and the pipe kinds only.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

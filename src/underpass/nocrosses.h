@@ -2,7 +2,7 @@
 // crossing that is none.
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -14,7 +14,7 @@
 //   bool endsAtCrossings          whether a corridor across the exit refuses the tunnel in the end
 #pragma once
 
-#include "core/program.h"
+#include "state/program.h"
 #include "underpass/nocrosses.h"
 
 namespace gridwright {

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "canvas/bitmap_encode.h"
-#include "files/drawing_record.h"
+#include "drawings/drawing_record.h"
+#include "files/step_files.h"
 #include "patterns/pattern_sets.h"
-#include "patterns/step_files.h"
 
 namespace gridwright::test {
 namespace {

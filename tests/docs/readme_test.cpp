@@ -9,7 +9,7 @@
 #include <set>
 #include <string>
 
-#include "core/menu_tree.h"
+#include "state/menu_tree.h"
 
 namespace gridwright::test {
 namespace {

@@ -6,10 +6,10 @@
 #include <array>
 #include <random>
 
-#include "core/grid.h"
-#include "core/input.h"
-#include "core/key_codes.h"
 #include "drawing/mirror.h"
+#include "session/input.h"
+#include "state/grid.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {

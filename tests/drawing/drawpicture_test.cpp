@@ -6,8 +6,8 @@
 #include <random>
 #include <set>
 
-#include "core/input.h"
-#include "core/key_codes.h"
+#include "session/input.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "core/input.h"
+#include "session/input.h"
 #include "support/disk_session.h"
 #include "support/full_disk.h"
 #include "support/pictures.h"

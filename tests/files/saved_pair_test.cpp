@@ -13,8 +13,8 @@
 #include <thread>
 #include <utility>
 
-#include "files/drawing_files.h"
-#include "files/drawing_record.h"
+#include "drawings/drawing_files.h"
+#include "drawings/drawing_record.h"
 #include "support/as_nobody.h"
 #include "support/disk_desktop.h"
 #include "support/world.h"

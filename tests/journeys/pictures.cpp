@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
 #include "support/bitmap_files.h"
 
 namespace {

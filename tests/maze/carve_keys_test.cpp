@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/key_codes.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {

@@ -6,10 +6,10 @@
 #include <set>
 #include <utility>
 
-#include "core/input.h"
-#include "core/key_codes.h"
-#include "maze/maze_commands.h"
 #include "maze/stranded.h"
+#include "session/input.h"
+#include "session/maze_commands.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {

@@ -6,8 +6,8 @@
 
 #include "maze/finishmaking.h"
 #include "maze/makemaze2.h"
-#include "maze/maze_commands.h"
 #include "maze/walk_paint.h"
+#include "session/maze_commands.h"
 #include "support/world.h"
 
 namespace gridwright::test {

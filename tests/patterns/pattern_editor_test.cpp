@@ -4,9 +4,9 @@
 
 #include <optional>
 
-#include "core/grid.h"
-#include "core/input.h"
-#include "core/key_codes.h"
+#include "session/input.h"
+#include "state/grid.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 #include "underpass/preview_pixels.h"
 

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "core/input.h"
-#include "core/key_codes.h"
-#include "core/main_loop.h"
+#include "session/input.h"
+#include "session/main_loop.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {

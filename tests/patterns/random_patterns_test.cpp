@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <map>
 
-#include "core/grid.h"
-#include "core/input.h"
-#include "core/key_codes.h"
 #include "patterns/pattern_commands.h"
 #include "patterns/pattern_field.h"
+#include "session/input.h"
+#include "state/grid.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {

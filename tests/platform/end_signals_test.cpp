@@ -1,4 +1,4 @@
-#include "platform/end_signals.h"
+#include "platform/shared/end_signals.h"
 
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -8,7 +8,7 @@
 #include <csignal>
 #include <string>
 
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
 #include "support/pictures.h"
 #include "support/pipe.h"
 #include "support/work_folders.h"

@@ -1,5 +1,5 @@
 // A document on a disk that fills up at any place, and beside others of its name.
-#include "platform/images/growing_file.h"
+#include "platform/shared/growing_file.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -7,7 +7,7 @@
 
 #include <set>
 
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
 #include "support/full_disk.h"
 #include "support/pictures.h"
 #include "support/work_folders.h"

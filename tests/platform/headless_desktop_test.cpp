@@ -5,8 +5,8 @@
 #include <iostream>
 #include <streambuf>
 
-#include "core/main_loop.h"
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
+#include "session/main_loop.h"
 #include "support/full_disk.h"
 #include "support/pictures.h"
 #include "support/work_folders.h"

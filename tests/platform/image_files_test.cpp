@@ -1,4 +1,4 @@
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "canvas/canvas.h"
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
 #include "support/pictures.h"
 #include "support/work_folders.h"
 

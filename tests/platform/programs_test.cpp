@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <iterator>
 
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
 #include "support/child_program.h"
 #include "support/no_plain_files.h"
 #include "support/pictures.h"

@@ -13,10 +13,10 @@
 #include <filesystem>
 #include <functional>
 
-#include "core/input.h"
-#include "core/panels.h"
-#include "platform/images/image_files.h"
+#include "menus/panels.h"
+#include "platform/shared/image_files.h"
 #include "qt_session.h"
+#include "session/input.h"
 
 namespace gridwright {
 namespace {

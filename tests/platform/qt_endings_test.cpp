@@ -16,9 +16,9 @@
 #include <memory>
 #include <string>
 
-#include "core/panels.h"
-#include "platform/images/image_files.h"
+#include "menus/panels.h"
 #include "platform/qt/run_window.h"
+#include "platform/shared/image_files.h"
 #include "support/pictures.h"
 #include "support/pipe.h"
 #include "support/work_folders.h"

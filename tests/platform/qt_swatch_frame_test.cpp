@@ -5,9 +5,9 @@
 #include <QImage>
 #include <QTest>
 
-#include "core/input.h"
 #include "platform/qt/swatch_frame.h"
 #include "qt_desk.h"
+#include "session/input.h"
 
 namespace gridwright {
 namespace {

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/input.h"
-#include "core/key_codes.h"
+#include "session/input.h"
+#include "state/key_codes.h"
 #include "support/tunnel_reading.h"
 #include "support/world.h"
 

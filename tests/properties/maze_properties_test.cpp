@@ -6,7 +6,7 @@
 #include <random>
 #include <string>
 
-#include "maze/maze_commands.h"
+#include "session/maze_commands.h"
 #include "support/maze_reading.h"
 #include "support/world.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/grid.h"
+#include "state/grid.h"
 #include "support/world.h"
 
 namespace gridwright::test {

@@ -4,9 +4,9 @@
 
 #include <array>
 
-#include "canvas/colour_repairs.h"
-#include "core/grid.h"
-#include "core/key_codes.h"
+#include "colours/colour_repairs.h"
+#include "state/grid.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {

@@ -4,8 +4,8 @@
 
 #include <array>
 
-#include "core/input.h"
-#include "core/key_codes.h"
+#include "session/input.h"
+#include "state/key_codes.h"
 #include "support/world.h"
 
 namespace gridwright::test {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/input.h"
+#include "session/input.h"
 #include "support/world.h"
 
 namespace gridwright::test {

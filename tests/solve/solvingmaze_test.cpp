@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/input.h"
-#include "core/key_codes.h"
+#include "session/input.h"
+#include "state/key_codes.h"
 #include "support/maze_reading.h"
 #include "support/world.h"
 

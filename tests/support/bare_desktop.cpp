@@ -1,6 +1,6 @@
 #include "support/bare_desktop.h"
 
-#include "core/input.h"
+#include "session/input.h"
 
 namespace gridwright::test {
 

@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "core/controls.h"
-#include "core/menu_tree.h"
-#include "core/program.h"
-#include "platform/platform.h"
+#include "state/controls.h"
+#include "state/menu_tree.h"
+#include "state/platform.h"
+#include "state/program.h"
 
 namespace gridwright::test {
 

@@ -1,7 +1,7 @@
 // A desktop of memory whose bitmaps lie in a real folder, through the decoder that the desktops use.
 #pragma once
 
-#include "platform/images/image_files.h"
+#include "platform/shared/image_files.h"
 #include "support/bare_desktop.h"
 
 namespace gridwright::test {

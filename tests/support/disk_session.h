@@ -7,8 +7,8 @@
 #include <string>
 #include <utility>
 
-#include "core/main_loop.h"
-#include "core/program.h"
+#include "session/main_loop.h"
+#include "state/program.h"
 #include "support/disk_desktop.h"
 
 namespace gridwright::test {

@@ -8,7 +8,7 @@
 
 #include "canvas/bitmap.h"
 #include "canvas/geometry.h"
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright::test {
 

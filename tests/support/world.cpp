@@ -1,8 +1,8 @@
 #include "support/world.h"
 
-#include "canvas/colour_repairs.h"
-#include "core/grid.h"
-#include "core/main_loop.h"
+#include "colours/colour_repairs.h"
+#include "session/main_loop.h"
+#include "state/grid.h"
 
 namespace gridwright::test {
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "core/program.h"
+#include "state/program.h"
 #include "support/bare_desktop.h"
 #include "support/pictures.h"
 #include "support/work_folders.h"

@@ -2,8 +2,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "core/program.h"
 #include "platform/headless/headless_desktop.h"
+#include "state/program.h"
 
 namespace gridwright {
 

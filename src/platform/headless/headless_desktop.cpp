@@ -6,11 +6,11 @@
 #include <iostream>
 #include <utility>
 
-#include "core/enable_table.h"
-#include "core/input.h"
-#include "core/program.h"
-#include "platform/end_signals.h"
-#include "platform/images/image_files.h"
+#include "menus/enable_table.h"
+#include "platform/shared/end_signals.h"
+#include "platform/shared/image_files.h"
+#include "session/input.h"
+#include "state/program.h"
 
 namespace gridwright {
 

@@ -11,10 +11,10 @@
 #include <string_view>
 #include <vector>
 
-#include "core/field_names.h"
 #include "platform/headless/script.h"
-#include "platform/images/image_files.h"
-#include "platform/platform.h"
+#include "platform/shared/image_files.h"
+#include "state/field_names.h"
+#include "state/platform.h"
 
 namespace gridwright {
 

@@ -14,11 +14,11 @@
 #include <string_view>
 #include <vector>
 
-#include "core/main_loop.h"
-#include "core/program.h"
 #include "files/work_place.h"
-#include "platform/end_signals.h"
 #include "platform/headless/headless_desktop.h"
+#include "platform/shared/end_signals.h"
+#include "session/main_loop.h"
+#include "state/program.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/outcome.h"
+#include "canvas/outcome.h"
 
 namespace gridwright {
 

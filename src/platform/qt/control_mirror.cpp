@@ -7,9 +7,9 @@
 #include <QPushButton>
 #include <algorithm>
 
-#include "core/input.h"
 #include "platform/qt/canvas_view.h"
 #include "platform/qt/swatch_button.h"
+#include "session/input.h"
 
 namespace gridwright {
 

@@ -8,10 +8,10 @@
 #include <functional>
 #include <vector>
 
-#include "core/controls.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/panels.h"
 #include "platform/qt/swatch_frame.h"
+#include "state/controls.h"
 
 namespace gridwright {
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/program.h"
+#include "state/program.h"
 
 namespace gridwright {
 

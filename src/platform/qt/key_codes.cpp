@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-#include "core/key_codes.h"
+#include "state/key_codes.h"
 
 namespace gridwright {
 

@@ -5,10 +5,10 @@
 #include <memory>
 #include <system_error>
 
-#include "core/program.h"
 #include "files/work_place.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/run_window.h"
+#include "state/program.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);

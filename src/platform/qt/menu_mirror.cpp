@@ -5,8 +5,8 @@
 #include <QMenuBar>
 #include <algorithm>
 
-#include "core/input.h"
 #include "platform/qt/key_tips.h"
+#include "session/input.h"
 
 namespace gridwright {
 

@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "core/menu_tree.h"
 #include "platform/qt/input_queue.h"
+#include "state/menu_tree.h"
 
 class QAction;
 class QMenuBar;

@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-#include "core/controls.h"
+#include "state/controls.h"
 
 class QLabel;
 class QListWidget;

@@ -7,8 +7,8 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/images/growing_file.h"
-#include "platform/images/image_files.h"
+#include "platform/shared/growing_file.h"
+#include "platform/shared/image_files.h"
 
 namespace gridwright {
 

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "canvas/bitmap.h"
-#include "platform/images/image_files.h"
-#include "platform/platform.h"
+#include "platform/shared/image_files.h"
+#include "state/platform.h"
 
 namespace gridwright {
 
@@ -34,7 +34,8 @@ class Printing {
   [[nodiscard]] Outcome<PagesWent> pageAlone(const Bitmap& picture);
 
   /// The document is complete: the printer may begin, or the PDF gets its name.
-  /// \returns as `pageAlone` does; nowhere when there was no page. After a Fault nothing of the document is left.
+  /// \returns as `pageAlone` does; nowhere when there was no page. After a Fault nothing of the document is
+  /// left.
   [[nodiscard]] Outcome<PagesWent> endOfPages();
 
  private:

@@ -13,9 +13,9 @@
 #include <algorithm>
 #include <iostream>
 
-#include "core/input.h"
-#include "core/status_words.h"
-#include "platform/images/image_files.h"
+#include "menus/status_words.h"
+#include "platform/shared/image_files.h"
+#include "session/input.h"
 
 namespace gridwright {
 

@@ -9,13 +9,13 @@
 #include <functional>
 #include <memory>
 
-#include "platform/end_signals.h"
-#include "platform/platform.h"
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/menu_mirror.h"
 #include "platform/qt/printing.h"
 #include "platform/qt/window.h"
+#include "platform/shared/end_signals.h"
+#include "state/platform.h"
 
 namespace gridwright {
 

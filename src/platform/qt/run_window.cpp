@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <utility>
 
-#include "core/main_loop.h"
-#include "platform/end_signals.h"
+#include "platform/shared/end_signals.h"
+#include "session/main_loop.h"
 
 namespace gridwright {
 

@@ -9,8 +9,8 @@
 #include <filesystem>
 #include <functional>
 
-#include "core/program.h"
-#include "core/status_words.h"
+#include "menus/status_words.h"
+#include "state/program.h"
 
 namespace gridwright {
 

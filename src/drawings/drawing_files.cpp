@@ -1,0 +1,219 @@
+#include "drawings/drawing_files.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <system_error>
+#include <utility>
+
+#include "drawings/drawing_record.h"
+#include "drawings/drawing_values.h"
+#include "files/earlier_one.h"
+#include "files/plain_file.h"
+#include "files/saved_pair.h"
+#include "files/work_place.h"
+#include "menus/panels.h"
+
+namespace gridwright {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kRecordEnding = ".maze";
+constexpr std::string_view kBitmapEnding = ".bmp";
+constexpr std::string_view kLastDrawing = "last-drawing.bmp";
+
+bool isOwnPicture(std::string_view base) {
+  constexpr std::array<std::string_view, 9> kNames = {"title",    "drawing1", "drawing1b",
+                                                      "drawing2", "drawing3", "drawing4",
+                                                      "credit1",  "credit2",  "last-drawing"};
+  if (std::any_of(kNames.begin(), kNames.end(),
+                  [&](std::string_view n) { return equalButForCase(n, base); })) {
+    return true;
+  }
+  for (int slide = 1; slide <= 11; ++slide) {
+    if (equalButForCase("example" + std::to_string(slide), base)) return true;
+  }
+  return false;
+}
+
+PairPaths pairOf(const WorkFolder& folder, const std::string& base) {
+  // An existing spelling of the record wins for both files.
+  const fs::path record = folder.resolve(base + std::string(kRecordEnding));
+  const std::string spelt = record.stem().string();
+  return {record, folder.resolve(spelt + std::string(kBitmapEnding))};
+}
+
+/// What the files that a save is about to replace will be called; empty where there are none.
+std::string namesOfEarlier(const PairPaths& paths) {
+  std::string names;
+  for (const fs::path& path : {paths.record, paths.bitmap}) {
+    std::error_code failed;
+    if (fs::exists(path, failed))
+      names += (names.empty() ? "" : " and ") + earlierName(path).filename().string();
+  }
+  return names;
+}
+
+Outcome<Done> savePair(Program& program, const std::string& base) {
+  const PairPaths paths = pairOf(*program.files, base);
+  for (const fs::path& path : {paths.record, paths.bitmap}) {
+    if (isNoPlainFile(path)) return Fault{Fault::Kind::notPlain, path.string()};
+  }
+  recoverPair(paths);
+  std::error_code failed;
+  // An older save whose record can't take its name would be taken for this one's, were this one cut off.
+  if (fs::exists(paths.readyRecord(), failed)) return Fault{Fault::Kind::notWritable, paths.record.string()};
+  const fs::path record = paths.buildingRecord();
+  if (auto written = program.files->writeText(record.filename().string(), formatDrawing(recordOf(program)));
+      !written) {
+    recoverPair(paths);
+    return written.fault();
+  }
+  if (auto written =
+          program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap(), Overwrite::atOnce);
+      !written) {
+    recoverPair(paths);
+    return written.fault();
+  }
+  const std::string earlier = namesOfEarlier(paths);
+  auto taken = takePairOver(paths);
+  if (taken && !earlier.empty()) {
+    program.notices.tell(paths.record.stem().string() + " is saved; the one before it stays as " + earlier);
+  }
+  return taken;
+}
+
+void refreshLists(Program& program) {
+  for (const ControlId list : {ControlId::File1, ControlId::File2}) refreshList(program, list, kRecordEnding);
+}
+
+}  // namespace
+
+bool isNameForDrawing(std::string_view base) { return staysInFolder(base) && !isOwnPicture(base); }
+
+void recoverSaves(const WorkFolder& folder) {
+  // A bitmap that was cut off while it got its building name.
+  for (const std::string& name : folder.list(".building.building")) {
+    removeLeftOver(folder.path() / name);
+  }
+  // The bitmap's name may be spelt unlike the record's: a pair is found by its name without case.
+  std::map<std::string, PairPaths> pairs;
+  struct Ending {
+    std::string_view target, added;
+  };
+  for (const Ending ending : {Ending{kBitmapEnding, ".building"}, Ending{kRecordEnding, ".building"},
+                              Ending{kRecordEnding, ".ready"}, Ending{kBitmapEnding, "~.building"},
+                              Ending{kRecordEnding, "~.building"}}) {
+    for (const std::string& name : folder.list(std::string(ending.target) + std::string(ending.added))) {
+      const std::string target = name.substr(0, name.size() - ending.added.size());
+      const std::string base = target.substr(0, target.rfind('.'));
+      PairPaths& pair = pairs.try_emplace(inLowerCase(base), pairOf(folder, base)).first->second;
+      (ending.target == kBitmapEnding ? pair.bitmap : pair.record) = folder.path() / target;
+    }
+  }
+  for (const auto& [base, pair] : pairs) recoverPair(pair);
+  constexpr std::string_view kHeld = "~.building";
+  for (const std::string& name : folder.list(kHeld))
+    recoverEarlier(folder.path() / name.substr(0, name.size() - kHeld.size()));
+}
+
+void sdrawing(Program& program) {
+  ProgramState& s = program.state;
+  s.finishFound = false;
+  recoverSaves(*program.files);
+  refreshLists(program);
+  openPanel(program, kSavePanel, "");
+}
+
+void saveEntered(Program& program) {
+  program.state.finishFound = false;
+  const std::string base = baseName(program.controls[ControlId::text1].text);
+  closePanel(program, kSavePanel);
+  const auto saved =
+      isNameForDrawing(base) ? savePair(program, base) : Outcome<Done>(Fault{Fault::Kind::notWritable, base});
+  if (!saved) {
+    if (!program.files->tellIfNoPlainFile(saved.fault()))
+      program.platform.messageBox("Error: bad file name.");
+    return;
+  }
+  refreshLists(program);
+  const bool redraw = program.canvas.autoRedraw();
+  program.canvas.setAutoRedraw(false);
+  program.canvas.cls();
+  program.canvas.setAutoRedraw(redraw);
+}
+
+void saveEscaped(Program& program) { closePanel(program, kSavePanel); }
+
+void ldrawing(Program& program) {
+  recoverSaves(*program.files);
+  refreshLists(program);
+  std::string& last = program.state.files.lastDrawing;
+  last = nameToOffer(program, ControlId::File2, last);
+  openPanel(program, kLoadPanel, last);
+}
+
+void loadEntered(Program& program) {
+  const std::string base = baseName(program.controls[ControlId::Text4].text);
+  closePanel(program, kLoadPanel);
+  const std::string recordName = base + std::string(kRecordEnding);
+  const auto text = isNameForDrawing(base) ? program.files->readText(recordName)
+                                           : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
+  const auto drawing = text ? parseDrawing(text.value()) : Outcome<DrawingRecord>(text.fault());
+  if (!drawing) {
+    program.platform.messageBox("Error: can't find file.");
+    return;
+  }
+  const auto picture = program.platform.loadBitmap(pairOf(*program.files, base).bitmap);
+  if (!picture) {
+    program.platform.messageBox("Error: can't find bitmap.");
+    return;
+  }
+  keepLastDrawing(program);
+  install(program, drawing.value(), picture.value());
+}
+
+void loadEscaped(Program& program) { closePanel(program, kLoadPanel); }
+
+namespace {
+
+void tellIfUnwritable(Program& program) {
+  if (program.toldUnwritable || program.files->takesFiles()) return;
+  program.toldUnwritable = true;
+  program.files->tell(wordsOnUnwritableFolder(program.dataFolder));
+}
+
+void keep(Program& program, const Bitmap& picture) {
+  const fs::path& data = program.dataFolder;
+  if (program.pictures.save(kLastDrawing, picture, Overwrite::atOnce)) return;
+  if (!data.empty() && makePersonalFolder(data))
+    program.platform.saveBitmap(picture, data / kLastDrawing, Overwrite::atOnce);
+  tellIfUnwritable(program);
+}
+
+}  // namespace
+
+void keepLastDrawing(Program& program) {
+  const Phase phase = program.state.phase;
+  if (phase == Phase::title) return;
+  if (phase == Phase::patternEditing || phase == Phase::patternRequest) {
+    // The editor's field lies over the picture.
+    if (program.state.editor.fieldCoversPicture) keep(program, program.pictures.load("drawing4.bmp"));
+  } else if (program.canvas.showsAnything()) {
+    keep(program, program.canvas.image());
+  }
+}
+
+void tellOfFolder(Program& program) {
+  std::string words = std::exchange(program.wordsAtBegin, {});
+  if (!words.empty()) program.files->tell(std::move(words));
+  tellIfUnwritable(program);
+  const fs::path last = program.files->resolve(kLastDrawing);
+  if (isNoPlainFile(last)) program.files->tellIfNoPlainFile({Fault::Kind::notPlain, last.string()});
+  program.files->tellThrough(
+      [&desktop = program.platform](std::string_view told) { desktop.messageBox(told); });
+}
+
+}  // namespace gridwright

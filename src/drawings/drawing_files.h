@@ -1,0 +1,37 @@
+// Drawings on disk: a pair of files of one base name, the record and the Canvas as a bitmap.
+//
+// A save builds both beside their targets and takes them over only when both are complete. Killed at
+// any moment, either the old pair or the new one is there: a pair that was complete but not yet taken
+// over is taken over at the next look, one that was not is forgotten.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "state/program.h"
+
+namespace gridwright {
+
+void sdrawing(Program& program);  ///< "Save Gridwright Drawing"
+void saveEntered(Program& program);
+void saveEscaped(Program& program);
+
+void ldrawing(Program& program);  ///< "Load Gridwright Drawing"
+void loadEntered(Program& program);
+void loadEscaped(Program& program);
+
+/// Whether a name may be a drawing's: not empty, no separator, none of the program's own pictures.
+bool isNameForDrawing(std::string_view base);
+
+/// Finishes or forgets saves that were cut off.
+void recoverSaves(const WorkFolder& folder);
+
+/// The persistent image, where anything is drawn on it, goes quietly to last-drawing.bmp: nobody loses
+/// a picture by a slip. Where the working folder does not take it, it goes to the data folder.
+void keepLastDrawing(Program& program);
+
+/// Says, once each, what a person must know of the folder before drawing in it: that it is not the one
+/// expected, that it takes no files, that the last drawing cannot be kept under its name.
+void tellOfFolder(Program& program);
+
+}  // namespace gridwright

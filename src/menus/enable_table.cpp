@@ -1,0 +1,136 @@
+#include "menus/enable_table.h"
+
+#include <algorithm>
+#include <array>
+
+namespace gridwright {
+
+namespace {
+
+constexpr unsigned bit(Phase phase) { return 1U << (static_cast<int>(phase) + 6); }
+constexpr unsigned phases(Phase from, Phase to) {
+  unsigned set = 0;
+  for (int p = static_cast<int>(from); p <= static_cast<int>(to); ++p) set |= bit(static_cast<Phase>(p));
+  return set;
+}
+
+constexpr unsigned kEditing = phases(Phase::patternRequest, Phase::patternEditing);
+constexpr unsigned kDrawing = bit(Phase::drawing);
+constexpr unsigned kWorking = phases(Phase::drawing, Phase::solved);  // 0 to 4
+constexpr unsigned kAll = kEditing | kWorking;
+
+/// What a row asks besides its phases.
+enum Need : unsigned {
+  kNothing = 0,
+  kUnderTextPanel = 1U << 0,  // stays on while a text panel holds the window
+  kUnderAnyPanel = 1U << 1,   // stays on while any panel holds it
+  kWhileEditing = 1U << 2,    // stays on in the pattern editor
+  kNoPrintRun = 1U << 4,      // while `printTotal` is 0
+  kPrintRun = 1U << 5,        // while `printMode` is not 0
+  kRefreshDue = 1U << 6,      // while a maze is part of every maze
+};
+
+struct Rule {
+  Item item;
+  unsigned phases;
+  unsigned needs;
+};
+
+constexpr auto kTable = std::to_array<Rule>({
+    {Item::importdrawing, kDrawing, kNothing},
+    {Item::ndrawing, kDrawing, kNothing},
+    {Item::sdrawing, kDrawing, kNothing},
+    {Item::ldrawing, kDrawing, kNothing},
+    {Item::choosew, kDrawing, kNothing},
+    {Item::selectcolor, kDrawing, kNothing},
+    {Item::resetcolors, kDrawing, kNothing},
+    {Item::drawingon, kDrawing, kUnderTextPanel},
+    {Item::drawingoff, kDrawing, kUnderTextPanel},
+    {Item::multdrawing, kDrawing, kUnderTextPanel},
+    {Item::changewallsize, phases(Phase::drawing, Phase::making), kNothing},
+    {Item::createreg, kWorking, kNothing},
+    {Item::create3d, kWorking, kNothing},
+    {Item::create3dpipe, kWorking, kNothing},
+    {Item::newmaze, kWorking, kNothing},
+    {Item::backtodrawing, phases(Phase::making, Phase::solved), kNothing},
+    {Item::backtomaze, phases(Phase::placing, Phase::solved), kNothing},
+    {Item::sandf, bit(Phase::making) | phases(Phase::solving, Phase::solved), kNothing},
+    {Item::solvemaze, bit(Phase::placing), kNothing},
+    {Item::rfinish, phases(Phase::drawing, Phase::placing), kNothing},
+    {Item::mpdrawing, bit(Phase::making), kUnderTextPanel},
+    {Item::nrefresh, kWorking, kRefreshDue},
+    {Item::srndpatterns, phases(Phase::drawing, Phase::placing), kNothing},
+    {Item::printwithsolutions, kWorking, kNoPrintRun},
+    {Item::printnosolutions, kWorking, kNoPrintRun},
+    {Item::printfff, kAll, kWhileEditing},
+    {Item::editpatterns, kEditing | phases(Phase::drawing, Phase::making), kWhileEditing},
+    {Item::rightpattern, kEditing | phases(Phase::drawing, Phase::making), kWhileEditing},
+    {Item::uppattern, kEditing | phases(Phase::drawing, Phase::making), kWhileEditing},
+    {Item::downpattern, kEditing | phases(Phase::drawing, Phase::making), kWhileEditing},
+    {Item::savepatterns, kEditing | phases(Phase::drawing, Phase::making), kWhileEditing},
+    {Item::loadpatterns, kEditing | phases(Phase::drawing, Phase::making), kWhileEditing},
+    {Item::resetpatterns, kEditing | phases(Phase::drawing, Phase::making), kWhileEditing},
+    {Item::exitpattern, kEditing, kWhileEditing},
+    {Item::crpattern, kEditing, kWhileEditing},
+    {Item::resetpattern, kEditing, kWhileEditing},
+    {Item::makeidentical, kEditing, kWhileEditing},
+    {Item::quit2, kAll, kWhileEditing},
+    {Item::stopallprintings, kAll, kWhileEditing | kUnderAnyPanel | kPrintRun},
+});
+
+/// A text panel shows a label and a box; the colour panels show swatches.
+bool colourPanelOpen(const Program& program) {
+  return program.state.panelOpen &&
+         (program.controls[ControlId::Check1].visible || program.controls[ControlId::Check17].visible);
+}
+
+bool holds(const Program& program, const Rule& rule) {
+  const ProgramState& s = program.state;
+  const auto has = [&](Need need) { return (rule.needs & need) != 0; };
+  if ((rule.phases & bit(s.phase)) == 0) return false;
+  if (s.paused && !has(kUnderAnyPanel) && !(has(kUnderTextPanel) && !colourPanelOpen(program))) return false;
+  if (s.editedPattern != 0 && !has(kWhileEditing)) return false;
+  if (has(kNoPrintRun) && s.printTotal != 0) return false;
+  if (has(kPrintRun) && s.printMode == PrintMode::none) return false;
+  return !has(kRefreshDue) || s.nrefreshDue;
+}
+
+const Rule* ruleOf(Item item) {
+  const auto* row = std::find_if(kTable.begin(), kTable.end(), [&](const Rule& r) { return r.item == item; });
+  return row == kTable.end() ? nullptr : row;
+}
+
+std::uint64_t keyOf(const Program& program) {
+  const ProgramState& s = program.state;
+  auto key = static_cast<std::uint64_t>(static_cast<int>(s.phase)) + 6;
+  for (const bool flag :
+       {s.paused, s.panelOpen, s.editedPattern != 0, s.printTotal != 0, s.printMode != PrintMode::none,
+        s.nrefreshDue, program.controls[ControlId::Check1].visible,
+        program.controls[ControlId::Check17].visible}) {
+    key = key << 1 | static_cast<std::uint64_t>(flag);
+  }
+  return key;
+}
+
+}  // namespace
+
+bool tableLists(Item item) { return ruleOf(item) != nullptr; }
+
+bool tableEnables(const Program& program, Item item) {
+  const Rule* rule = ruleOf(item);
+  return rule != nullptr && holds(program, *rule);
+}
+
+void applyEnableTable(Program& program) {
+  for (const Rule& rule : kTable) {
+    program.menus.setEnabled(rule.item, holds(program, rule));
+  }
+  program.menus.enableKey = keyOf(program);
+}
+
+void applyEnableTableIfChanged(Program& program) {
+  if (program.state.editor.preparing) return;  // patterns made before a maze change no menu
+  if (program.menus.enableKey != keyOf(program)) applyEnableTable(program);
+}
+
+}  // namespace gridwright

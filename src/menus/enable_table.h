@@ -1,0 +1,22 @@
+// Which commands are enabled: one table over the phase, the panels, the pattern editor and the print
+// job. Nothing else enables or disables the items it lists, so no order of panels, editors and quits
+// can leave one disabled for good.
+#pragma once
+
+#include "state/program.h"
+
+namespace gridwright {
+
+/// What the table says of an item now; items it does not list keep the state that their own rules give.
+bool tableEnables(const Program& program, Item item);
+
+/// Whether the table lists the item.
+bool tableLists(Item item);
+
+/// Writes the table into the menu model.
+void applyEnableTable(Program& program);
+
+/// The same, when something that the table reads has changed since; costs a comparison otherwise.
+void applyEnableTableIfChanged(Program& program);
+
+}  // namespace gridwright

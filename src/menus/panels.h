@@ -1,0 +1,53 @@
+// Text panels: a box, a label and perhaps a list over the Canvas, which hold the program until Enter
+// or Escape. Every panel opens and closes through the same two halves.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "state/program.h"
+
+namespace gridwright {
+
+struct Panel {
+  ControlId box, label;
+  std::optional<ControlId> list;
+};
+
+inline constexpr Panel kWallSizePanel{ControlId::Text2, ControlId::Label4, std::nullopt};
+inline constexpr Panel kRandomSizePanel{ControlId::Text7, ControlId::Label10, std::nullopt};
+inline constexpr Panel kSavePanel{ControlId::text1, ControlId::Label2, ControlId::File1};
+inline constexpr Panel kLoadPanel{ControlId::Text4, ControlId::Label3, ControlId::File2};
+inline constexpr Panel kSaveSetPanel{ControlId::Text5, ControlId::Label8, ControlId::File3};
+inline constexpr Panel kLoadSetPanel{ControlId::Text6, ControlId::Label9, ControlId::File4};
+inline constexpr Panel kPrintPanel{ControlId::Text3, ControlId::Label1, std::nullopt};
+inline constexpr Panel kImportPanel{ControlId::Text8, ControlId::Label11, ControlId::File5};
+
+/// Holds the window: the running loop stands still, and the long list of commands is off.
+void openPanel(Program& program, const Panel& panel, std::string_view content);
+
+/// The same, with strokes going to the screen alone until the panel closes.
+void openPanelOverScreen(Program& program, const Panel& panel, std::string_view content);
+
+/// Gives the window back, and the drawing mode that the opening kept.
+void closePanel(Program& program, const Panel& panel);
+
+void hideAllPanels(Program& program);
+
+/// The number a box begins with, as a person means it: leading blanks, a sign, digits and a fraction;
+/// anything else ends it. Rounded down; no digits give 0, huge values are held at the limits.
+int numberTyped(std::string_view text);
+
+/// Fills a list with the names that end so, keeping the chosen one where it is still there.
+void refreshList(Program& program, ControlId list, std::string_view ending);
+
+/// What a file panel's box shows at its opening: the chosen entry, else `lastName`, else the first.
+std::string nameToOffer(const Program& program, ControlId list, std::string_view lastName);
+
+/// Enter or Escape in a text box.
+void panelEntered(Program& program, ControlId box);
+void panelEscaped(Program& program, ControlId box);
+
+void changewallsize(Program& program);  ///< "Change wall size"
+
+}  // namespace gridwright

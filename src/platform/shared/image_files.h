@@ -1,0 +1,68 @@
+// Bitmap files and printed pages by way of Qt, for both tenants.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "canvas/bitmap.h"
+#include "canvas/outcome.h"
+#include "files/overwrite.h"
+#include "files/plain_file.h"
+
+class QImage;
+class QPainter;
+class QPageLayout;
+class QPagedPaintDevice;
+
+namespace gridwright {
+
+/// Decodes a bitmap file by content to exact 24-bit colour, alpha dropped, cut at 1000 by 1000.
+Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
+
+/// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself fails
+/// in the middle of one written in place. Nothing is written to what is no plain file: a notPlain Fault.
+Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path,
+                              Overwrite how = Overwrite::atOnce);
+
+QImage imageOf(const Bitmap& picture);
+
+/// Turns the device's page to the picture's shape; to be called before its page begins.
+void turnPageTo(QPagedPaintDevice& device, const Bitmap& picture);
+
+/// Paints the picture fitted to the printable area, aspect kept, pixel for pixel sharp.
+void paintPage(QPainter& painter, const Bitmap& picture);
+
+/// A document that grows page by page on disk, so that a book of any length costs no memory. It gets
+/// its name when it is finished, and leaves nothing behind when it is not.
+class PdfDocument {
+ public:
+  /// Nothing but a plain file, or a free name, is taken: else there is a Fault from the first page on.
+  explicit PdfDocument(std::filesystem::path path);
+  ~PdfDocument();
+  PdfDocument(const PdfDocument&) = delete;
+  PdfDocument& operator=(const PdfDocument&) = delete;
+
+  /// \returns a Fault from the first page on of which a byte could not be written.
+  Outcome<Done> addPage(const Bitmap& picture);
+  /// Every byte is on the disk and the document has its name; else a Fault, and what was there under the
+  /// name stays as it was.
+  Outcome<Done> finish();
+
+  /// The name that it will have.
+  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+  void setPath(std::filesystem::path path) { path_ = std::move(path); }
+
+ private:
+  struct Writer;
+  std::filesystem::path path_;
+  std::unique_ptr<Writer> writer_;
+};
+
+/// The pictures that came with the program, for an executable in this folder: in the share folder of
+/// an installed one, beside one that was just built. Empty when there are none.
+std::filesystem::path contentFolderFor(const std::filesystem::path& executableFolder);
+
+/// The same for the executable that runs.
+std::filesystem::path contentFolderOfProgram();
+
+}  // namespace gridwright

@@ -1,0 +1,11 @@
+#include "printing/print_window.h"
+
+#include "printing/run_words.h"
+
+namespace gridwright {
+
+void printfff(Program& program) {
+  tellPrinted(program, "the window is printed", program.platform.printAlone(program.canvas.shownImage()));
+}
+
+}  // namespace gridwright

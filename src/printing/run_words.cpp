@@ -1,0 +1,46 @@
+#include "printing/run_words.h"
+
+namespace gridwright {
+
+namespace {
+
+std::string mazes(int count) { return std::to_string(count) + (count == 1 ? " maze" : " mazes"); }
+
+}  // namespace
+
+bool runWaitsForMaze(const ProgramState& state) {
+  return state.phase == Phase::drawing || (state.phase >= Phase::solving && !state.print.printedNow);
+}
+
+void tellRun(Program& program) {
+  const ProgramState& s = program.state;
+  if (s.printMode == PrintMode::none) return;
+  if (runWaitsForMaze(s)) {
+    const bool answers = s.printMode == PrintMode::withAnswers;
+    program.notices.tell(mazes(s.printTotal) + (answers ? " with" : " without") + " answers will be printed");
+  } else {
+    program.notices.tell("maze " + std::to_string(s.printedCount + 1) + " of " +
+                         std::to_string(s.printTotal));
+  }
+}
+
+std::string runEndWords(const ProgramState& state) {
+  const std::string total = mazes(state.printTotal) + (state.printTotal == 1 ? " is" : " are") + " printed";
+  return state.printedCount < state.printTotal ? std::to_string(state.printedCount) + " of " + total : total;
+}
+
+std::string answersLeftOutWords(const ProgramState& state) {
+  const int without = state.print.withoutAnswer;
+  if (without == 0) return {};
+  return "; " + std::to_string(without) + (without == 1 ? " has" : " have") +
+         " no answer, because no way leads from start to finish";
+}
+
+void tellPrinted(Program& program, const std::string& what, const Outcome<PagesWent>& went,
+                 const std::string& more) {
+  if (!went) return;
+  const PagesWent& pages = went.value();
+  program.notices.tell((pages.where.empty() ? what : what + " " + pages.where) + more, pages.file);
+}
+
+}  // namespace gridwright

@@ -1,0 +1,134 @@
+#include "session/input.h"
+
+#include <algorithm>
+#include <array>
+
+#include "colours/colour_editor.h"
+#include "menus/enable_table.h"
+#include "menus/panels.h"
+#include "printing/print_job.h"
+#include "session/keys.h"
+#include "session/main_loop.h"
+#include "session/menu_commands.h"
+#include "session/slideshow.h"
+#include "session/title.h"
+#include "state/grid.h"
+
+namespace gridwright::input {
+
+namespace {
+
+bool isLive(const Program& program, ControlId id) {
+  return program.controls[id].visible && program.controls[id].enabled;
+}
+
+/// While a maze is prepared by a loop of its own, only leaving is possible.
+bool isHeldBack(const ProgramState& s, Item item) {
+  return s.editor.preparing && item != Item::quit2 && item != Item::stopallprintings;
+}
+
+struct Button {
+  ControlId id;
+  void (*press)(Program&);
+};
+constexpr std::array kButtons = {
+    Button{ControlId::Command1, command1},
+    Button{ControlId::Command2, command2},
+    Button{ControlId::Command3, command3},
+    Button{ControlId::Command4, command4},
+    Button{ControlId::Command5, command5},
+    Button{ControlId::Command6, command6},
+    Button{ControlId::Command7, [](Program&) { endProgram(); }},
+};
+
+/// The box that a file list fills.
+struct ListOfPanel {
+  ControlId list, box;
+};
+constexpr std::array kLists = {
+    ListOfPanel{ControlId::File1, ControlId::text1}, ListOfPanel{ControlId::File2, ControlId::Text4},
+    ListOfPanel{ControlId::File3, ControlId::Text5}, ListOfPanel{ControlId::File4, ControlId::Text6},
+    ListOfPanel{ControlId::File5, ControlId::Text8}};
+
+}  // namespace
+
+void keyDown(Program& program, int code) {
+  ProgramState& s = program.state;
+  if (s.paused || program.controls.focus() || s.keyBusy) return;
+  s.keyBusy = true;
+  dispatchKey(program, code);
+}
+
+void menuClick(Program& program, Item item) {
+  applyEnableTableIfChanged(program);
+  if (program.state.keyBusy || !program.menus.available(item)) return;
+  const Command command = commandOf(item);
+  if (command == nullptr) return;
+  if (isHeldBack(program.state, item)) {
+    program.notices.tell("Not now: random patterns are being made for the next maze");
+    return;
+  }
+  program.state.keyBusy = true;
+  command(program);
+}
+
+void mouseDown(Program& program, int button) { slideMouse(program, button); }
+
+void timerTick(Program& program, ControlId timer) { slideTimer(program, timer); }
+
+void buttonClick(Program& program, ControlId button) {
+  if (!isLive(program, button)) return;
+  const auto* row =
+      std::find_if(kButtons.begin(), kButtons.end(), [&](const Button& b) { return b.id == button; });
+  if (row != kButtons.end()) row->press(program);
+}
+
+void swatchLeft(Program& program, ControlId swatch) {
+  if (isLive(program, swatch)) swatchClicked(program, swatch);
+}
+
+void swatchRight(Program& program, ControlId swatch) {
+  if (isLive(program, swatch)) swatchRightPressed(program, swatch);
+}
+
+void textTyped(Program& program, ControlId box, std::string_view text) {
+  if (!isLive(program, box)) return;
+  if (box == ControlId::Text3) printPanelKey(program);
+  program.controls.setText(box, text);
+}
+
+void enterPressed(Program& program, ControlId box) {
+  if (!isLive(program, box)) return;
+  if (box == ControlId::Text3) printPanelKey(program);
+  panelEntered(program, box);
+}
+
+void escapePressed(Program& program, ControlId control) {
+  if (!isLive(program, control)) return;
+  if (rowOf(control).kind != ControlKind::textBox) return colourPanelEscaped(program);
+  if (control == ControlId::Text3) printPanelKey(program);
+  panelEscaped(program, control);
+}
+
+void listClick(Program& program, ControlId list, int entry) {
+  const Control& control = program.controls[list];
+  if (!isLive(program, list) || entry < 0 || entry >= static_cast<int>(control.entries.size())) return;
+  const auto* row =
+      std::find_if(kLists.begin(), kLists.end(), [&](const ListOfPanel& l) { return l.list == list; });
+  if (row == kLists.end()) return;
+  program.controls.setSelected(list, entry);
+  if (list == ControlId::File2)
+    program.state.files.lastDrawing = control.entries[static_cast<std::size_t>(entry)];
+  if (list == ControlId::File4)
+    program.state.files.lastSet = control.entries[static_cast<std::size_t>(entry)];
+  program.controls.setText(row->box, control.entries[static_cast<std::size_t>(entry)]);
+  program.controls.setFocus(row->box);
+}
+
+void resized(Program& program, Size size) {
+  const ProgramState& s = program.state;
+  if (s.phase != Phase::title && s.phase != Phase::drawing) return;
+  if (s.editedPattern == 0) followWindow(program, size);
+}
+
+}  // namespace gridwright::input

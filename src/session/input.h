@@ -1,0 +1,45 @@
+// What a person does, as the tenants report it from inside the pump. Handlers change state; the
+// running loop acts on it. A menu command proceeds only while `keyBusy` is 0 and sets it, so one pump
+// takes one command and drops the rest; buttons, boxes, lists, swatches, timers and the close of the
+// window do not ask.
+#pragma once
+
+#include "state/program.h"
+
+namespace gridwright::input {
+
+/// A key goes down with this code. Lost while a panel or an editor holds the work, while a text box has
+/// the keyboard, and when a command was taken in this pump already.
+void keyDown(Program& program, int code);
+
+/// Chooses an item. One that is disabled, hidden or only informs does nothing.
+void menuClick(Program& program, Item item);
+
+/// A mouse button went down on the Canvas: 1 left, 2 right.
+void mouseDown(Program& program, int button);
+
+/// A running timer's wait is over.
+void timerTick(Program& program, ControlId timer);
+
+/// Presses a button; one that is not shown does nothing.
+/// \throws ProgramEnd for the button that quits the program.
+void buttonClick(Program& program, ControlId button);
+
+/// The left button on a swatch or another check box, and the right button on one.
+void swatchLeft(Program& program, ControlId swatch);
+void swatchRight(Program& program, ControlId swatch);
+
+/// Puts text into a shown text box, as typing does.
+void textTyped(Program& program, ControlId box, std::string_view text);
+void enterPressed(Program& program, ControlId box);
+
+/// Escape in a shown text box, or on a shown part of a colour panel: leaves the panel.
+void escapePressed(Program& program, ControlId control);
+
+/// Chooses an entry of a shown file list: it goes into the panel's box, which gets the focus.
+void listClick(Program& program, ControlId list, int entry);
+
+/// The window's client area has a new size: the Canvas follows at the title and in drawing only.
+void resized(Program& program, Size size);
+
+}  // namespace gridwright::input

@@ -1,0 +1,53 @@
+#include "state/grid.h"
+
+namespace gridwright {
+
+CellGrid presentGrid(const ProgramState& state) {
+  return {state.wallWidth, state.wallHeight, state.stepX, state.stepY, state.gridRight, state.gridBottom};
+}
+
+CellGrid pipeGrid(const Program& program) {
+  const ProgramState& s = program.state;
+  const int stepX = 2 * s.wallWidth;
+  const int stepY = 2 * s.wallHeight;
+  return {s.wallWidth,
+          s.wallHeight,
+          stepX,
+          stepY,
+          lastGridLine(s.wallWidth, stepX, program.canvas.scaleWidth()),
+          lastGridLine(s.wallHeight, stepY, program.canvas.scaleHeight())};
+}
+
+void measureGrid(Program& program) {
+  ProgramState& s = program.state;
+  s.canvasWidth = program.canvas.scaleWidth();
+  s.canvasHeight = program.canvas.scaleHeight();
+  s.gridRight = lastGridLine(s.wallWidth, s.stepX, s.canvasWidth);
+  s.gridBottom = lastGridLine(s.wallHeight, s.stepY, s.canvasHeight);
+}
+
+void followWindow(Program& program, Size client) {
+  if (program.platform.windowState() != WindowState::minimised) program.canvas.resize(client);
+}
+
+void pitchFromKind(ProgramState& state) {
+  const int times = state.mazeKind == MazeKind::pipe ? 2 : 1;
+  state.stepX = times * state.wallWidth;
+  state.stepY = times * state.wallHeight;
+}
+
+Square firstCell(const ProgramState& state) {
+  return {state.wallWidth, state.wallHeight, 2 * state.wallWidth - 1, 2 * state.wallHeight - 1};
+}
+
+bool isFreeCell(const Program& program, const CellGrid& grid, Corner cell) {
+  const Pixels pixels = program.pixels();
+  return pixels.background(cell.x + 1, cell.y + 1) &&
+         pixels.allFree(cell.x, cell.y, cell.x + grid.wallWidth - 1, cell.y + grid.wallHeight - 1);
+}
+
+Square normalised(const ProgramState& state, const Square& square) {
+  return {square.left, square.top, square.left + state.wallWidth - 3, square.top + state.wallHeight - 3};
+}
+
+}  // namespace gridwright

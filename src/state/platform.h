@@ -1,0 +1,107 @@
+// The one door to the operating system. Behind it stand two tenants: the window that people use, and
+// a headless twin that runs the same program from a script. Neither is asked for the truth: menus and
+// controls are models that a tenant mirrors inside `doEvents`.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "canvas/bitmap.h"
+#include "canvas/geometry.h"
+#include "canvas/outcome.h"
+#include "files/overwrite.h"
+#include "state/modes.h"
+
+namespace gridwright {
+
+struct Program;
+
+/// A window's place on the desktop, in pixels.
+struct WindowPlace {
+  int left = 0, top = 0, width = 0, height = 0;
+};
+
+/// Where pages went, to be told to a person.
+struct PagesWent {
+  std::string where;           ///< Such as "to gridwright-0001.pdf, in /home/me"; may be empty.
+  std::filesystem::path file;  ///< What a click on the notice opens; empty for none.
+};
+
+/// What the running loop has in mind when it lets events run.
+enum class Pace {
+  working,       ///< There is more to do by itself: handle what is pending and come back.
+  idle,          ///< Only an event can change anything: the pump may wait for one.
+  housekeeping,  ///< Repaints, timers and resizes alone; keys and commands wait for the next pump.
+};
+
+/// What a person is told of pages that neither paper nor disk takes.
+inline constexpr std::string_view kPagesLost = "Error: the pages could not be saved.";
+
+/// Thrown by the pump when the window is closed: the program ends from wherever it stands, and the
+/// destructors on the way leave every file whole.
+struct ProgramEnd {};
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  /// Delivers pending events through session/input.h and shows what changed. With `Pace::working` it
+  /// returns at once when nothing is pending.
+  /// \throws ProgramEnd when the window was closed.
+  virtual void doEvents(Program& program, Pace pace) = 0;
+
+  /// Client area in pixels of the Canvas, before the Canvas's own limits.
+  virtual Size clientSize() = 0;
+
+  virtual WindowState windowState() = 0;
+
+  /// The folder of the pictures that came with the program: title and slides.
+  virtual std::filesystem::path contentFolder() = 0;
+
+  /// Where the window lies when it is neither minimised nor maximised, and where it will go back to;
+  /// a place that lies on no screen is ignored.
+  virtual WindowPlace normalPlace() = 0;
+  virtual void setNormalPlace(const WindowPlace& place) = 0;
+
+  /// Minimises the window or gives it back its size; the program does it to work unseen.
+  virtual void setWindowState(WindowState state) = 0;
+
+  /// Maximises and lets the new size arrive (at most 200 ms), without delivering any input.
+  /// \returns the client size from then on.
+  virtual Size maximise() = 0;
+
+  /// Brings the window to the front, wholly repainted.
+  virtual void raise() = 0;
+
+  /// Tells a person one line; returns when it was read.
+  virtual void messageBox(std::string_view text) = 0;
+
+  /// Decodes a bitmap file of any depth to exact 24-bit colour, cut at 1000 by 1000.
+  /// \returns a Fault, and nothing else happens, when it cannot be opened or is not whole.
+  virtual Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) = 0;
+
+  /// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself
+  /// fails in the middle of one written in place. To what is no plain file nothing is written.
+  virtual Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                                   Overwrite how) = 0;
+
+  /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
+  /// \returns a Fault when it cannot be kept: the pages since the last end are lost then, as the end tells.
+  virtual Outcome<Done> printForm(const Bitmap& picture) = 0;
+
+  /// One page that is a document of its own, also while a run's pages are not complete.
+  /// \returns where it went; a Fault when it could not be kept, which the tenant has told: `kPagesLost`.
+  virtual Outcome<PagesWent> printAlone(const Bitmap& picture) = 0;
+
+  /// The pages since the last call are one document, complete now.
+  /// \returns as `printAlone` does; nowhere when there was no page. After a Fault the document's name bears
+  /// what it bore before.
+  virtual Outcome<PagesWent> endOfPages() = 0;
+
+  /// A number from the clock, to seed Rnd with.
+  virtual std::uint32_t clockSeed() = 0;
+};
+
+}  // namespace gridwright

@@ -1,0 +1,55 @@
+// Everything one run of the program holds. There are no globals: a test makes as many as it likes.
+//
+// The routines are free functions over it; a handler changes state and leaves acting on it to the
+// running loop's next pass.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "canvas/canvas.h"
+#include "canvas/colour_sets.h"
+#include "files/step_files.h"
+#include "files/work_folder.h"
+#include "files/work_pictures.h"
+#include "state/controls.h"
+#include "state/menu_tree.h"
+#include "state/notices.h"
+#include "state/platform.h"
+#include "state/program_state.h"
+#include "state/random.h"
+
+namespace gridwright {
+
+struct Program {
+  /// \param workFolder where every file lies; it must exist.
+  Program(Platform& desktop, const std::filesystem::path& workFolder)
+      : Program(desktop, std::make_unique<WorkFolder>(workFolder)) {}
+  Program(Platform& desktop, std::unique_ptr<WorkFolder> folder)
+      : platform(desktop), files(std::move(folder)), pictures(desktop, *files), steps(*files) {}
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  ProgramState state;
+  Canvas canvas;
+  ColourSets colours;
+  MenuModel menus;
+  ControlModel controls;
+  Notices notices;
+  Random random;
+  Platform& platform;
+  std::unique_ptr<WorkFolder> files;
+  WorkPictures pictures;
+  StepFiles steps;
+
+  /// Where a drawing is kept that the working folder does not take; empty for nowhere.
+  std::filesystem::path dataFolder;
+  /// What a person must know of the working folder, told at "Click to Begin"; empty when told or nothing.
+  std::string wordsAtBegin;
+  bool toldUnwritable = false;
+
+  [[nodiscard]] Pixels pixels() const { return {canvas, colours}; }
+};
+
+}  // namespace gridwright

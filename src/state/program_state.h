@@ -1,0 +1,248 @@
+// The one record of values that the routines share. The pixels of the Canvas are the maze; this is
+// everything else. Positions are Canvas pixels; flags are false and true where the vocabulary says 0
+// and 1. What one subsystem alone uses stands in a record of its own, named for it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "canvas/colour.h"
+#include "canvas/geometry.h"
+#include "state/modes.h"
+
+namespace gridwright {
+
+/// The carving walker's own values.
+struct WalkerState {
+  WalkMode lastWalkMode = WalkMode::none;  ///< `walkMode` at the last move.
+  CreationMode lastCreationMode = CreationMode::user;
+  int lastStepCode = step::none;
+  int leadX = 0, leadY = 0;     ///< Leading edge of the square for the present step.
+  int patternValue = 0;         ///< Last number read from the step file.
+  Colour coveredColor = 0;      ///< Colour under the square; -20 at a start.
+  Colour cellColorAtEntry = 0;  ///< Pixel at the square's corner, read on arrival.
+  Colour previousMazeColor = 0;
+  Colour cellBaseColor = 0;  ///< A palette colour whose maze colour is wanted.
+  bool cellBaseKnown = false;
+  Square walkStart;            ///< Where the walker begins and returns to from the finish.
+  bool walkStartKept = false;  ///< Set by `mpdrawing`.
+  Square resume;               ///< The walker as it stood when `makemaze` returned.
+  WalkMode resumeWalkMode = WalkMode::back;
+  Square lastStop, keptStop;  ///< Last remembered dead end, and that at `mpdrawing`.
+  bool stopSeen = false;
+  bool stopMaking = false;   ///< Set by `rfinish`; ends the loop.
+  bool sweepActive = false;  ///< The sweep over all directions after a refused underpass.
+  int sweepCode = 0;
+  bool savedMazeMadeOnce = false;
+  bool backToMaze = false;  ///< From `backtomaze` until `makemaze2` has run.
+  Phase phaseAtRestart = Phase::drawing;
+  std::int64_t passesSinceCarved = 0;    ///< Full passes since anything was carved.
+  std::optional<CellCorner> helpedCell;  ///< The rescue put the walker beside it; nothing was carved since.
+  std::set<CellCorner> givenUpCells;     ///< Cells of this maze that are left free: the rescue was in vain.
+  bool freeCellMetSinceStep = false;     ///< The fill sweep has met a free cell and nothing moved since.
+  std::size_t channelPosition = 0;       ///< How far the open step file was read.
+};
+
+/// One step in the kinds with underpasses, shared by the walker and the pattern preview.
+struct UnderpassState {
+  int aheadTwoState = 3, aheadOneState = 3;  ///< 0 free, 1 carved, 3 neither.
+  int sideState = 0;                         ///< 1 a corridor lies alongside; then the walk-back distance.
+  bool underpassOk = true;                   ///< Until the step moved plainly or a tunnel was refused.
+  bool notMovedYet = true;
+  int crossCount = 0;  ///< Corridors that the trial would run beside.
+  Square probe;        ///< The trial square and its leading edge.
+  int probeLeadX = 0, probeLeadY = 0;
+};
+
+/// Start, finish and what the placing loop keeps of them.
+struct EndsState {
+  Colour underStart = 0, underFinish = 0;          ///< Last colours read under the squares.
+  Colour startMazeColor = 0, finishMazeColor = 0;  ///< What each square covers.
+  struct Covers {
+    Colour underStart = 0, underFinish = 0, startMazeColor = 0, finishMazeColor = 0;
+  } kept;                        ///< The four as they stood when `placesandf` returned.
+  Square savedFinish;            ///< The finish at the first placement of a maze.
+  Square lastFinish;             ///< Where the finish was painted last pass.
+  Square pipeStart, pipeFinish;  ///< End squares for the pipe grid; -10 when none.
+  bool firstPlacement = false;   ///< A maze's ends have not been placed yet.
+  bool startColorMoved = false, finishColorMoved = false;  ///< Set by the colour keys, cleared each pass.
+  bool startMovedOnce = false, finishMovedOnce = false;
+};
+
+/// The walk's whole state in a cell.
+struct WalkMark {
+  int probeX = 0, probeY = 0, deltaX = 0, deltaY = 0, underpassLock = 0;
+  friend bool operator==(const WalkMark&, const WalkMark&) = default;
+};
+
+/// The wall follower's own values.
+struct SolverState {
+  int probeX = 0, probeY = 0;  ///< The wall-following pixel.
+  Colour trailPaint = 0;       ///< `startColor`, or `mazeColor` when a trail is taken back.
+  int pathLength = 0, bestPathLength = 0;
+  int pathUnderpasses = 0, bestPathUnderpasses = 0;
+  int underpassLock = 0;
+  int startReturns = 0;
+  int trailEndX = 0, trailEndY = 0;
+  FinishMethod activeFinishMethod = FinishMethod::user;
+  PlayMode playModeSeen = PlayMode::off, playModeAtPause = PlayMode::off;
+  bool trailOffSeen = false;
+  std::vector<WalkMark> seenInStart;  ///< In this search, while the walk was in the start cell.
+  Colour markerGround = 0;            ///< The maze colour that the play marker stands on.
+};
+
+/// The print job's values.
+struct PrintState {
+  bool printedNow = false;                       ///< A blank maze of a with-answers job went to the printer.
+  bool trailOffAtPrint = false;                  ///< As the panel found it in phase 3.
+  PlayMode playModeAtPrint = PlayMode::off;      ///< Likewise.
+  int withoutAnswer = 0;                         ///< Mazes of the job that no way leads through.
+  PrintMode printKindPending = PrintMode::none;  ///< What the open panel asks for.
+  PrintMode printKindSaved = PrintMode::none;
+};
+
+/// The pattern editor's own values.
+struct EditorState {
+  /// What the field takes over and gives back.
+  struct Kept {
+    Square cur, prev;
+    int wallWidth = 0, wallHeight = 0, stepX = 0, stepY = 0;
+    int gridRight = 0, gridBottom = 0, gridColumns = 0, gridRows = 0;
+    WalkMode walkMode = WalkMode::carve;
+    Colour mazeColor = 0;
+    int deltaX = 0, deltaY = 0, stepCode = 0;
+  } kept;
+  bool fieldCoversPicture = false;  ///< Something was drawn on the picture under the field.
+  Phase editorCallerPhase = static_cast<Phase>(-10);
+  bool editorAutoRedraw = false;
+  bool patternRewriting = false;  ///< A dead end writes its 5 to the open pattern.
+  bool patternRecording = false;  ///< An underpass writes its step to it.
+  bool randomRunning = false;
+  int randomSizeSaved = 0;
+  bool preparing = false;        ///< A maze is being prepared: all but quit and stop is refused.
+  bool drawingOffSaved = false;  ///< `drawingOff` as the save panel found it.
+  int openDirection = 0;         ///< The pattern open for appending, 0 none.
+  std::vector<int> openSteps;
+};
+
+/// The colour editor's own values.
+struct ColourEditorState {
+  Colour editedPaletteColor = 0;  ///< The background whose maze colour is being picked.
+  int mazeColorPick = 0;          ///< 0 idle, 1 the maze colour panel is wanted, 2 a colour was picked.
+  bool colorTicksReady = false;   ///< The drawing colour panel's own ticks do not count as clicks.
+};
+
+/// The names that the file panels remember.
+struct FileState {
+  std::string lastDrawing, lastSet;
+};
+
+/// The paint tool's own values.
+struct DrawingState {
+  bool skipPaintOnce = false;  ///< No painting this pass, and measure again.
+  bool firstPaint = true;      ///< Until the first stroke.
+  Colour lastColor = 0;        ///< `drawColor` of the pass before.
+  bool cursorRestoreAllowed = false;
+  Square savedCur;  ///< The brush as it stood when the drawing was left.
+  Colour savedDrawColor = 0;
+  bool reloadDrawing = false;         ///< "drawing1.bmp" waits to be painted again.
+  Square mirror, prevMirror;          ///< Where symmetry repeats the stroke.
+  int centreLeft = 0, centreTop = 0;  ///< The cell that key C jumps to.
+  bool newSizeRequest = false;        ///< The wall size panel was opened for a new drawing.
+  bool newSizeEmpties = false;        ///< Settled when it opens: Enter empties the picture.
+};
+
+struct ProgramState {
+  // Phase and kind
+  Phase phase = Phase::title;
+  MazeKind mazeKind = MazeKind::regular;
+  bool keyBusy = false;  ///< A command was taken in this pump; only the next clears it.
+  bool panelOpen = false;
+  bool paused = false;
+  std::optional<bool> panelKeptRedraw;  ///< `AutoRedraw` as the open panel found it.
+  int editedPattern = 0;                ///< 0 none, 1 left, 2 right, 3 up, 4 down.
+  Phase phaseBeforePatterns = Phase::drawing;
+  Phase mazeStage = Phase::drawing;  ///< How far the present maze has come.
+  bool mazeMadeOnce = false;
+  bool tightForPipes = false;  ///< Fewer than three free cells at pipe pitch.
+
+  // Geometry
+  int wallWidth = 10, wallHeight = 10;  ///< Wall size, 5 to 50.
+  int stepX = 10, stepY = 10;           ///< Cell pitch.
+  Square cur, prev;
+  int squareWidth = 0, squareHeight = 0;
+  int canvasWidth = 0, canvasHeight = 0;
+  int gridRight = 0, gridBottom = 0;  ///< Left of the last column, top of the last row.
+  int gridColumns = 0, gridRows = 0;
+  int scanX = 0, scanY = 0;  ///< A running sample point, and the fill cursor.
+  Square start, finish;
+
+  // Colours
+  Colour startColor = qb::lightMagenta, finishColor = 0;
+  Colour savedStartColor = 0, savedFinishColor = 0;
+  bool savedStartColorValid = false, savedFinishColorValid = false;
+  Colour mazeColor = 0;      ///< What the walker is laying now.
+  Colour keptMazeColor = 0;  ///< Given back to `mazeColor` at each return to drawing.
+  Colour drawColor = 0, backgroundDrawColor = 0, borderDrawColor = 0;
+  bool individualMazeColors = false;
+
+  // Settings
+  CreationMode creationMode = CreationMode::user;
+  PlayMode playMode = PlayMode::off, chosenPlayMode = PlayMode::off;
+  bool trailOff = false;
+  FinishMethod finishMethod = FinishMethod::user;
+  bool finishFound = false;
+  int pathSize = 1;         ///< 1 normal, 2 large.
+  int difficultyLevel = 4;  ///< 1 to 6.
+  bool autoMinimize = false;
+  int autoMinimizeStyle = 0;
+  bool minimizedNow = false;
+  bool stopAtFinish = false;
+  bool shortUnderpasses = true;
+  int randomPatternSize = 5;  ///< 2 to 99.
+  bool randomSizeVaries = false;
+  bool randomUsesGo = false;  ///< Random steps may turn to walking back.
+  int randomStepsDone = 0;    ///< Fresh cells walked in the present random pattern.
+  int randomPatternMode = 0;  ///< 5 while random patterns are made for every maze.
+  bool randomFlagLeft = false, randomFlagRight = false, randomFlagUp = false, randomFlagDown = false;
+  bool drawingOff = false;
+  Symmetry symmetryMode = Symmetry::off;
+
+  // Printing
+  PrintMode printMode = PrintMode::none;
+  int printTotal = 0, printedCount = 0;
+  int bookMode = 0;
+
+  // The step in hand, shared by walker, solver and pattern editor
+  WalkMode walkMode = WalkMode::carve;
+  int stepCode = step::none;
+  int deltaX = 0, deltaY = 0;
+  int patternDirection = 0;
+  PatternState patternState = PatternState::choose;
+  bool randomStepsTemporary = false;  ///< Random steps were taken up only for this walk back.
+  int testCount = 0;
+  int sweepX = 0, sweepY = 0;
+
+  // Restarts
+  bool resumeMaze = false;   ///< The walker goes on from its resume square.
+  bool keepPicture = false;  ///< `backtomaze` has painted the picture already.
+  bool nrefreshDue = false;  ///< A maze was made part of every maze.
+  int slideIndex = 0;
+
+  WalkerState walker;
+  UnderpassState underpass;
+  EndsState ends;
+  SolverState solver;
+  PrintState print;
+  DrawingState drawing;
+  ColourEditorState colours;
+  EditorState editor;
+  bool randomPatternsWanted = false;  ///< A restart asks for them before the maze goes on.
+  FileState files;
+};
+
+}  // namespace gridwright

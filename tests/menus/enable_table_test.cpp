@@ -1,0 +1,94 @@
+#include "menus/enable_table.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "menus/panels.h"
+#include "support/world.h"
+
+namespace gridwright::test {
+namespace {
+
+/// In which of the phases 0 to 4 a command of one maze's road is on.
+struct Row {
+  Item item;
+  std::array<bool, 5> phases;
+};
+const Row kRows[] = {
+    {Item::importdrawing, {true, false, false, false, false}},
+    {Item::changewallsize, {true, true, false, false, false}},
+    {Item::createreg, {true, true, true, true, true}},
+    {Item::newmaze, {true, true, true, true, true}},
+    {Item::backtodrawing, {false, true, true, true, true}},
+    {Item::backtomaze, {false, false, true, true, true}},
+    {Item::sandf, {false, true, false, true, true}},
+    {Item::solvemaze, {false, false, true, false, false}},
+    {Item::mpdrawing, {false, true, false, false, false}},
+    {Item::printfff, {true, true, true, true, true}},
+    {Item::quit2, {true, true, true, true, true}},
+};
+
+TEST(EachCommand, IsOnInItsPhasesAndNoOthers) {
+  World w(drawing({"...", "..."}));
+  for (int phase = 0; phase <= 4; ++phase) {
+    w.state.phase = static_cast<Phase>(phase);
+    applyEnableTable(w.program);
+    for (const Row& row : kRows) {
+      EXPECT_EQ(w.program.menus.enabled(row.item), row.phases.at(static_cast<std::size_t>(phase)))
+          << rowOf(row.item).name << " in phase " << phase;
+    }
+  }
+}
+
+TEST(APanel, TakesTheCommandsButNotTheKeptMaze) {
+  World w(drawing({"...", "..."}));
+  for (int phase = 0; phase <= 4; ++phase) {
+    w.state.phase = static_cast<Phase>(phase);
+    openPanel(w.program, kWallSizePanel, "10");
+    applyEnableTable(w.program);
+    for (const Row& row : kRows) {
+      const bool stays = row.item == Item::mpdrawing && phase == 1;
+      EXPECT_EQ(w.program.menus.enabled(row.item), stays) << rowOf(row.item).name << " in phase " << phase;
+    }
+    closePanel(w.program, kWallSizePanel);
+    applyEnableTable(w.program);
+    for (const Row& row : kRows) {
+      EXPECT_EQ(w.program.menus.enabled(row.item), row.phases.at(static_cast<std::size_t>(phase)))
+          << "given back: " << rowOf(row.item).name;
+    }
+  }
+}
+
+TEST(Refreshing, IsOnWhileAMazeIsPartOfEveryMaze) {
+  World w(drawing({"...", "..."}));
+  w.state.phase = Phase::making;
+  applyEnableTable(w.program);
+  EXPECT_FALSE(w.program.menus.enabled(Item::nrefresh));
+  w.state.nrefreshDue = true;
+  applyEnableTableIfChanged(w.program);
+  EXPECT_TRUE(w.program.menus.enabled(Item::nrefresh));
+}
+
+TEST(TheTable, IsAppliedAnewOnlyWhenSomethingItReadsHasChanged) {
+  World w(drawing({"...", "..."}));
+  w.state.phase = Phase::placing;
+  applyEnableTable(w.program);
+  w.program.menus.setEnabled(Item::solvemaze, false);
+  applyEnableTableIfChanged(w.program);
+  EXPECT_FALSE(w.program.menus.enabled(Item::solvemaze)) << "nothing has changed";
+  w.state.phase = Phase::solving;
+  applyEnableTableIfChanged(w.program);
+  w.state.phase = Phase::placing;
+  applyEnableTableIfChanged(w.program);
+  EXPECT_TRUE(w.program.menus.enabled(Item::solvemaze));
+}
+
+TEST(TheTable, LeavesSettingsAloneWhichFollowRulesOfTheirOwn) {
+  for (const Item item : {Item::gofinish, Item::ugenerate, Item::aon, Item::usepattern, Item::keysmaze}) {
+    EXPECT_FALSE(tableLists(item)) << rowOf(item).name;
+  }
+}
+
+}  // namespace
+}  // namespace gridwright::test

@@ -1,0 +1,43 @@
+#include "state/random.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace gridwright::test {
+namespace {
+
+TEST(OneDraw, TakesTwoOutputsOfTheEngineAsFiftyThreeBits) {
+  std::mt19937 engine(4711);
+  Random random;
+  random.seed(4711);
+  for (int i = 0; i < 1000; ++i) {
+    const std::uint64_t a = engine() >> 5;
+    const std::uint64_t b = engine() >> 6;
+    ASSERT_EQ(random.rnd(), static_cast<double>(a * 67108864 + b) / 9007199254740992.0);
+  }
+}
+
+TEST(AWholeNumber, IsFromOneToTheCountAndEachComesUp) {
+  Random random;
+  random.seed(1);
+  int seen[5] = {};
+  for (int i = 0; i < 4000; ++i) {
+    const int drawn = random.oneTo(4);
+    ASSERT_GE(drawn, 1);
+    ASSERT_LE(drawn, 4);
+    ++seen[drawn];
+  }
+  for (int i = 1; i <= 4; ++i) EXPECT_GT(seen[i], 800);
+}
+
+TEST(TheSameSeed, GivesTheSameDraws) {
+  Random one;
+  Random other;
+  one.seed(99);
+  other.seed(99);
+  for (int i = 0; i < 100; ++i) EXPECT_EQ(one.rnd(), other.rnd());
+}
+
+}  // namespace
+}  // namespace gridwright::test
