@@ -1,8 +1,6 @@
 // Squares and sizes on the Canvas, in pixels.
 #pragma once
 
-#include <compare>
-
 namespace gridwright {
 
 /// A rectangle given by its corner values, right and bottom included.
@@ -20,7 +18,11 @@ struct Square {
 /// A cell, told by the top left of its square.
 struct CellCorner {
   int left = 0, top = 0;
-  friend auto operator<=>(const CellCorner&, const CellCorner&) = default;
+  friend bool operator==(const CellCorner&, const CellCorner&) = default;
+  /// Row by row.
+  friend bool operator<(const CellCorner& a, const CellCorner& b) {
+    return a.top != b.top ? a.top < b.top : a.left < b.left;
+  }
 };
 
 struct Size {

@@ -5,6 +5,17 @@
 
 namespace gridwright {
 
+namespace {
+
+/// To the origin; but where the rescue holds the walker beside a cell, back there.
+void sendAway(ProgramState& s) {
+  auto& help = s.walker.help;
+  s.cur = help && help->held ? help->beside : s.walker.walkStart;
+  if (help) help->sentAway = true;
+}
+
+}  // namespace
+
 bool finishReached(Program& program) {
   ProgramState& s = program.state;
   if (s.walkMode == WalkMode::carve && !s.panelOpen) paintJoin(program);
@@ -16,7 +27,7 @@ bool finishReached(Program& program) {
     s.phase = Phase::placing;
     return true;
   }
-  s.cur = s.walker.walkStart;
+  sendAway(s);
   s.walkMode = WalkMode::back;
   return false;
 }

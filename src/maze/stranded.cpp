@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "colours/mixcolors.h"
@@ -61,7 +62,7 @@ bool canBeJoined(const Program& program, Point cell, Point towards) {
 
 /// Beside a free cell there is carved ground: the walk back goes on from there. In a 3-d maze it is
 /// the neighbour from which the cell can be entered.
-bool walkOnBesideFreeCell(Program& program) {
+bool walkOnBesideFreeCell(Program& program, const std::optional<CellCorner>& holdAt) {
   ProgramState& s = program.state;
   Point carved{};
   const auto hasCarvedNeighbour = [&](Point cell) {
@@ -81,8 +82,9 @@ bool walkOnBesideFreeCell(Program& program) {
   };
   const auto cell = firstFree(program, hasCarvedNeighbour);
   if (!cell) return false;
-  s.walker.helpedCell = CellCorner{cell->x, cell->y};
   s.cur = s.prev = squareAt(s, carved);
+  const CellCorner helped{cell->x, cell->y};
+  s.walker.help = RescueHelp{helped, s.cur, false, holdAt == helped};
   s.walkMode = WalkMode::back;
   return true;
 }
@@ -195,18 +197,23 @@ class Islands {
   std::vector<Mark> marks_;
 };
 
-/// Nothing was carved since the walker was put beside this cell: it looks as if it could be entered, and
-/// cannot. White paper does that, which is carved ground to every test while the mazes are white.
-void giveUpHelpedCell(WalkerState& walker) {
-  if (walker.helpedCell) walker.givenUpCells.insert(*walker.helpedCell);
-  walker.helpedCell.reset();
+/// Nothing was carved since the walker was put beside a cell. Where the finish has sent it away it is held
+/// there the next time. Else the cell looks as if it could be entered, and cannot: white paper does that,
+/// which is carved ground to every test while the mazes are white.
+/// \returns the cell to be held at.
+std::optional<CellCorner> judgeLastHelp(WalkerState& walker) {
+  const auto last = std::exchange(walker.help, std::nullopt);
+  if (!last) return std::nullopt;
+  if (last->sentAway && !last->held) return last->cell;
+  walker.givenUpCells.insert(last->cell);
+  return std::nullopt;
 }
 
 }  // namespace
 
 void forgetRescues(WalkerState& walker) {
   walker.passesSinceCarved = 0;
-  walker.helpedCell.reset();
+  walker.help.reset();
   walker.givenUpCells.clear();
 }
 
@@ -221,8 +228,8 @@ void rescueIfStranded(Program& program) {
   const int rows = (s.gridBottom - s.wallHeight) / s.stepY + 1;
   if (s.walker.passesSinceCarved < std::int64_t{100} * columns * rows) return;
   s.walker.passesSinceCarved = 0;
-  giveUpHelpedCell(s.walker);
-  if (walkOnBesideFreeCell(program) || leaveFinish(program)) return;
+  const auto holdAt = judgeLastHelp(s.walker);
+  if (walkOnBesideFreeCell(program, holdAt) || leaveFinish(program)) return;
   beginNewTree(program, [](Point) { return true; });
 }
 

@@ -6,7 +6,8 @@
 // looked over once, and the walker is put where it can go on.
 //
 // Where that was beside a free cell, and nothing is carved until the next time, the cell cannot be helped:
-// it is given up, stays free, and holds the maze open no longer.
+// it is given up, stays free, and holds the maze open no longer. A walker that came over the finish first,
+// which sends it far away, is put there once more, and then the finish sends it back.
 #pragma once
 
 #include "state/program.h"

@@ -8,7 +8,7 @@ namespace gridwright {
 /// Something was carved: nobody is stranded, and the last rescue has helped.
 inline void noteCarved(WalkerState& walker) {
   walker.passesSinceCarved = 0;
-  walker.helpedCell.reset();
+  walker.help.reset();
 }
 
 /// Whether the walker has moved since the last step.

@@ -16,6 +16,14 @@
 
 namespace gridwright {
 
+/// The last rescue of a stranded walker, until something is carved.
+struct RescueHelp {
+  CellCorner cell;        ///< The free cell.
+  Square beside;          ///< Where the walker was put.
+  bool sentAway = false;  ///< It came over the finish, which sent it to the origin.
+  bool held = false;      ///< The second time for that cell: the finish sends it back here.
+};
+
 /// The carving walker's own values.
 struct WalkerState {
   WalkMode lastWalkMode = WalkMode::none;  ///< `walkMode` at the last move.
@@ -40,11 +48,11 @@ struct WalkerState {
   bool savedMazeMadeOnce = false;
   bool backToMaze = false;  ///< From `backtomaze` until `makemaze2` has run.
   Phase phaseAtRestart = Phase::drawing;
-  std::int64_t passesSinceCarved = 0;    ///< Full passes since anything was carved.
-  std::optional<CellCorner> helpedCell;  ///< The rescue put the walker beside it; nothing was carved since.
-  std::set<CellCorner> givenUpCells;     ///< Cells of this maze that are left free: the rescue was in vain.
-  bool freeCellMetSinceStep = false;     ///< The fill sweep has met a free cell and nothing moved since.
-  std::size_t channelPosition = 0;       ///< How far the open step file was read.
+  std::int64_t passesSinceCarved = 0;  ///< Full passes since anything was carved.
+  std::optional<RescueHelp> help;      ///< Nothing was carved since.
+  std::set<CellCorner> givenUpCells;   ///< Cells of this maze that are left free: the rescue was in vain.
+  bool freeCellMetSinceStep = false;   ///< The fill sweep has met a free cell and nothing moved since.
+  std::size_t channelPosition = 0;     ///< How far the open step file was read.
 };
 
 /// One step in the kinds with underpasses, shared by the walker and the pattern preview.

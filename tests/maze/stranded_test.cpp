@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "maze/finish_reached.h"
 #include "maze/finishmaking.h"
 #include "maze/makemaze2.h"
 #include "maze/walk_paint.h"
@@ -127,6 +128,29 @@ TEST(ACellThatTheRescueCouldNotHelp, IsGivenUpAtTheNextOneWhichGoesOnWithTheNext
   }
 }
 
+TEST(AWalkerThatTheFinishSentAwayFromTheCell, IsHeldThereTheNextTimeBeforeTheCellIsGivenUp) {
+  Stranded s({"##*##", "#*.##", "#####", "#####", "###*."}, squareOf(3, 1));
+  s.w.state.walker.walkStart = squareOf(4, 5);
+  const auto walkOntoFinish = [&] {
+    s.w.state.cur = s.w.state.finish;
+    EXPECT_FALSE(finishReached(s.w.program));
+  };
+  rescueIfStranded(s.w.program);
+  EXPECT_EQ(s.w.state.cur, squareOf(2, 2));
+  walkOntoFinish();
+  EXPECT_EQ(s.w.state.cur, squareOf(4, 5)) << "the origin, as ever";
+  waitOnceMore(s, 25);
+  EXPECT_EQ(s.w.state.cur, squareOf(2, 2));
+  EXPECT_TRUE(isFreeForMaze(s.w.program, 31, 21));
+  for (int times = 0; times < 3; ++times) {
+    walkOntoFinish();
+    EXPECT_EQ(s.w.state.cur, squareOf(2, 2));
+  }
+  waitOnceMore(s, 25);
+  EXPECT_FALSE(isFreeForMaze(s.w.program, 31, 21));
+  EXPECT_EQ(s.w.state.cur, squareOf(4, 5)) << "beside the next";
+}
+
 TEST(ACellGivenUp, IsPassedOverAlsoWhereTheFinishWouldBeLeftForIt) {
   Stranded s({"####", "#*.#", "#.##"}, squareOf(2, 2));
   s.w.state.walker.givenUpCells.insert({31, 21});
@@ -169,12 +193,12 @@ TEST(WhatTheRescueGaveUp, IsForgottenAtEveryStartAndRestart) {
     rescueIfStranded(s.w.program);
     waitOnceMore(s, 15);
     ASSERT_FALSE(isFreeForMaze(s.w.program, 21, 11));
-    ASSERT_TRUE(s.w.state.walker.helpedCell.has_value());
+    ASSERT_TRUE(s.w.state.walker.help.has_value());
     s.w.program.pictures.save("drawing1.bmp", s.w.canvas.image());
     s.w.program.pictures.save("drawing1b.bmp", s.w.canvas.image());
     restart(s.w.program);
     EXPECT_TRUE(isFreeForMaze(s.w.program, 21, 11));
-    EXPECT_FALSE(s.w.state.walker.helpedCell.has_value());
+    EXPECT_FALSE(s.w.state.walker.help.has_value());
     EXPECT_EQ(s.w.state.walker.passesSinceCarved, 0);
   }
 }

@@ -41,7 +41,7 @@ int passesUntilFound(int outside, int circle) {
   ProgramState s = inStart();
   Repetition repetition;
   for (int pass = 0; pass < 10'000; ++pass) {
-    s.solver.probeX = pass < outside ? -pass : (pass - outside) % circle;
+    s.solver.probeX = pass < outside ? -1 - pass : (pass - outside) % circle;
     if (repetition.isComplete(s)) return pass;
   }
   return -1;
