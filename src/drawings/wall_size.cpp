@@ -8,6 +8,7 @@
 #include "menus/menu_rules.h"
 #include "menus/panels.h"
 #include "state/grid.h"
+#include "state/work_picture.h"
 
 namespace gridwright {
 

@@ -13,7 +13,8 @@
 #include <string_view>
 #include <vector>
 
-#include "state/modes.h"
+#include "canvas/maze_kind.h"
+#include "files/step_codes.h"
 
 namespace gridwright {
 

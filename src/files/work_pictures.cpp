@@ -3,8 +3,8 @@
 #include <system_error>
 #include <utility>
 
+#include "files/bitmap_files.h"
 #include "files/work_folder.h"
-#include "state/platform.h"
 
 namespace gridwright {
 
@@ -25,7 +25,7 @@ bool WorkPictures::save(std::string_view name, Bitmap picture, Overwrite how) {
   const std::filesystem::path path = folder_.resolve(name);
   if (isAsWritten(copy, path) && copy.picture == picture) return true;
   copy.picture = std::move(picture);
-  const auto saved = platform_.saveBitmap(copy.picture, path, how);
+  const auto saved = bitmaps_.saveBitmap(copy.picture, path, how);
   if (!saved) folder_.tellIfNoPlainFile(saved.fault());
   copy.lastWriteFailed = !saved;
   copy.written = stampOf(path);
@@ -39,7 +39,7 @@ const Bitmap& WorkPictures::load(std::string_view name) {
   const std::filesystem::path path = folder_.resolve(name);
   if (known && isAsWritten(kept->second, path)) return kept->second.picture;
   fromFile_ = {};
-  if (auto read = platform_.loadBitmap(path)) {
+  if (auto read = bitmaps_.loadBitmap(path)) {
     fromFile_ = std::move(read.value());
   } else if (known) {
     return kept->second.picture;

@@ -19,12 +19,12 @@
 
 namespace gridwright {
 
-class Platform;
+class BitmapFiles;
 class WorkFolder;
 
 class WorkPictures {
  public:
-  WorkPictures(Platform& platform, WorkFolder& folder) : platform_(platform), folder_(folder) {}
+  WorkPictures(BitmapFiles& bitmaps, WorkFolder& folder) : bitmaps_(bitmaps), folder_(folder) {}
 
   /// \returns whether the picture is in its file now.
   bool save(std::string_view name, Bitmap picture, Overwrite how = Overwrite::inPlace);
@@ -47,7 +47,7 @@ class WorkPictures {
   static std::optional<Stamp> stampOf(const std::filesystem::path& path);
   static bool isAsWritten(const Copy& copy, const std::filesystem::path& path);
 
-  Platform& platform_;
+  BitmapFiles& bitmaps_;
   WorkFolder& folder_;
   std::map<std::string, Copy, std::less<>> copies_;
   Bitmap fromFile_;

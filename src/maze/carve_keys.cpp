@@ -1,24 +1,9 @@
 #include "maze/carve_keys.h"
 
-#include "session/maze_commands.h"
+#include "maze/maze_settings.h"
 #include "state/key_codes.h"
 
 namespace gridwright {
-
-int stepOfArrow(int code) {
-  switch (code) {
-    case key::left:
-      return step::left;
-    case key::right:
-      return step::right;
-    case key::up:
-      return step::up;
-    case key::down:
-      return step::down;
-    default:
-      return step::none;
-  }
-}
 
 void carveKey(Program& program, int code) {
   ProgramState& s = program.state;

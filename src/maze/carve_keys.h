@@ -5,9 +5,6 @@
 
 namespace gridwright {
 
-/// The step code that an arrow key stands for, 0 for any other key.
-int stepOfArrow(int code);
-
 /// J hands the maze over between computer and user, the arrows carve, G allows walking back.
 void carveKey(Program& program, int code);
 

@@ -5,13 +5,9 @@
 #include "maze/stranded.h"
 #include "patterns/random_patterns.h"
 #include "state/grid.h"
+#include "state/work_picture.h"
 
 namespace gridwright {
-
-void paintWorkPicture(Program& program, std::string_view name) {
-  program.canvas.setAutoRedraw(true);
-  program.canvas.paintPicture(program.pictures.load(name));
-}
 
 void chooseUnderpassLength(Program& program) {
   const bool longPipes = program.state.mazeKind == MazeKind::pipe && program.menus.checked(Item::pthin);

@@ -2,8 +2,6 @@
 // pictures, and restarting is loading the right one.
 #pragma once
 
-#include <string_view>
-
 #include "state/program.h"
 
 namespace gridwright {
@@ -15,9 +13,6 @@ void makemaze2(Program& program);
 
 /// The part of it that forgets the step in hand.
 void makemaze1(Program& program);
-
-/// Paints a work picture over the Canvas, persistent.
-void paintWorkPicture(Program& program, std::string_view name);
 
 /// Short underpasses for a maze that begins; long ones only in pipes that ask for them.
 void chooseUnderpassLength(Program& program);

@@ -3,8 +3,6 @@
 #include <array>
 #include <string>
 
-#include "printing/run_words.h"
-
 namespace gridwright {
 
 namespace {
@@ -62,6 +60,14 @@ void mazemenus(Program& program) {
 }
 
 void keysmenu(Program& program) { enableKeyHelp(program, Item::keysanswer); }
+
+bool runWaitsForMaze(const ProgramState& state) {
+  return state.phase == Phase::drawing || (state.phase >= Phase::solving && !state.print.printedNow);
+}
+
+bool answerIsDue(const ProgramState& state) {
+  return state.printMode == PrintMode::withAnswers && state.print.printedNow;
+}
 
 /// What a print job waits for, when it does.
 std::string_view jobWaitsFor(const ProgramState& s) {

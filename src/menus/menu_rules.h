@@ -22,6 +22,13 @@ void mazemenus(Program& program);
 /// Each solver pass: the key help of solving.
 void keysmenu(Program& program);
 
+/// Whether a run that was set up waits for a maze to be begun: the one on the Canvas, if there is one,
+/// is past the moment at which it would be printed.
+bool runWaitsForMaze(const ProgramState& state);
+
+/// Whether a job has printed the maze in hand, and its answer is still to come.
+bool answerIsDue(const ProgramState& state);
+
 /// The print items while no job is set up, or the job's progress.
 void printStatus(Program& program);
 /// While `printTotal` is 0: the print items back to idle.

@@ -6,42 +6,12 @@
 #include <cstdlib>
 #include <string>
 
-#include "colours/colour_editor.h"
-#include "drawings/drawing_files.h"
-#include "drawings/import_drawing.h"
-#include "drawings/wall_size.h"
-#include "patterns/pattern_sets.h"
-#include "patterns/random_size.h"
-#include "printing/print_job.h"
-
 namespace gridwright {
 
 namespace {
 
 constexpr std::array kPanels = {kWallSizePanel, kRandomSizePanel, kSavePanel,  kLoadPanel,
                                 kSaveSetPanel,  kLoadSetPanel,    kPrintPanel, kImportPanel};
-
-struct Handlers {
-  ControlId box;
-  void (*entered)(Program&);
-  void (*escaped)(Program&);
-};
-constexpr std::array kHandlers = {
-    Handlers{ControlId::Text2, wallSizeEntered, wallSizeEscaped},
-    Handlers{ControlId::Text7, randomSizeEntered, randomSizeEscaped},
-    Handlers{ControlId::text1, saveEntered, saveEscaped},
-    Handlers{ControlId::Text4, loadEntered, loadEscaped},
-    Handlers{ControlId::Text5, saveSetEntered, saveSetEscaped},
-    Handlers{ControlId::Text6, loadSetEntered, loadSetEscaped},
-    Handlers{ControlId::Text3, printEntered, printEscaped},
-    Handlers{ControlId::Text8, importEntered, importEscaped},
-};
-
-const Handlers* handlersOf(ControlId box) {
-  const auto* row =
-      std::find_if(kHandlers.begin(), kHandlers.end(), [&](const Handlers& h) { return h.box == box; });
-  return row == kHandlers.end() ? nullptr : row;
-}
 
 void hidePanel(Program& program, const Panel& panel) {
   program.controls.hide(panel.box);
@@ -75,9 +45,8 @@ void closePanel(Program& program, const Panel& panel) {
   program.controls.setFocus(std::nullopt);
 }
 
-void hideAllPanels(Program& program) {
+void hideTextPanels(Program& program) {
   for (const Panel& panel : kPanels) hidePanel(program, panel);
-  hideColourPanels(program);
   program.controls.setFocus(std::nullopt);
 }
 
@@ -113,14 +82,6 @@ std::string nameToOffer(const Program& program, ControlId list, std::string_view
   if (control.entries.empty()) return {};
   if (control.selected >= 0) return control.entries[static_cast<std::size_t>(control.selected)];
   return lastName.empty() ? control.entries.front() : std::string(lastName);
-}
-
-void panelEntered(Program& program, ControlId box) {
-  if (const Handlers* handlers = handlersOf(box)) handlers->entered(program);
-}
-
-void panelEscaped(Program& program, ControlId box) {
-  if (const Handlers* handlers = handlersOf(box)) handlers->escaped(program);
 }
 
 }  // namespace gridwright

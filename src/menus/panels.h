@@ -32,7 +32,7 @@ void openPanelOverScreen(Program& program, const Panel& panel, std::string_view 
 /// Gives the window back, and the drawing mode that the opening kept.
 void closePanel(Program& program, const Panel& panel);
 
-void hideAllPanels(Program& program);
+void hideTextPanels(Program& program);
 
 /// The number a box begins with, as a person means it: leading blanks, a sign, digits and a fraction;
 /// anything else ends it. Rounded down; no digits give 0, huge values are held at the limits.
@@ -43,11 +43,5 @@ void refreshList(Program& program, ControlId list, std::string_view ending);
 
 /// What a file panel's box shows at its opening: the chosen entry, else `lastName`, else the first.
 std::string nameToOffer(const Program& program, ControlId list, std::string_view lastName);
-
-/// Enter or Escape in a text box.
-void panelEntered(Program& program, ControlId box);
-void panelEscaped(Program& program, ControlId box);
-
-void changewallsize(Program& program);  ///< "Change wall size"
 
 }  // namespace gridwright

@@ -4,14 +4,13 @@
 #include <cstddef>
 #include <string>
 
-#include "maze/carve_keys.h"
-#include "maze/makemaze2.h"
 #include "menus/menu_rules.h"
 #include "menus/pump.h"
 #include "patterns/open_pattern.h"
 #include "patterns/pattern_field.h"
 #include "state/grid.h"
 #include "state/key_codes.h"
+#include "state/work_picture.h"
 
 namespace gridwright {
 

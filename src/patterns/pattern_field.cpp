@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "canvas/cell_grid.h"
-#include "maze/makemaze2.h"
 #include "patterns/makeunderpasses.h"
 #include "patterns/open_pattern.h"
+#include "state/work_picture.h"
 #include "underpass/preview_pixels.h"
 
 namespace gridwright {

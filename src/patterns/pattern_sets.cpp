@@ -1,6 +1,5 @@
 #include "patterns/pattern_sets.h"
 
-#include "drawings/drawing_files.h"
 #include "files/earlier_one.h"
 #include "files/plain_file.h"
 #include "files/step_values.h"

@@ -30,11 +30,6 @@ void countMaze(ProgramState& s) {
   if (s.printedCount < s.printTotal) ++s.printedCount;
 }
 
-/// The blank maze is printed, its answer is not yet.
-bool answerIsDue(const ProgramState& s) {
-  return s.printMode == PrintMode::withAnswers && s.print.printedNow;
-}
-
 void goOnToNextMaze(ProgramState& s) {
   s.phase = Phase::making;
   countMaze(s);

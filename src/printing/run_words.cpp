@@ -1,5 +1,7 @@
 #include "printing/run_words.h"
 
+#include "menus/menu_rules.h"
+
 namespace gridwright {
 
 namespace {
@@ -7,10 +9,6 @@ namespace {
 std::string mazes(int count) { return std::to_string(count) + (count == 1 ? " maze" : " mazes"); }
 
 }  // namespace
-
-bool runWaitsForMaze(const ProgramState& state) {
-  return state.phase == Phase::drawing || (state.phase >= Phase::solving && !state.print.printedNow);
-}
 
 void tellRun(Program& program) {
   const ProgramState& s = program.state;

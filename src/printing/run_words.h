@@ -7,10 +7,6 @@
 
 namespace gridwright {
 
-/// Whether a run that was set up waits for a maze to be begun: the one on the Canvas, if there is one,
-/// is past the moment at which it would be printed.
-bool runWaitsForMaze(const ProgramState& state);
-
 /// Tells how a run stands that was just set up, or that begins its next maze: "maze 3 of 40", or
 /// "500 mazes with answers will be printed". Without a run nothing is told.
 void tellRun(Program& program);

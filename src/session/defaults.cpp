@@ -1,5 +1,6 @@
 #include "session/defaults.h"
 
+#include "colours/colour_editor.h"
 #include "colours/colour_repairs.h"
 #include "menus/menu_rules.h"
 #include "menus/panels.h"
@@ -70,7 +71,8 @@ void forgetEverything(Program& program) {
   s.editor = {};
   s.files = {};
   s.randomPatternsWanted = false;
-  hideAllPanels(program);
+  hideTextPanels(program);
+  hideColourPanels(program);
   defaultColours(program);
 }
 

@@ -10,6 +10,7 @@
 #include "session/keys.h"
 #include "session/main_loop.h"
 #include "session/menu_commands.h"
+#include "session/panel_entries.h"
 #include "session/slideshow.h"
 #include "session/title.h"
 #include "state/grid.h"

@@ -13,6 +13,7 @@
 #include "solve/finish_methods.h"
 #include "solve/saved_finish.h"
 #include "state/grid.h"
+#include "state/work_picture.h"
 
 namespace gridwright {
 
@@ -203,51 +204,5 @@ void backtomaze(Program& program) {
 void createreg(Program& program) { create(program, MazeKind::regular, Item::createreg); }
 void create3d(Program& program) { create(program, MazeKind::threeD, Item::create3d); }
 void create3dpipe(Program& program) { create(program, MazeKind::pipe, Item::create3dpipe); }
-
-void setCreationMode(Program& program, CreationMode mode) {
-  ProgramState& s = program.state;
-  if (mode == CreationMode::user && s.creationMode != mode && s.phase == Phase::making) {
-    const Pixels pixels = program.pixels();
-    const Square& q = s.cur;
-    const int open = pixels.maze(q.left - 1, q.top) + pixels.maze(q.right + 1, q.top) +
-                     pixels.maze(q.left, q.top - 1) + pixels.maze(q.left, q.bottom + 1);
-    if (open >= 2) s.walkMode = WalkMode::back;
-  }
-  s.creationMode = mode;
-  program.menus.setChecked(Item::ugenerate, mode == CreationMode::user);
-  program.menus.setChecked(Item::cgenerate, mode == CreationMode::computer);
-}
-
-void ugenerate(Program& program) { setCreationMode(program, CreationMode::user); }
-void cgenerate(Program& program) { setCreationMode(program, CreationMode::computer); }
-
-void usepattern(Program& program) {
-  ProgramState& s = program.state;
-  if (program.menus.checked(Item::usepattern)) return;
-  s.randomPatternMode = 0;
-  s.patternState = PatternState::choose;
-  s.patternDirection = 0;
-  markOne(program.menus, {Item::dontusepattern, Item::usepattern, Item::crnd1}, Item::usepattern);
-}
-
-void dontusepattern(Program& program) {
-  ProgramState& s = program.state;
-  if (program.menus.checked(Item::dontusepattern)) return;
-  s.randomStepsTemporary = false;
-  s.patternState = PatternState::random;
-  s.patternDirection = step::up;
-  s.randomPatternMode = 0;
-  markOne(program.menus, {Item::dontusepattern, Item::usepattern, Item::crnd1}, Item::dontusepattern);
-}
-
-void gofinish(Program& program) {
-  program.state.stopAtFinish = false;
-  markOne(program.menus, {Item::gofinish, Item::stopfinish}, Item::gofinish);
-}
-
-void stopfinish(Program& program) {
-  program.state.stopAtFinish = true;
-  markOne(program.menus, {Item::gofinish, Item::stopfinish}, Item::stopfinish);
-}
 
 }  // namespace gridwright

@@ -15,14 +15,4 @@ void createreg(Program& program);      ///< "Create regular 2-d mazes inside dra
 void create3d(Program& program);       ///< "Create 3d-mazes inside drawing"
 void create3dpipe(Program& program);   ///< "Create 3d-pipe-mazes inside drawing"
 
-void ugenerate(Program& program);  ///< "(1)-User creates maze"
-void cgenerate(Program& program);  ///< "(2)-Computer creates maze"
-/// The user takes over or hands over in mid-maze: inside a corridor the walk goes back.
-void setCreationMode(Program& program, CreationMode mode);
-
-void usepattern(Program& program);      ///< "Use user-editable pattern for making maze"
-void dontusepattern(Program& program);  ///< "Use default (no pattern) for making maze"
-void gofinish(Program& program);        ///< "Fill entire drawing with maze"
-void stopfinish(Program& program);      ///< "Make maze only until start and finish are reached"
-
 }  // namespace gridwright

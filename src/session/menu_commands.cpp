@@ -4,10 +4,12 @@
 #include <array>
 
 #include "colours/colour_editor.h"
+#include "drawing/drawing_settings.h"
 #include "drawings/drawing_files.h"
 #include "drawings/import_drawing.h"
 #include "drawings/new_drawing.h"
 #include "drawings/wall_size.h"
+#include "maze/maze_settings.h"
 #include "patterns/pattern_commands.h"
 #include "patterns/pattern_editor.h"
 #include "patterns/pattern_sets.h"

@@ -17,6 +17,7 @@
 #include "solve/placesandf.h"
 #include "solve/solvingmaze.h"
 #include "state/grid.h"
+#include "state/work_picture.h"
 
 namespace gridwright {
 
@@ -219,6 +220,8 @@ Stage endsStage(Program& program) {
   s.startColor = nudged(s.startColor);
   s.finishColor = nudged(s.finishColor);
   placesandf(program);
+  // A page that the disk does not take has ended the job: a person places on.
+  while (s.phase == Phase::placing && !printPlacedMaze(program)) placesandf(program);
   s.mazeStage = Phase::placing;
   keepEndColours(s);
   if (s.phase < Phase::placing) unNudgeEndColours(s);
@@ -240,6 +243,8 @@ Stage solvingStage(Program& program) {
   captionSolving(program);
   s.solver.playModeSeen = s.playMode;
   solvingmaze(program);
+  if (s.phase == Phase::solving) leaveAnswerOut(program);
+  if (s.phase == Phase::solved && !printSolvedMaze(program)) waitSolved(program);
   if (s.mazeStage != Phase::solved) s.mazeStage = Phase::solving;
   s.print.printedNow = false;
   unNudgeEndColours(s);

@@ -5,6 +5,7 @@
 #include "maze/makemaze2.h"
 #include "solve/circles.h"
 #include "solve/trail.h"
+#include "state/work_picture.h"
 
 namespace gridwright {
 

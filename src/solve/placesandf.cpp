@@ -2,7 +2,6 @@
 
 #include "menus/menu_rules.h"
 #include "menus/pump.h"
-#include "printing/print_job.h"
 #include "solve/finish_search.h"
 #include "state/grid.h"
 
@@ -52,7 +51,7 @@ bool placeOnce(Program& program, bool firstPass) {
   }
   program.canvas.fill(s.finish, s.finishColor);
   ends.savedFinish = s.finish;
-  if (printPlacedMaze(program)) return false;
+  if (s.printMode != PrintMode::none) return false;  // the page is due
   s.prev = s.start;
   ends.lastFinish = s.finish;
   return true;

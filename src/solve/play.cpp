@@ -5,6 +5,7 @@
 #include "solve/finish_search.h"
 #include "solve/firstnoxy.h"
 #include "solve/trail.h"
+#include "state/work_picture.h"
 
 namespace gridwright {
 

@@ -1,7 +1,6 @@
 #include "solve/reach_finish.h"
 
 #include "menus/menu_rules.h"
-#include "printing/print_job.h"
 #include "solve/trail.h"
 
 namespace gridwright {
@@ -35,7 +34,7 @@ void lastStroke(Program& program) {
 
 }  // namespace
 
-bool reachFinish(Program& program) {
+void reachFinish(Program& program) {
   ProgramState& s = program.state;
   closedCellTest(program);
   if (s.testCount == 0) strokeThroughClosedCell(program, s.startColor);
@@ -50,13 +49,14 @@ bool reachFinish(Program& program) {
   program.canvas.fill(s.start, s.startColor);
   s.phase = Phase::solved;
   if (!s.trailOff || s.playMode == PlayMode::off) strokeStub(program);
-  if (printSolvedMaze(program)) return false;
+}
 
+void standSolved(Program& program) {
+  ProgramState& s = program.state;
   printmenus(program);
   s.finishFound = false;
   if (!s.trailOff || s.finishMethod == FinishMethod::user) strokeStub(program);
   if (s.playMode != PlayMode::off && s.trailOff) program.canvas.fill(s.finish, s.finishColor);
-  return true;
 }
 
 }  // namespace gridwright

@@ -1,12 +1,15 @@
-// The moment at which the walk stands on the finish: last strokes, captions, the answer's page.
+// The moment at which the walk stands on the finish: last strokes, captions.
 #pragma once
 
 #include "state/program.h"
 
 namespace gridwright {
 
-/// Paints the last stroke and the stub that enters the finish, and sets `phase` 4.
-/// \returns whether the solved maze waits for a command; false when a print job goes on.
-bool reachFinish(Program& program);
+/// Paints the last stroke and the stub that enters the finish, and sets `phase` 4: the answer of a job can be
+/// printed.
+void reachFinish(Program& program);
+
+/// What a solved maze that waits for a command shows besides.
+void standSolved(Program& program);
 
 }  // namespace gridwright

@@ -2,7 +2,6 @@
 
 #include "menus/menu_rules.h"
 #include "menus/pump.h"
-#include "printing/print_job.h"
 #include "solve/circles.h"
 #include "solve/crossing.h"
 #include "solve/finish_search.h"
@@ -144,7 +143,7 @@ void forgetWhatWasSeen(ProgramState& s, Repetition& repetition) {
 /// The walk would go round for ever: a run goes on with its next maze, else the ends are placed anew.
 void stopWithoutWay(Program& program) {
   ProgramState& s = program.state;
-  if (leaveAnswerOut(program)) return;
+  if (answerIsDue(program.state)) return;
   if (s.printMode == PrintMode::none) {  // else a job takes this maze in hand, and tells at its end
     if (s.autoMinimize) program.platform.setWindowState(WindowState::maximised);
     program.platform.messageBox("Error: there is no way from start to finish.");
@@ -176,16 +175,6 @@ bool beforeStep(Program& program) {
   return !searchEnded(program);
 }
 
-void solvedWait(Program& program) {
-  const ProgramState& s = program.state;
-  do {
-    if (program.canvas.point(s.prev.left, s.prev.top) == s.startColor)
-      program.canvas.fill(s.start, s.startColor);
-    yield(program, Pace::idle);
-    noteMarkerGround(program);
-  } while (goesOn(program));
-}
-
 }  // namespace
 
 void putWalkOnStart(ProgramState& state) {
@@ -194,6 +183,17 @@ void putWalkOnStart(ProgramState& state) {
   state.solver.probeY = state.cur.top;
   state.deltaX = 1;
   state.deltaY = 0;
+}
+
+void waitSolved(Program& program) {
+  standSolved(program);
+  const ProgramState& s = program.state;
+  do {
+    if (program.canvas.point(s.prev.left, s.prev.top) == s.startColor)
+      program.canvas.fill(s.start, s.startColor);
+    yield(program, Pace::idle);
+    noteMarkerGround(program);
+  } while (goesOn(program));
 }
 
 void solvingmaze(Program& program) {
@@ -207,7 +207,8 @@ void solvingmaze(Program& program) {
   for (;;) {
     if (!beforeStep(program)) return;
     if (standsOnFinish(s)) {
-      if (reachFinish(program)) solvedWait(program);
+      reachFinish(program);
+      if (!answerIsDue(s)) waitSolved(program);
       return;
     }
     const bool moved = cellChanged(s);

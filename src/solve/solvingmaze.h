@@ -11,8 +11,13 @@ namespace gridwright {
 /// main loop leaves them. Returns when `phase` is -6, 0, 1 or 2; the trail stays on the Canvas.
 ///
 /// Where the computer walks in a circle that does not meet the finish, it says so and sets `phase` 2, as
-/// `sandf` does; in a job with answers it leaves the answer out and sets 1, without a word.
+/// `sandf` does; in a job whose answer is due it says nothing and returns with `phase` 3: that answer is left
+/// out. It returns with `phase` 4 where the answer that is due stands on the Canvas.
 void solvingmaze(Program& program);
+
+/// A solved maze waits for a command, as `solvingmaze` has it wait where no answer is due. Returns when
+/// `phase` is -6, 0, 1 or 2.
+void waitSolved(Program& program);
 
 /// Puts the walk on the start box, the probe along its top edge heading right.
 void putWalkOnStart(ProgramState& state);

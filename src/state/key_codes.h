@@ -1,6 +1,8 @@
 // The key codes by which scripts and tenants name keys: letters by their capital, whatever the shift.
 #pragma once
 
+#include "files/step_codes.h"
+
 namespace gridwright::key {
 
 inline constexpr int enter = 13, escape = 27, space = 32;
@@ -10,3 +12,23 @@ inline constexpr int A = 65, C = 67, D = 68, F = 70, G = 71, H = 72, I = 73, J =
 inline constexpr int comma = 188, period = 190, slash = 191, quote = 222;
 
 }  // namespace gridwright::key
+
+namespace gridwright {
+
+/// The step code that an arrow key stands for, 0 for any other key.
+constexpr int stepOfArrow(int code) {
+  switch (code) {
+    case key::left:
+      return step::left;
+    case key::right:
+      return step::right;
+    case key::up:
+      return step::up;
+    case key::down:
+      return step::down;
+    default:
+      return step::none;
+  }
+}
+
+}  // namespace gridwright

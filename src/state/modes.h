@@ -1,6 +1,9 @@
 // Phases, kinds and modes, with the numbers that scripts, drawing files and tests know them by.
 #pragma once
 
+#include "canvas/maze_kind.h"
+#include "files/step_codes.h"
+
 namespace gridwright {
 
 enum class Phase : int {
@@ -14,8 +17,6 @@ enum class Phase : int {
   solving = 3,
   solved = 4,
 };
-
-enum class MazeKind : int { regular = 0, pipe = 1, threeD = 2 };
 
 /// `none` stands in `lastWalkMode` at a start, so that any mode counts as a change.
 enum class WalkMode : int { none = -9, back = -1, carve = 1 };
@@ -34,20 +35,5 @@ enum class PrintMode : int { none = 0, withAnswers = 1, withoutAnswers = 2 };
 enum class Symmetry : int { off = 0, horizontal = 1, vertical = 2, fourWay = 3 };
 
 enum class WindowState : int { normal = 0, minimised = 1, maximised = 2 };
-
-/// Step codes of patterns and keys: directions are always tried and named in this order.
-namespace step {
-inline constexpr int none = 0;
-inline constexpr int left = 1;
-inline constexpr int right = 2;
-inline constexpr int up = 3;
-inline constexpr int down = 4;
-inline constexpr int walkBack = 5;    ///< No move: turns the walker to walking back.
-inline constexpr int endMark = 9999;  ///< Ends a pattern.
-inline constexpr int closing = 88;    ///< Closing value after the end mark.
-
-/// Whether a number of a file is a step at all.
-constexpr bool isCode(int number) { return number >= left && number <= walkBack; }
-}  // namespace step
 
 }  // namespace gridwright

@@ -8,10 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "canvas/bitmap.h"
 #include "canvas/geometry.h"
 #include "canvas/outcome.h"
-#include "files/overwrite.h"
+#include "files/bitmap_files.h"
 #include "state/modes.h"
 
 namespace gridwright {
@@ -43,10 +42,8 @@ inline constexpr std::string_view kPagesLost = "Error: the pages could not be sa
 /// destructors on the way leave every file whole.
 struct ProgramEnd {};
 
-class Platform {
+class Platform : public BitmapFiles {
  public:
-  virtual ~Platform() = default;
-
   /// Delivers pending events through session/input.h and shows what changed. With `Pace::working` it
   /// returns at once when nothing is pending.
   /// \throws ProgramEnd when the window was closed.
@@ -77,15 +74,6 @@ class Platform {
 
   /// Tells a person one line; returns when it was read.
   virtual void messageBox(std::string_view text) = 0;
-
-  /// Decodes a bitmap file of any depth to exact 24-bit colour, cut at 1000 by 1000.
-  /// \returns a Fault, and nothing else happens, when it cannot be opened or is not whole.
-  virtual Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) = 0;
-
-  /// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself
-  /// fails in the middle of one written in place. To what is no plain file nothing is written.
-  virtual Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
-                                   Overwrite how) = 0;
 
   /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
   /// \returns a Fault when it cannot be kept: the pages since the last end are lost then, as the end tells.

@@ -6,6 +6,7 @@
 #include <set>
 #include <utility>
 
+#include "maze/maze_settings.h"
 #include "maze/stranded.h"
 #include "session/input.h"
 #include "session/maze_commands.h"

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "maze/maze_settings.h"
 #include "session/input.h"
 #include "support/maze_reading.h"
 #include "support/world.h"
