@@ -31,7 +31,7 @@ class Room:
         self.name = name
         self.floor = int(values["FLOOR"][0])
         self.stands_on = values.get("STANDS_ON", [])
-        self.words = text.splitlines()[0].lstrip("# ").rstrip(".")
+        self.words = text.splitlines()[0].lstrip("# ").split(". ")[0].rstrip(".")
 
 
 def read_rooms():

@@ -14,6 +14,27 @@
 #include "patterns/pattern_editor.h"
 #include "patterns/random_patterns.h"
 
+// The pass on one page. `At` says where a pass goes on; a row is a step, in the order in which one follows
+// the other, with the routine that takes it and where it may jump to. Without a jump the next row follows.
+//
+//   At               step                                                   routine            jumps to
+//   status           count the pass, help a stranded walker, menus          status
+//   shortPass        minimise, redraw kept; stand on the finish?            wholePass          leave
+//   finishPassed     paint what the last step carved, mix its colour        paintEntry
+//                    the corridor's own colour comes back                   colourUnderSquare
+//   choosePattern    a direction by chance, random steps on the way back    choosePattern
+//   drawStep         a step by chance                                       drawStep
+//                    the fill cursor moves; the yield; what it changed      sweepAndYield      leave
+//                    the direction's step file is opened                    openPattern
+//   readStep         the next number; the file's end chooses anew           readStep           choosePattern
+//   tryStep          a step refused before is not tried again               chooseStep         readStep,
+//   drawStep
+//                    after a refused underpass all codes in turn            sweepStep
+//                    code to offset; 5 turns to walking back                offsetFromStep     readStep
+//                    no offset: nothing to step                                                shortPass
+//                    hop, trap test, then the kind's own step               makeStep           status,
+//                    finishPassed
+
 namespace gridwright {
 
 namespace {
