@@ -257,7 +257,7 @@ void install(Program& program, const DrawingRecord& drawing, const Bitmap& pictu
   takeSettings(program, values);
   for (std::size_t i = 0; i < drawing.lists.size(); ++i) {
     const ListPlace place = listPlace(i);
-    program.steps.write(place.kind, place.direction, drawing.lists[i]);
+    program.steps.install(place.kind, place.direction, drawing.lists[i]);
   }
   program.platform.raise();
   s.drawing.skipPaintOnce = s.drawing.firstPaint = true;

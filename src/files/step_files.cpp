@@ -94,6 +94,10 @@ bool StepFiles::put(std::string_view name, std::string_view text) {
 }
 
 void StepFiles::write(MazeKind kind, int direction, const Steps& steps) {
+  writeText(kind, direction, formatSteps(steps));
+}
+
+void StepFiles::install(MazeKind kind, int direction, const Steps& steps) {
   writeText(kind, direction, hasStep(steps) ? formatSteps(steps) : defaultStepText(direction));
 }
 

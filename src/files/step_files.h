@@ -41,8 +41,9 @@ class StepFiles {
   /// The pattern of a direction. A file that is missing, or holds no step, reads as the direction's
   /// default.
   const Steps& steps(MazeKind kind, int direction);
-  /// A list without a step becomes the direction's default.
   void write(MazeKind kind, int direction, const Steps& steps);
+  /// Writes a list that comes from another file: one without a step becomes the direction's default.
+  void install(MazeKind kind, int direction, const Steps& steps);
   void reset(MazeKind kind, int direction);
   void resetKind(MazeKind kind);
   void resetAll();

@@ -58,7 +58,7 @@ std::string fileName(const Program& program, const std::string& base) {
 void installSet(Program& program, const PatternSet& set) {
   ProgramState& s = program.state;
   for (int direction = step::left; direction <= step::down; ++direction) {
-    program.steps.write(s.mazeKind, direction, set[static_cast<std::size_t>(direction - 1)]);
+    program.steps.install(s.mazeKind, direction, set[static_cast<std::size_t>(direction - 1)]);
   }
   s.patternDirection = 0;
   s.stepCode = step::none;

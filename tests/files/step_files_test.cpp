@@ -102,10 +102,10 @@ TEST(APatternOfTheWalkBackCodeAlone, IsNoEmptyOne) {
   EXPECT_EQ(files.steps(MazeKind::regular, 3), Steps{5});
 }
 
-TEST(AListWithoutAStep, IsWrittenAsTheDirectionsDefault) {
+TEST(AListWithoutAStep, IsInstalledAsTheDirectionsDefault) {
   MemoryFolder folder;
   StepFiles files(folder);
-  files.write(MazeKind::regular, 4, {});
+  files.install(MazeKind::regular, 4, {});
   EXPECT_EQ(folder.texts["down.pt"], "4,9999,88\r\n");
   EXPECT_EQ(files.steps(MazeKind::regular, 4), Steps{4});
 }
