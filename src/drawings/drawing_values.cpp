@@ -114,14 +114,17 @@ Square brushFrom(const Program& program, const Square& square) {
 }
 
 /// An end fills a cell of the grid but for the pixel around it, or is not placed: it stands a little above
-/// and left of the Canvas then, at -10 and up, or has no extent. One beside the grid would have the whole
-/// maze made beside it, and no walk on the grid reaches it.
+/// and left of the Canvas then, at -10 and up, or has no extent. One beside the grid, and for pipes beside
+/// their grid of twice the wall size, would have the whole maze made beside it, and no walk on the grid
+/// reaches it.
 Square endFrom(const Program& program, const Square& square) {
   constexpr Square kNotPlaced{};
   if (!liesOn(program.canvas, square, kUnset)) return kNotPlaced;
   const int wall = program.state.wallWidth;
   const bool fillsCell = square.right - square.left == wall - 3 && square.bottom - square.top == wall - 3 &&
-                         square.left % wall == 1 && square.top % wall == 1;
+                         square.left % wall == 1 && square.top % wall == 1 &&
+                         (program.state.mazeKind != MazeKind::pipe ||
+                          presentGrid(program.state).onPipeGrid({square.left - 1, square.top - 1}));
   return fillsCell || !isPlaced(square) ? square : kNotPlaced;
 }
 

@@ -127,9 +127,12 @@ void walkOn(Program& program) {
   keepStartWhole(program);
 }
 
-/// Asked once a pass of the computer's walk, the finish not met in it.
-bool walkCircles(ProgramState& s, Repetition& repetition) {
+/// Asked once a pass of the computer's walk, the finish not met in it. Beyond the Canvas there is no wall to
+/// follow: a walk that got there drifts away for ever and comes no more to where it was.
+bool walkCircles(Program& program, Repetition& repetition) {
+  ProgramState& s = program.state;
   if (s.paused || s.playMode != PlayMode::off) return false;
+  if (!program.canvas.inside(s.solver.probeX, s.solver.probeY)) return true;
   const bool startAgain = !isSearching(s) && standsInStartAsBefore(s);
   return repetition.isComplete(s) || startAgain;
 }
@@ -214,7 +217,7 @@ void solvingmaze(Program& program) {
     const bool moved = cellChanged(s);
     walkOn(program);
     const bool searching = isSearching(s);
-    const bool circles = walkCircles(s, repetition);
+    const bool circles = walkCircles(program, repetition);
     if (circles && !searching) return stopWithoutWay(program);
     const bool waits = s.paused || circles || (s.playMode != PlayMode::off && !moved);
     yield(program, waits ? Pace::idle : Pace::working);

@@ -126,22 +126,34 @@ TEST(AnEndSquare, IsThatOfACellElseItIsNotPlaced) {
   const TempFolder temp;
   ChangedRecords s(temp);
   for (const std::size_t end : {record::start, record::finish}) {
+    int kind = 0;
     const auto become = [&](const Square& square, const Square& wanted) {
-      s.change({{end, square.left}, {end + 1, square.top}, {end + 2, square.right}, {end + 3, square.bottom}},
-               [end, square, wanted](const DrawingRecord& loaded) {
+      s.change({{record::mazeKind, kind},
+                {end, square.left},
+                {end + 1, square.top},
+                {end + 2, square.right},
+                {end + 3, square.bottom}},
+               [end, square, wanted, kind](const DrawingRecord& loaded) {
                  const auto side = [&](std::size_t i) { return loaded.values[end + i]; };
                  EXPECT_EQ((Square{side(0), side(1), side(2), side(3)}), wanted)
-                     << square.left << "," << square.top << " to " << square.right << "," << square.bottom;
+                     << "kind " << kind << ": " << square.left << "," << square.top << " to " << square.right
+                     << "," << square.bottom;
                });
     };
-    for (const Square& possible : {Square{11, 11, 18, 18}, Square{71, 21, 78, 28}, Square{0, 0, 0, 0},
-                                   Square{0, 0, -5, -5}, Square{-10, -10, -10, -10}, Square{40, 40, 40, 40}})
-      become(possible, possible);
-    for (const Square& impossible :
-         {Square{11, 11, 118, 18}, Square{11, 11, 18, 118}, Square{12, 11, 19, 18}, Square{11, 20, 18, 27},
-          Square{18, 18, 11, 11}, Square{10, 10, 19, 19}, Square{311, 11, 318, 18}, Square{-19, 11, -12, 18},
-          Square{-11, 0, 0, 0}, Square{-100, -100, -100, 0}})
-      become(impossible, Square{});
+    for (kind = 0; kind <= 2; ++kind) {
+      for (const Square& possible :
+           {Square{11, 11, 18, 18}, Square{71, 31, 78, 38}, Square{0, 0, 0, 0}, Square{0, 0, -5, -5},
+            Square{-10, -10, -10, -10}, Square{40, 40, 40, 40}})
+        become(possible, possible);
+      for (const Square& impossible :
+           {Square{11, 11, 118, 18}, Square{11, 11, 18, 118}, Square{12, 11, 19, 18}, Square{11, 20, 18, 27},
+            Square{18, 18, 11, 11}, Square{10, 10, 19, 19}, Square{311, 11, 318, 18},
+            Square{-19, 11, -12, 18}, Square{-11, 0, 0, 0}, Square{-100, -100, -100, 0}})
+        become(impossible, Square{});
+      for (const Square& besidePipes :
+           {Square{71, 21, 78, 28}, Square{61, 31, 68, 38}, Square{1, 11, 8, 18}, Square{41, 41, 48, 48}})
+        become(besidePipes, kind == 1 ? Square{} : besidePipes);
+    }
   }
   s.change({{record::finish, -100},
             {record::finish + 1, -100},
@@ -153,15 +165,22 @@ TEST(AnEndSquare, IsThatOfACellElseItIsNotPlaced) {
 
 TEST(ADrawingWhoseEndsLieBesideTheGrid, HasAMazeThatIsSolved) {
   const Bitmap room = drawing(Text(8, "............"));
+  struct Beside {
+    int kind;
+    Square square;
+  };
   for (const std::size_t end : {record::start, record::finish}) {
-    for (const Square& square :
-         {Square{5000, 5000, 5000, 5000}, Square{55, 51, 62, 58}, Square{50, 50, 52, 52}}) {
+    for (const auto& [kind, square] :
+         {Beside{0, {5000, 5000, 5000, 5000}}, Beside{0, {55, 51, 62, 58}}, Beside{0, {50, 50, 52, 52}},
+          Beside{1, {41, 31, 48, 38}}, Beside{1, {31, 41, 38, 48}}}) {
+      SCOPED_TRACE(square.left);
       const TempFolder temp;
       DiskSession s(temp.path(), room);
       s.draw();
       s.save("odd");
       s.look([&](Program&) {
         DrawingRecord drawing = parseDrawing(temp.get("odd.maze")).value();
+        drawing.values[record::mazeKind] = kind;
         drawing.values[end] = square.left;
         drawing.values[end + 1] = square.top;
         drawing.values[end + 2] = square.right;

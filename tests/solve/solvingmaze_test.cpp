@@ -137,6 +137,33 @@ TEST(AWalkThatNeverComesBackToTheStart, IsStoppedToo) {
   EXPECT_EQ(s.state.phase, Phase::placing);
 }
 
+/// A walk that lost its walls, far away by now.
+void putBeyondTheCanvas(Solving& s) {
+  s.state.cur = s.state.prev = squareOf(4, 3);
+  s.state.solver.probeX = s.canvas.scaleWidth() + 1'000;
+  s.state.solver.probeY = 35;
+}
+
+TEST(AWalkThatHasLeftTheCanvas, IsStoppedAsOneInACircle) {
+  Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
+  putBeyondTheCanvas(s);
+  s.desktop.limit = 5'000;
+  s.solve();
+  EXPECT_EQ(s.desktop.trouble, "");
+  EXPECT_EQ(s.desktop.messages, kNoWay);
+  EXPECT_EQ(s.state.phase, Phase::placing);
+}
+
+TEST(ASearchThatHasLeftTheCanvas, CostsNothing) {
+  Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
+  s.state.finishMethod = s.state.solver.activeFinishMethod = FinishMethod::largest;
+  putBeyondTheCanvas(s);
+  s.desktop.pumpsPass(20);
+  s.desktop.look([&](Program&) { EXPECT_EQ(s.desktop.lastPace, Pace::idle); });
+  s.solve();
+  EXPECT_TRUE(s.desktop.messages.empty());
+}
+
 TEST(AWindowMinimisedForTheWork, IsThereAgainWhenItSaysThatThereIsNoWay) {
   Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
   s.desktop.limit = 500;
