@@ -5,6 +5,7 @@
 #include <map>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "drawings/drawing_record.h"
 #include "drawings/drawing_values.h"
@@ -13,6 +14,7 @@
 #include "files/saved_pair.h"
 #include "files/work_place.h"
 #include "menus/panels.h"
+#include "patterns/pattern_sets.h"
 
 namespace gridwright {
 
@@ -85,6 +87,13 @@ Outcome<Done> savePair(Program& program, const std::string& base) {
   return taken;
 }
 
+/// What a save can have left behind; a link is none of its files.
+std::vector<std::string> plainFiles(const WorkFolder& folder, const std::string& ending) {
+  std::vector<std::string> names = folder.list(ending);
+  std::erase_if(names, [&](const std::string& name) { return isNoPlainFile(folder.path() / name); });
+  return names;
+}
+
 void refreshLists(Program& program) {
   for (const ControlId list : {ControlId::File1, ControlId::File2}) refreshList(program, list, kRecordEnding);
 }
@@ -95,7 +104,7 @@ bool isNameForDrawing(std::string_view base) { return staysInFolder(base) && !is
 
 void recoverSaves(const WorkFolder& folder) {
   // A bitmap that was cut off while it got its building name.
-  for (const std::string& name : folder.list(".building.building")) {
+  for (const std::string& name : plainFiles(folder, std::string(kBitmapEnding) + ".building.building")) {
     removeLeftOver(folder.path() / name);
   }
   // The bitmap's name may be spelt unlike the record's: a pair is found by its name without case.
@@ -106,7 +115,8 @@ void recoverSaves(const WorkFolder& folder) {
   for (const Ending ending : {Ending{kBitmapEnding, ".building"}, Ending{kRecordEnding, ".building"},
                               Ending{kRecordEnding, ".ready"}, Ending{kBitmapEnding, "~.building"},
                               Ending{kRecordEnding, "~.building"}}) {
-    for (const std::string& name : folder.list(std::string(ending.target) + std::string(ending.added))) {
+    for (const std::string& name :
+         plainFiles(folder, std::string(ending.target) + std::string(ending.added))) {
       const std::string target = name.substr(0, name.size() - ending.added.size());
       const std::string base = target.substr(0, target.rfind('.'));
       PairPaths& pair = pairs.try_emplace(inLowerCase(base), pairOf(folder, base)).first->second;
@@ -114,9 +124,11 @@ void recoverSaves(const WorkFolder& folder) {
     }
   }
   for (const auto& [base, pair] : pairs) recoverPair(pair);
-  constexpr std::string_view kHeld = "~.building";
-  for (const std::string& name : folder.list(kHeld))
-    recoverEarlier(folder.path() / name.substr(0, name.size() - kHeld.size()));
+  const std::string held = "~.building";
+  for (const MazeKind kind : {MazeKind::regular, MazeKind::pipe, MazeKind::threeD}) {
+    for (const std::string& name : plainFiles(folder, std::string(setEnding(kind)) + held))
+      recoverEarlier(folder.path() / name.substr(0, name.size() - held.size()));
+  }
 }
 
 void sdrawing(Program& program) {
@@ -179,18 +191,28 @@ void loadEscaped(Program& program) { closePanel(program, kLoadPanel); }
 
 namespace {
 
+/// Where a drawing can be kept that the working folder does not take; empty for nowhere.
+fs::path otherPlace(const Program& program) {
+  const fs::path& data = program.dataFolder;
+  return !data.empty() && makePersonalFolder(data) && WorkFolder(data).takesFiles() ? data : fs::path();
+}
+
 void tellIfUnwritable(Program& program) {
   if (program.toldUnwritable || program.files->takesFiles()) return;
   program.toldUnwritable = true;
-  program.files->tell(wordsOnUnwritableFolder(program.dataFolder));
+  program.files->tell(wordsOnUnwritableFolder(otherPlace(program)));
 }
 
 void keep(Program& program, const Bitmap& picture) {
-  const fs::path& data = program.dataFolder;
   if (program.pictures.save(kLastDrawing, picture, Overwrite::atOnce)) return;
-  if (!data.empty() && makePersonalFolder(data))
-    program.platform.saveBitmap(picture, data / kLastDrawing, Overwrite::atOnce);
   tellIfUnwritable(program);
+  const fs::path data = otherPlace(program);
+  if (data.empty()) return;
+  const auto kept = program.platform.saveBitmap(picture, data / kLastDrawing, Overwrite::atOnce);
+  if (kept) return;
+  program.files->tellIfNoPlainFile(kept.fault());
+  program.files->tell("Error: the drawing can be kept neither in this folder nor in " + data.string() +
+                      "; it is lost.");
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ std::optional<WorkPlace> placeIn(const fs::path& folder) {
 WorkPlace temporaryPlace() {
   std::error_code failed;
   std::string name = (fs::temp_directory_path(failed) / "gridwright-XXXXXX").string();
-  if (::mkdtemp(name.data()) == nullptr) return {};
+  if (failed || ::mkdtemp(name.data()) == nullptr) return {};
   return {name, lockFolder(name).value_or(OpenFile()), {}};
 }
 
@@ -63,6 +63,7 @@ WorkPlace placeWithoutFolder(const fs::path& data) {
     place = temporaryPlace();
   }
   place.words = wordsOnUnwritableFolder(place.folder);
+  place.saysUnwritable = place.folder.empty();
   return place;
 }
 
@@ -78,8 +79,9 @@ WorkPlace placeForWindow(const fs::path& startedIn, const fs::path& data) {
   if (startedIn.empty()) return placeWithoutFolder(data);
   if (auto lock = lockFolder(startedIn)) return {startedIn, std::move(*lock), {}};
   WorkPlace place = placeBeside(startedIn);
-  place.words = "Error: another Gridwright works in " + startedIn.string() + "; this one works in " +
-                place.folder.string() + ".";
+  place.words = "Error: another Gridwright works in " + startedIn.string() +
+                (place.folder.empty() ? ", and no other folder can be had."
+                                      : "; this one works in " + place.folder.string() + ".");
   return place;
 }
 

@@ -14,9 +14,10 @@
 namespace gridwright {
 
 struct WorkPlace {
-  std::filesystem::path folder;
-  OpenFile lock;      ///< Holds the folder for as long as it lives.
-  std::string words;  ///< What a person must know of it, said once; empty when it is as expected.
+  std::filesystem::path folder;  ///< Empty where none at all can be had.
+  OpenFile lock;                 ///< Holds the folder for as long as it lives.
+  std::string words;             ///< What a person must know of it, said once; empty when it is as expected.
+  bool saysUnwritable = false;   ///< These words say already that nothing can be written.
 };
 
 /// Locks a folder. \returns nothing when another program works in it.
@@ -24,7 +25,8 @@ std::optional<OpenFile> lockFolder(const std::filesystem::path& folder);
 
 /// Where the window works that was started in a folder: there; where another program does, in "NAME 2"
 /// beside it (or "NAME 3" and so on up to 99), which is made where it is missing; else in a new temporary
-/// folder. A window that was started in a folder that is gone, told by an empty path, works in `data`.
+/// folder, or none. A window that was started in a folder that is gone, told by an empty path, works in
+/// `data`.
 WorkPlace placeForWindow(const std::filesystem::path& startedIn, const std::filesystem::path& data);
 
 /// The folder where a person's programs keep what belongs to no other folder: gridwright in XDG_DATA_HOME,

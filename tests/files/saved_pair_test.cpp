@@ -151,6 +151,32 @@ TEST(ARecoveryCutOffBetweenTheTwoOnesBefore, IsCompletedByTheNext) {
   p.expectNothingElse(4);
 }
 
+TEST(ARecovery, TouchesNoFilesThatAreNotTheProgrammes) {
+  const TempFolder temp;
+  const TempFolder elsewhere;
+  elsewhere.put("mine", "precious");
+  const std::vector<std::string> names = {"notes.txt~.building", "notes.txt.building.building",
+                                          "house.building", "work.pats~.building"};
+  for (const std::string& name : names) temp.put(name, "of somebody else");
+  const std::vector<std::string> links = {"wave.pat~.building", "cat.maze.ready", "dog.bmp~.building",
+                                          "cow.bmp.building.building"};
+  for (const std::string& name : links) fs::create_symlink(elsewhere.path() / "mine", temp.path() / name);
+  recoverSaves(WorkFolder(temp.path()));
+  for (const std::string& name : names) EXPECT_EQ(temp.get(name), "of somebody else") << name;
+  for (const std::string& name : links) EXPECT_TRUE(fs::is_symlink(temp.path() / name)) << name;
+}
+
+TEST(ARecovery, KeepsTheSetThatWasReplaced) {
+  for (const std::string name : {"wave.pat", "wave.3d-pat", "WAVE.3D-PIPE-PAT"}) {
+    const TempFolder temp;
+    temp.put(name, "new");
+    temp.put(name + "~.building", "old");
+    recoverSaves(WorkFolder(temp.path()));
+    EXPECT_EQ(temp.get(name + "~"), "old");
+    EXPECT_FALSE(fs::exists(temp.path() / (name + "~.building")));
+  }
+}
+
 TEST(ARecovery, FindsAPairWhoseNamesAreSpeltInDifferentCase) {
   TempFolder temp;
   temp.put("cat.maze", "old record");

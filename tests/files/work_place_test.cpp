@@ -147,6 +147,16 @@ TEST(AWindowStartedInAFolderThatIsGone, WorksInATemporaryFolderWhereThePersonHas
   }
 }
 
+TEST(AWindowForWhichNoFolderCanBeHad, SaysSoOnce) {
+  const Desk desk;
+  const Variable here("TMPDIR", "/proc/none");
+  const WorkPlace place = placeForWindow({}, "/proc/none/gridwright");
+  EXPECT_EQ(place.folder, "");
+  EXPECT_EQ(place.words, wordsOnUnwritableFolder({}));
+  EXPECT_TRUE(place.saysUnwritable) << "the program does not tell it a second time";
+  EXPECT_FALSE(placeForWindow({}, desk.data).saysUnwritable);
+}
+
 TEST(TheDataFolder, IsTheOneThatADesktopNames) {
   const Variable home("HOME", "/home/ann");
   {

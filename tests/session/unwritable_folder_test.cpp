@@ -109,7 +109,33 @@ TEST(AFullDiskAtTheStart, IsToldOnce) {
     const FullDisk full(0);
     s.run();
   }
-  s.expectToldOnce();
+  EXPECT_EQ(s.desktop.messages, std::vector<std::string>{wordsOnUnwritableFolder({})})
+      << "and the data folder takes none either";
+}
+
+TEST(AFolderThatIsGone, PromisesNoDataFolderThatTakesNoFiles) {
+  const TempFolder temp;
+  Session s(temp.path() / "gone");
+  s.data = s.program.dataFolder = s.home.path();
+  {
+    const ReadOnly readOnly(s.home.path());
+    s.run();
+  }
+  EXPECT_EQ(s.desktop.messages, std::vector<std::string>{wordsOnUnwritableFolder({})});
+}
+
+TEST(ADrawing, IsSaidToBeLostWhereTheDataFolderDoesNotKeepItAfterAll) {
+  const TempFolder temp;
+  Session s(temp.path() / "gone");
+  fs::create_directories(s.data / "last-drawing.bmp");
+  s.desktop.menu(Item::rmazes);
+  s.desktop.pumpsPass(2);
+  s.run();
+  const std::vector<std::string> told{
+      wordsOnUnwritableFolder(s.data),
+      "Error: last-drawing.bmp is not a plain file; nothing is written to it.",
+      "Error: the drawing can be kept neither in this folder nor in " + s.data.string() + "; it is lost."};
+  EXPECT_EQ(s.desktop.messages, told);
 }
 
 TEST(AFolderWithoutAPlaceForTheDrawing, IsToldToLoseIt) {

@@ -21,5 +21,6 @@ int main(int argc, char** argv) {
   const auto program = std::make_unique<gridwright::Program>(desktop, place.folder);
   program->dataFolder = data;
   program->wordsAtBegin = place.words;
+  program->toldUnwritable = place.saysUnwritable;
   return gridwright::runInWindow(desktop, *program);
 }
