@@ -34,16 +34,12 @@ struct stat about(const OpenFile& file) {
   return known;
 }
 
-bool writeAll(const OpenFile& file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file.descriptor(), bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-  // Some file systems tell what went wrong only at a close; a second descriptor's leaves the file held.
-  const int twin = ::fcntl(file.descriptor(), F_DUPFD_CLOEXEC, 0);
-  return twin >= 0 && ::close(twin) == 0;
+/// Whether the name leads to this open file, and no other name does.
+bool isNamed(const fs::path& path, const OpenFile& file) {
+  const struct stat open = about(file);
+  struct stat named {};
+  return open.st_nlink == 1 && ::lstat(path.c_str(), &named) == 0 && named.st_dev == open.st_dev &&
+         named.st_ino == open.st_ino;
 }
 
 /// Opens a plain file as it is; an empty one is made when nothing was there.
@@ -119,10 +115,23 @@ Outcome<OpenFile> openHeld(const fs::path& path) {
     auto file = openUnshared(path);
     if (!file) return file;
     if (!hold(file.value())) break;
-    // Between the open and the hold it may have been taken for a left-over.
-    if (about(file.value()).st_nlink == 1) return emptied(std::move(file), path);
+    // Between the open and the hold it may have been taken for a left-over, or have become whole under its
+    // own name.
+    if (isNamed(path, file.value())) return emptied(std::move(file), path);
   }
   return notWritable(path);
+}
+
+bool writeAll(const OpenFile& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file.descriptor(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  // Some file systems tell what went wrong only at a close; a second descriptor's leaves the file held.
+  const int twin = ::fcntl(file.descriptor(), F_DUPFD_CLOEXEC, 0);
+  return twin >= 0 && ::close(twin) == 0;
 }
 
 Outcome<Done> writePlainFile(const fs::path& path, std::string_view bytes) {

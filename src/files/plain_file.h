@@ -52,6 +52,9 @@ Outcome<OpenFile> openForNewContent(const std::filesystem::path& path);
 /// no other takes it for a left-over. One that another holds is notWritable.
 Outcome<OpenFile> openHeld(const std::filesystem::path& path);
 
+/// Writes the bytes at the end of what was written to an open file. \returns whether all were taken.
+bool writeAll(const OpenFile& file, std::string_view bytes);
+
 /// Writes the bytes over what was there; they may be cut off by a full disk. Faults as above.
 Outcome<Done> writePlainFile(const std::filesystem::path& path, std::string_view bytes);
 

@@ -5,6 +5,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <thread>
+#include <vector>
+
 #include "support/full_disk.h"
 #include "support/no_plain_files.h"
 #include "support/work_folders.h"
@@ -125,6 +129,28 @@ TEST(AFileThatGrows, IsNoLeftOverAndNobodyElses) {
   }
   removeLeftOver(building);
   EXPECT_FALSE(fs::exists(building)) << "nobody does any more";
+}
+
+TEST(AReplacedFile, IsWholeHoweverManyReplaceIt) {
+  const TempFolder temp;
+  const fs::path path = temp.path() / "a";
+  const std::string bytes(20'000, 'x');
+  ASSERT_TRUE(replacePlainFile(path, bytes));
+  std::atomic<int> writing = 3;
+  std::vector<std::thread> writers;
+  for (int i = 0; i < 3; ++i) {
+    writers.emplace_back([&] {
+      for (int times = 0; times < 3'000; ++times) (void)replacePlainFile(path, bytes);
+      --writing;
+    });
+  }
+  int cut = 0;
+  while (writing > 0) {
+    const auto read = readPlainFile(path);
+    if (!read || read.value() != bytes) ++cut;
+  }
+  for (std::thread& writer : writers) writer.join();
+  EXPECT_EQ(cut, 0);
 }
 
 TEST(AFileOfTheSameLength, IsWrittenOverAndNoOther) {

@@ -125,6 +125,21 @@ TEST(TheNameOfAGrowingFile, IsNeverTheSameAndNamesItsTarget) {
   EXPECT_EQ(names.size(), 50U);
 }
 
+TEST(AGrowingFile, RemovesWhatKilledProgramsLeftOfItsTargetAndNothingElse) {
+  const TempFolder temp;
+  const fs::path path = temp.path() / "out.pdf";
+  for (const char* name : {"out.pdf.abcdefgh.building", "out.pdf.building"}) temp.put(name, "half");
+  const std::set<std::string> others{"in.pdf.abcdefgh.building", "out.pdf.abcdefgh", "out.pdf"};
+  for (const std::string& name : others) temp.put(name, "mine");
+  {
+    const GrowingFile first(path);
+    EXPECT_EQ(namesIn(temp.path()).size(), others.size() + 1);
+    const GrowingFile second(path);
+    EXPECT_EQ(namesIn(temp.path()).size(), others.size() + 2) << "the first is held";
+  }
+  EXPECT_EQ(namesIn(temp.path()), others);
+}
+
 TEST(AGrowingFile, HasWhatWasWrittenInManySmallPieces) {
   const TempFolder temp;
   std::string all;

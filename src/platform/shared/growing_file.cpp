@@ -1,15 +1,12 @@
 #include "platform/shared/growing_file.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <string_view>
 #include <system_error>
-#include <utility>
-
-#include "files/plain_file.h"
+#include <vector>
 
 namespace gridwright {
 
@@ -20,25 +17,43 @@ namespace {
 constexpr std::size_t kMostWaiting = 16 * 1024;
 constexpr int kTries = 100;  // at a name that is not taken; the first nearly always is none
 
+/// Between its making and its hold another may have taken it for a left-over.
+bool hasName(const OpenFile& file) {
+  struct stat known {};
+  return ::fstat(file.descriptor(), &known) == 0 && known.st_nlink > 0;
+}
+
+/// The files that grow towards a target, and those that a killed program left behind of it.
+std::vector<fs::path> growingTowards(const fs::path& target) {
+  const std::string wanted = target.filename().string();
+  std::vector<fs::path> paths;
+  std::error_code failed;
+  const fs::path folder = target.parent_path().empty() ? fs::path(".") : target.parent_path();
+  for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end; entry.increment(failed)) {
+    if (targetOfBuilding(entry->path().filename().string()) == wanted) paths.push_back(entry->path());
+  }
+  return paths;
+}
+
 }  // namespace
 
 GrowingFile::GrowingFile(const fs::path& target) {
-  for (int i = 0; i < kTries && descriptor_ < 0; ++i) {
+  for (const fs::path& path : growingTowards(target)) removeLeftOver(path);
+  for (int i = 0; i < kTries && !file_; ++i) {
     path_ = freshBuildingName(target);
-    descriptor_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
-    if (descriptor_ < 0 && errno != EEXIST) return;
+    file_ = OpenFile(::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+    if (!file_ && errno != EEXIST) return;
+    if (file_ && !(hold(file_) && hasName(file_))) file_.close();
   }
-  if (descriptor_ < 0) return;
-  ::flock(descriptor_, LOCK_EX | LOCK_NB);  // where the file system knows no locks it grows without
-  open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+  if (file_) open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
 GrowingFile::~GrowingFile() { remove(); }
 
 void GrowingFile::remove() {
-  if (descriptor_ < 0) return;
+  if (!file_) return;
   ::unlink(path_.c_str());
-  ::close(std::exchange(descriptor_, -1));
+  file_.close();
 }
 
 qint64 GrowingFile::writeData(const char* bytes, qint64 count) {
@@ -49,13 +64,7 @@ qint64 GrowingFile::writeData(const char* bytes, qint64 count) {
 }
 
 bool GrowingFile::writeThrough() {
-  std::string_view left = waiting_;
-  while (!left.empty() && !refused_) {
-    const ssize_t taken = ::write(descriptor_, left.data(), left.size());
-    if (taken < 0 && errno == EINTR) continue;
-    refused_ = taken <= 0;
-    if (!refused_) left.remove_prefix(static_cast<std::size_t>(taken));
-  }
+  refused_ = refused_ || !writeAll(file_, waiting_);
   waiting_.clear();
   return !refused_;
 }
@@ -65,23 +74,15 @@ bool GrowingFile::takeName(const fs::path& target) {
   close();
   // Some file systems tell only here that there was no room.
   const bool onDisk = writeThrough() && !isNoPlainFile(target) &&
-                      (::fsync(descriptor_) == 0 || errno == EINVAL || errno == EROFS);
+                      (::fsync(file_.descriptor()) == 0 || errno == EINVAL || errno == EROFS);
   if (!onDisk || ::rename(path_.c_str(), target.c_str()) != 0) {
     remove();
     return false;
   }
-  ::close(std::exchange(descriptor_, -1));
+  file_.close();
   return true;
 }
 
-bool isGrowing(const fs::path& target) {
-  const std::string wanted = target.filename().string();
-  std::error_code failed;
-  const fs::path folder = target.parent_path().empty() ? fs::path(".") : target.parent_path();
-  for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end; entry.increment(failed)) {
-    if (targetOfBuilding(entry->path().filename().string()) == wanted) return true;
-  }
-  return false;
-}
+bool isGrowing(const fs::path& target) { return !growingTowards(target).empty(); }
 
 }  // namespace gridwright

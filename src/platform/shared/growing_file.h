@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <string>
 
+#include "files/plain_file.h"
+
 namespace gridwright {
 
 /// Bears a name of its own while it grows, NAME.XXXXXXXX.building, that nobody can know before: two programs
@@ -15,13 +17,14 @@ namespace gridwright {
 /// lock, which tells it from what a killed program has left behind.
 class GrowingFile : public QIODevice {
  public:
-  /// Opens a new file beside the target, if that can be done: see `isOpen`.
+  /// Opens a new file beside the target, if that can be done: see `isOpen`. What killed programs left behind
+  /// of the same target goes; the target's folder need not be one that a program works in.
   explicit GrowingFile(const std::filesystem::path& target);
   /// Removes the file unless it has taken its name.
   ~GrowingFile() override;
 
   /// Whether every byte so far was taken; what still waits in memory counts as taken.
-  [[nodiscard]] bool isWhole() const { return descriptor_ >= 0 && !refused_; }
+  [[nodiscard]] bool isWhole() const { return file_ && !refused_; }
 
   /// Writes what still waits, through to the disk, and takes the name. Nothing can be written from then on.
   /// \returns false when a byte was refused or the name cannot be taken; what was there stays as it was.
@@ -39,7 +42,7 @@ class GrowingFile : public QIODevice {
 
   std::filesystem::path path_;
   std::string waiting_;  // a writer of pages writes a few bytes at a time
-  int descriptor_ = -1;
+  OpenFile file_;
   bool refused_ = false;
 };
 
