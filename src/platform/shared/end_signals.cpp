@@ -39,11 +39,11 @@ EndSignals::EndSignals() {
   std::signal(SIGXFSZ, SIG_IGN);
   for (const int signal : kSignals) {
     struct sigaction present {};
-    if (signal == SIGHUP && ::sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN)
-      continue;
+    if (::sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN) continue;
     struct sigaction wanted {};
     wanted.sa_handler = note;
-    wanted.sa_flags = SA_RESTART;  // what is being read or written goes on
+    // What is being read or written goes on; where that has no end, a second one ends the program at once.
+    wanted.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
     ::sigaction(signal, &wanted, nullptr);
   }
 }

@@ -6,9 +6,10 @@
 
 namespace gridwright {
 
-/// Answers the three signals while it lives; a SIGHUP that the process was started to ignore, as nohup
-/// does, stays ignored. A limit on the size of files ends nothing from then on: what goes beyond it is
-/// refused, as by a full disk. One at a time.
+/// Answers the three signals while it lives, each once: a second one ends the process the system's way, also
+/// where it is stuck in a write to a reader who reads no more. One that the process was started to ignore, as
+/// nohup has it with SIGHUP and a shell's "&" with SIGINT, stays ignored. A limit on the size of files ends
+/// nothing from then on: what goes beyond it is refused, as by a full disk. One at a time.
 class EndSignals {
  public:
   EndSignals();
