@@ -87,6 +87,17 @@ TEST(ASaveThatWasCutOff, KeepsWhatItHeldOnlyIfTheNewOneIsThere) {
   }
 }
 
+TEST(ASaveThatWasCutOff, KeepsTheOneBeforeWhereWhatItHeldIsACopy) {
+  Target t;
+  t.temp.put("waves.pat", "old");
+  t.temp.put("waves.pat~.building", "old");
+  t.temp.put("waves.pat~", "older");
+  recoverEarlier(t.path);
+  EXPECT_EQ(t.temp.get("waves.pat"), "old");
+  EXPECT_EQ(t.temp.get("waves.pat~"), "older");
+  t.expectFiles(2);
+}
+
 TEST(ASaveOverADrawing, KeepsTheOneBeforeAndSaysSo) {
   TempFolder temp;
   DiskSession s(temp.path(), drawing({"......", "......", "......", "......"}));

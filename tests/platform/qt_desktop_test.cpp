@@ -10,10 +10,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <csignal>
 #include <filesystem>
 #include <functional>
 
 #include "menus/panels.h"
+#include "platform/shared/end_signals.h"
 #include "platform/shared/image_files.h"
 #include "qt_session.h"
 #include "session/input.h"
@@ -57,6 +59,15 @@ TEST(BothEnterKeysAndEscape, CloseThePanel) {
     EXPECT_FALSE(session.box(ControlId::Text2)->isVisible());
     EXPECT_EQ(session.desktop.window().focusWidget(), &session.desktop.window().view());
   }
+}
+
+TEST(ASignalThatEnds, IsSeenByThePumpWithoutAPipeToWakeIt) {
+  std::signal(SIGTERM, SIG_DFL);
+  const EndSignals asked;
+  Session session;
+  ASSERT_EQ(std::raise(SIGTERM), 0);
+  EXPECT_THROW(session.pump(Pace::idle), ProgramEnd);
+  session.desktop.messageBox("this waits for nobody");
 }
 
 TEST(TheSecondCommandOfAPump, IsDropped) {

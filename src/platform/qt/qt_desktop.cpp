@@ -81,12 +81,18 @@ void QtDesktop::doEvents(Program& program, Pace pace) {
   bringInLine(program);
   const auto flags = pace == Pace::housekeeping ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
   bool reached = ask(program, flags);
-  while (pace == Pace::idle && !reached && !closing_) {
+  while (pace == Pace::idle && !reached && !mustEnd()) {
     bringInLine(program);
     describe(program);
     reached = ask(program, QEventLoop::WaitForMoreEvents);
   }
-  if (closing_) throw ProgramEnd{};
+  if (mustEnd()) throw ProgramEnd{};
+}
+
+/// A signal is looked for here too: the system may have had no pipe to wake this up with.
+bool QtDesktop::mustEnd() {
+  if (endSignal() != 0) nobodyReads();
+  return closing_ || endSignal() != 0;
 }
 
 // Run millions of times a second by a busy loop: a few comparisons, and the clock now and then.

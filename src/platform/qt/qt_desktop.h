@@ -58,6 +58,7 @@ class QtDesktop : public Platform {
  private:
   using Clock = std::chrono::steady_clock;
 
+  bool mustEnd();
   bool isDue(Program& program);
   bool showCanvas(Program& program);
   bool clockSaysDue();
