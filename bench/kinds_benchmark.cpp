@@ -10,6 +10,7 @@
 #include "maze/makemaze.h"
 #include "measured_world.h"
 #include "solve/solvingmaze.h"
+#include "state/grid.h"
 
 namespace gridwright::bench {
 namespace {
@@ -65,7 +66,7 @@ double solve(MeasuredWorld& world, FinishMethod method) {
   s.finishColor = qb::gray + 1;
   s.solver.pathLength = s.solver.bestPathLength = 0;
   const Square finish = s.finish;
-  if (method != FinishMethod::user) s.finish = {-100, -100, -100, -100};
+  if (method != FinishMethod::user) s.finish = kTakenOff;
   putWalkOnStart(s);
   world.desktop.until = Phase::solved;
   const auto begin = Clock::now();

@@ -4,7 +4,6 @@
 
 #include "colours/colour_repairs.h"
 #include "menus/menu_rules.h"
-#include "solve/default_ends.h"
 #include "solve/finish_methods.h"
 #include "state/grid.h"
 
@@ -92,7 +91,6 @@ void putWindow(Program& program, Values& values) {
 }
 
 constexpr int kUnset = -10;
-constexpr Square kTakenOff{-100, -100, -100, -100};  // a finish that a search had in hand
 
 /// No random pattern has more fresh cells than the largest Canvas has pixels.
 constexpr int kMostSteps = Canvas::kSide * Canvas::kSide;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "state/grid.h"
+
 namespace gridwright {
 
 namespace {
@@ -9,9 +11,6 @@ namespace {
 int cellAt(int position, int wall, int pitch) {
   return (position - wall) / std::max(1, pitch) + 1;  // a square on no grid must not divide by 0
 }
-
-/// An end that is not placed has its square left of or above the Canvas.
-bool isPlaced(const Square& end) { return end.left >= 0 && end.top >= 0 && end.left < end.right; }
 
 std::string sizeWords(const Cells& cells) {
   if (cells.columns == 1 && cells.rows == 1) return "1 cell";

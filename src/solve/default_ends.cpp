@@ -48,10 +48,6 @@ bool onPipeGrid(const CellGrid& grid, const Square& square) {
 
 }  // namespace
 
-bool isPlaced(const Square& q) {
-  return q.left != q.right && q.top != q.bottom && q.left >= 0 && q.top >= 0 && q.right >= 0 && q.bottom >= 0;
-}
-
 void placedefaultends(Program& program) {
   ProgramState& s = program.state;
   const CellGrid grid = presentGrid(s);

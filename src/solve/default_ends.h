@@ -5,9 +5,6 @@
 
 namespace gridwright {
 
-/// Whether the square is placed: sides apart and none negative.
-bool isPlaced(const Square& square);
-
 /// Reads the Canvas and the grid; leaves `start` and `finish` on free cells. Without a free cell the
 /// start is -10 on all sides and the finish stays as it was.
 void placedefaultends(Program& program);

@@ -3,7 +3,6 @@
 #include <array>
 
 #include "colours/mixcolors.h"
-#include "solve/default_ends.h"
 #include "state/grid.h"
 
 namespace gridwright {

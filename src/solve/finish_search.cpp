@@ -5,13 +5,12 @@
 #include "maze/makemaze2.h"
 #include "solve/circles.h"
 #include "solve/trail.h"
+#include "state/grid.h"
 #include "state/work_picture.h"
 
 namespace gridwright {
 
 namespace {
-
-constexpr Square kTakenOff{-100, -100, -100, -100};
 
 /// A stub of the trail beside the start, told by the corner pixel just outside the start box.
 struct Stub {

@@ -27,7 +27,7 @@ void startSearch(Program& program, bool firstPass, bool finishMoved) {
   const auto cover = [&](Colour colour) { return program.colours.isMaze(colour) ? colour : s.mazeColor; };
   if (!firstPass && finishMoved) program.canvas.fill(s.finish, cover(s.ends.underFinish));
   program.canvas.fill(s.ends.lastFinish, cover(s.ends.finishMazeColor));
-  s.finish = {-100, -100, -100, -100};
+  s.finish = kTakenOff;
   s.phase = Phase::solving;
 }
 
@@ -105,7 +105,7 @@ void sandf(Program& program) {
   }
   if (s.phase == Phase::solving && isSearching(s)) {
     const Colour corner = program.canvas.point(s.finish.left, s.finish.top);
-    if (program.colours.isMaze(corner) && corner != s.finishColor) s.finish = {-100, -100, -100, -100};
+    if (program.colours.isMaze(corner) && corner != s.finishColor) s.finish = kTakenOff;
   }
   s.mazeStage = s.phase;
   s.phase = Phase::placing;

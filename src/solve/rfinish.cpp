@@ -1,7 +1,6 @@
 #include "solve/rfinish.h"
 
 #include "maze/finish_reached.h"
-#include "solve/default_ends.h"
 #include "solve/ends_after_maze.h"
 #include "state/grid.h"
 

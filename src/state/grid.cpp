@@ -2,6 +2,10 @@
 
 namespace gridwright {
 
+bool isPlaced(const Square& q) {
+  return q.left != q.right && q.top != q.bottom && q.left >= 0 && q.top >= 0 && q.right >= 0 && q.bottom >= 0;
+}
+
 CellGrid presentGrid(const ProgramState& state) {
   return {state.wallWidth, state.wallHeight, state.stepX, state.stepY, state.gridRight, state.gridBottom};
 }

@@ -6,6 +6,12 @@
 
 namespace gridwright {
 
+/// A finish that a search has in hand lies here, off every Canvas.
+inline constexpr Square kTakenOff{-100, -100, -100, -100};
+
+/// Whether an end is placed: sides apart and none negative.
+bool isPlaced(const Square& square);
+
 /// The grid as measured last.
 CellGrid presentGrid(const ProgramState& state);
 
