@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -18,6 +19,7 @@
 
 #include "menus/panels.h"
 #include "platform/qt/run_window.h"
+#include "platform/shared/growing_file.h"
 #include "platform/shared/image_files.h"
 #include "support/pictures.h"
 #include "support/pipe.h"
@@ -57,7 +59,7 @@ class Display {
   std::string name_;
 };
 
-enum class Where { drawing, message, making };
+enum class Where { drawing, message, making, printing };
 
 /// What a person does, one thing at a time, until the program stands where the end is to find it.
 class Person {
@@ -91,6 +93,8 @@ class Person {
         return QApplication::activeModalWidget() != nullptr;
       case Where::making:
         return program_.state.phase == Phase::making;
+      case Where::printing:
+        return program_.state.printedCount > 0;
     }
     return false;
   }
@@ -99,8 +103,28 @@ class Person {
       timer_.setInterval(100);  // the box that comes has a loop of its own, and this goes on in it
       if (!asked_) QTimer::singleShot(0, [this] { desktop_.messageBox("read me"); });
       asked_ = true;
+    } else if (where_ == Where::printing && !isJobBegun()) {
+      beginJob();
     } else {
       desktop_.menus().action(Item::newmaze)->trigger();  // a person carves: it waits for keys
+    }
+  }
+
+  /// A job of many pages is asked for; the first maze is not begun.
+  [[nodiscard]] bool isJobBegun() const {
+    return program_.state.creationMode == CreationMode::computer &&
+           program_.state.printMode != PrintMode::none;
+  }
+  void beginJob() {
+    if (program_.state.creationMode != CreationMode::computer) {
+      desktop_.menus().action(Item::cgenerate)->trigger();
+    } else if (!program_.state.panelOpen) {
+      desktop_.menus().action(Item::printnosolutions)->trigger();
+    } else {
+      auto* count = static_cast<QLineEdit*>(desktop_.controls().widget(ControlId::Text3));
+      count->setText("");
+      QTest::keyClicks(count, "999");
+      QTest::keyClick(count, Qt::Key_Return);
     }
   }
 
@@ -117,6 +141,7 @@ class Person {
                                const Pipe& there) {
   ::setenv("DISPLAY", display.c_str(), 1);
   ::unsetenv("WAYLAND_DISPLAY");
+  for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);  // whoever runs the tests
   int count = 3;
   std::string name = "gridwright";
   std::string option = "-platform";
@@ -133,11 +158,20 @@ class Person {
   std::exit(status);
 }
 
-/// How the process ended, and whether the picture was kept.
+/// How the process ended, and whether the picture was kept, and the pages.
 struct Ended {
   int status = -1;
   bool pictureKept = false;
+  bool pagesKept = false;
 };
+
+/// Whether the first document of a folder is whole, and nothing else of it is there.
+bool hasWholeDocument(const TempFolder& temp) {
+  const std::string bytes = temp.get("gridwright-0001.pdf");
+  const std::size_t end = bytes.rfind("%%EOF");
+  return bytes.rfind("%PDF-", 0) == 0 && end != std::string::npos && bytes.size() - end <= 6 &&
+         bytes.find("/Type /Page\n") != std::string::npos && !isGrowing(temp.path() / "gridwright-0001.pdf");
+}
 
 Ended endOf(Where where, const std::function<void(pid_t, Display&)>& makeItEnd) {
   const TempFolder temp;
@@ -152,7 +186,7 @@ Ended endOf(Where where, const std::function<void(pid_t, Display&)>& makeItEnd) 
   const auto kept = readBitmapFile(temp.path() / "last-drawing.bmp");
   // The square of the drawing colour that the key has moved to.
   const bool painted = kept && kept.value().width > 30 && kept.value().at(25, 15) == kNavy;
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), painted};
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), painted, hasWholeDocument(temp)};
 }
 
 class AWindow : public ::testing::TestWithParam<Where> {};
@@ -170,6 +204,21 @@ TEST_P(AWindow, WhoseDisplayIsLostKeepsThePicture) {
   const Ended ended = endOf(GetParam(), [](pid_t, Display& display) { display.goAway(); });
   EXPECT_EQ(ended.status, 1) << "Qt's own";
   EXPECT_TRUE(ended.pictureKept);
+}
+
+TEST(AJobOfPages, ThatASignalEndsLeavesThePrintedOnesInADocument) {
+  for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+    const Ended ended =
+        endOf(Where::printing, [signal](pid_t program, Display&) { ::kill(program, signal); });
+    EXPECT_EQ(ended.status, 0) << signal;
+    EXPECT_TRUE(ended.pagesKept) << signal;
+  }
+}
+
+TEST(AJobOfPages, WhoseDisplayIsLostLeavesThePrintedOnesInADocument) {
+  const Ended ended = endOf(Where::printing, [](pid_t, Display& display) { display.goAway(); });
+  EXPECT_EQ(ended.status, 1) << "Qt's own";
+  EXPECT_TRUE(ended.pagesKept);
 }
 
 }  // namespace
