@@ -32,7 +32,7 @@ void unlikeTheDefaults(Program& p, MazeKind kind) {
   s.stepX = s.stepY = kind == MazeKind::pipe ? 24 : 12;
   s.cur = s.prev = {37, 49, 46, 58};
   s.start = {13, 13, 22, 22};
-  s.finish = {97, 61, 106, 70};
+  s.finish = {85, 61, 94, 70};
   s.startColor = 32768;
   s.finishColor = 65280;
   s.drawColor = 8388608;
