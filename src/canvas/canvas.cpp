@@ -120,14 +120,26 @@ bool Canvas::showsAnything() const {
 }
 
 void Canvas::touch(int left, int top, int right, int bottom) {
-  if (dirty_.empty()) {
-    dirty_ = {left, top, right + 1, bottom + 1};
+  widen(dirty_, left, top, right, bottom);
+  widen(painted_, left, top, right, bottom);
+  ++changes_;
+}
+
+void Canvas::widen(Dirty& part, int left, int top, int right, int bottom) {
+  if (part.empty()) {
+    part = {left, top, right + 1, bottom + 1};
     return;
   }
-  dirty_.left = std::min(dirty_.left, left);
-  dirty_.top = std::min(dirty_.top, top);
-  dirty_.right = std::max(dirty_.right, right + 1);
-  dirty_.bottom = std::max(dirty_.bottom, bottom + 1);
+  part.left = std::min(part.left, left);
+  part.top = std::min(part.top, top);
+  part.right = std::max(part.right, right + 1);
+  part.bottom = std::max(part.bottom, bottom + 1);
+}
+
+Canvas::Dirty Canvas::takePainted() {
+  const Dirty taken = painted_;
+  painted_ = {};
+  return taken;
 }
 
 Canvas::Dirty Canvas::takeDirty() {

@@ -44,10 +44,18 @@ class Canvas {
   /// Colour of a pixel of the plane that strokes go to, `kOutside` beyond the visible part.
   [[nodiscard]] Colour point(int x, int y) const {
     if (!inside(x, y)) return kOutside;
+    noteReads(1);
     return plane_[index(x, y)] & kColourMask;
   }
   /// Colours of a row of pixels from (x, y); the caller keeps the run inside the visible part.
   [[nodiscard]] const Colour* row(int x, int y) const { return plane_ + index(x, y); }
+  /// Counts pixels that were read, in the one build of the tests that counts them.
+#ifdef GRIDWRIGHT_COUNTS_READS
+  static inline std::int64_t reads = 0;
+  static void noteReads(std::size_t pixels) { reads += static_cast<std::int64_t>(pixels); }
+#else
+  static void noteReads(std::size_t /*pixels*/) {}
+#endif
   /// What `row` gives, less the mark that says whether a stroke has covered the pixel.
   static constexpr Colour colourOf(Colour raw) { return raw & kColourMask; }
   [[nodiscard]] bool inside(int x, int y) const {
@@ -92,6 +100,11 @@ class Canvas {
   };
   [[nodiscard]] bool isDirty() const { return !dirty_.empty(); }
   Dirty takeDirty();
+  /// The part of both planes that changed since `takePainted`, right and bottom excluded: for a routine
+  /// that remembers what it has read.
+  Dirty takePainted();
+  /// Grows with every change of a pixel: what was read at the same count is still so.
+  [[nodiscard]] std::uint64_t changes() const { return changes_; }
 
  private:
   static constexpr Colour kColourMask = 0xFFFFFF;
@@ -101,6 +114,7 @@ class Canvas {
     return static_cast<std::size_t>(y) * kSide + static_cast<std::size_t>(x);
   }
   void touch(int left, int top, int right, int bottom);
+  static void widen(Dirty& part, int left, int top, int right, int bottom);
   [[nodiscard]] Bitmap visiblePart(const std::vector<Colour>& plane) const;
 
   std::vector<Colour> persistent_, shown_;
@@ -108,7 +122,8 @@ class Canvas {
   int width_ = 800, height_ = 600;
   bool autoRedraw_ = true;
   Colour backColor_ = qb::white;
-  Dirty dirty_;
+  Dirty dirty_, painted_;
+  std::uint64_t changes_ = 0;
 };
 
 }  // namespace gridwright

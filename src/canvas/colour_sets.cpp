@@ -1,6 +1,7 @@
 #include "canvas/colour_sets.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 namespace gridwright {
@@ -61,6 +62,7 @@ void ColourSets::setExtraBackground(Colour colour) {
 // Looks for a multiplier that sends all members to places of their own, so that a lookup is one
 // multiplication and one comparison. With at most 49 members in 1024 places a few tries do.
 void ColourSets::rebuild() {
+  ++revision_;
   while (!fits()) multiplier_ = multiplier_ * 1664525U + 1013904223U;
 }
 
@@ -79,21 +81,28 @@ bool ColourSets::fits() {
   return add(extraBackground_, kBackground);
 }
 
+/// Whether pixels in a row are equal, the mark of a stroke included: each is its neighbour.
+bool allAlike(const Colour* row, std::size_t width) {
+  return std::memcmp(row, row + 1, (width - 1) * sizeof(Colour)) == 0;
+}
+
 template <class Test>
 bool Pixels::all(int left, int top, int right, int bottom, Test test) const {
   if (!canvas_.inside(left, top) || !canvas_.inside(right, bottom)) return false;
-  // Most boxes that fail hold a carved cell, which fails at its middle; most that pass are of one
-  // colour, which is looked up once.
-  const Colour middle = canvas_.point((left + right) / 2, (top + bottom) / 2);
-  if (!test(middle)) return false;
-  const int width = right - left + 1;
+  // Most boxes that fail hold a carved cell, which fails at its middle. Most that pass are of one colour:
+  // a row that equals the one before it needs no look at its pixels.
+  if (!test(canvas_.point((left + right) / 2, (top + bottom) / 2))) return false;
+  const auto width = static_cast<std::size_t>(right - left) + 1;
+  const auto passes = [&](Colour raw) { return test(Canvas::colourOf(raw)); };
+  const Colour* above = nullptr;
   for (int y = top; y <= bottom; ++y) {
     const Colour* row = canvas_.row(left, y);
-    Colour others = 0;
-    for (int x = 0; x < width; ++x) others |= row[x] ^ middle;
-    if (Canvas::colourOf(others) == 0) continue;
-    const auto passes = [&](Colour raw) { return test(Canvas::colourOf(raw)); };
-    if (!std::all_of(row, row + width, passes)) return false;
+    Canvas::noteReads(width);
+    if (above == nullptr || std::memcmp(above, row, width * sizeof(Colour)) != 0) {
+      if (!allAlike(row, width) && !std::all_of(row, row + width, passes)) return false;
+      if (!passes(row[0])) return false;
+    }
+    above = row;
   }
   return true;
 }

@@ -39,6 +39,9 @@ class ColourSets {
   /// At process start both sides of that rule are still unset and equal, so it starts as 31744.
   void setExtraBackground(Colour colour);
 
+  /// Grows with every change of a set.
+  [[nodiscard]] std::uint64_t revision() const { return revision_; }
+
   /// Already carved corridor.
   [[nodiscard]] bool isMaze(Colour pixel) const { return (classOf(pixel) & kMaze) != 0; }
   /// Part of a region the maze may grow through (all seventeen entries), unless it is also maze.
@@ -75,6 +78,7 @@ class ColourSets {
 
   Slots background_{}, border_{}, maze_{};
   Colour extraBackground_ = 0;
+  std::uint64_t revision_ = 0;
   std::uint32_t multiplier_ = 2654435769U;
   std::array<Entry, std::size_t{1} << kTableBits> table_{};
 };

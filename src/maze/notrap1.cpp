@@ -105,8 +105,29 @@ bool isBlocked(const Program& program, const Direction& d) {
   return false;
 }
 
+/// Whether the last test was made here and nothing that it read has changed since: its count stands.
+bool testStands(Program& program) {
+  const ProgramState& s = program.state;
+  const TrapTest now{s.cur,
+                     s.mazeKind,
+                     s.wallWidth,
+                     s.wallHeight,
+                     s.mazeMadeOnce,
+                     program.canvas.changes(),
+                     program.colours.revision(),
+                     program.canvas.autoRedraw(),
+                     s.walker.trapTest.count};
+  if (now == s.walker.trapTest && now.count <= 3) return true;
+  program.state.walker.trapTest = now;
+  return false;
+}
+
 void carvingTest(Program& program) {
   ProgramState& s = program.state;
+  if (testStands(program)) {
+    s.testCount = s.walker.trapTest.count;
+    return;
+  }
   s.testCount = 0;
   const bool lookBesides = s.mazeKind == MazeKind::threeD;
   const auto directions = directionsAround(s.cur, s.wallWidth, s.wallHeight);
@@ -118,6 +139,7 @@ void carvingTest(Program& program) {
       ++s.testCount;
     }
   }
+  s.walker.trapTest.count = s.testCount;
   if (s.testCount <= 3) return;
   boxSquare(program, s.cur);
   s.walkMode = WalkMode::back;

@@ -20,10 +20,8 @@ void mixAt(Program& program, int times) {
 /// Two boxes that cover the squares `from` and `to` offsets on, and what lies between.
 void boxBetween(Program& program, int from, int to) {
   const ProgramState& s = program.state;
-  const Square a = s.cur.moved(from * s.deltaX, from * s.deltaY);
-  const Square b = s.cur.moved(to * s.deltaX, to * s.deltaY);
-  program.canvas.fill(a.left, a.top, b.right, b.bottom, s.mazeColor);
-  program.canvas.fill(b.left, b.top, a.right, a.bottom, s.mazeColor);
+  boxAcross(program, s.cur.moved(from * s.deltaX, from * s.deltaY),
+            s.cur.moved(to * s.deltaX, to * s.deltaY));
 }
 
 /// In Long pipes corridor and tunnel are told apart by one pixel more: an edge along the side of a

@@ -17,6 +17,9 @@ inline bool walkerMoved(const ProgramState& state) { return !state.cur.sameCorne
 /// Boxes a square in `mazeColor`.
 void boxSquare(Program& program, const Square& square);
 
+/// Two boxes in `mazeColor`, each from one square's left and top to the other's right and bottom.
+void boxAcross(Program& program, const Square& a, const Square& b);
+
 /// Two boxes in `mazeColor` that cover the previous square, the current one and the two-pixel wall
 /// between them, whichever way the step went.
 void paintJoin(Program& program);

@@ -24,6 +24,18 @@ struct RescueHelp {
   bool held = false;      ///< The second time for that cell: the finish sends it back here.
 };
 
+/// What the last test for a trap was made on, and how many directions it found blocked.
+struct TrapTest {
+  Square square;
+  MazeKind mazeKind = MazeKind::regular;
+  int wallWidth = 0, wallHeight = 0;
+  bool mazeMadeOnce = false;
+  std::uint64_t changes = 0, colours = 0;  ///< Of the Canvas and of the colour sets.
+  bool autoRedraw = false;
+  int count = 0;
+  friend bool operator==(const TrapTest&, const TrapTest&) = default;
+};
+
 /// The carving walker's own values.
 struct WalkerState {
   WalkMode lastWalkMode = WalkMode::none;  ///< `walkMode` at the last move.
@@ -53,6 +65,7 @@ struct WalkerState {
   std::set<CellCorner> givenUpCells;   ///< Cells of this maze that are left free: the rescue was in vain.
   bool freeCellMetSinceStep = false;   ///< The fill sweep has met a free cell and nothing moved since.
   std::size_t channelPosition = 0;     ///< How far the open step file was read.
+  TrapTest trapTest;
 };
 
 /// One step in the kinds with underpasses, shared by the walker and the pattern preview.

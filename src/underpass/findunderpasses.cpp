@@ -63,6 +63,10 @@ class MazeGround {
   [[nodiscard]] std::optional<Colour> firstNotFree(const Square& square, int margin) const {
     if (!s_.mazeMadeOnce) return std::nullopt;
     const int stride = 1 + margin;
+    if (stride == 1 &&
+        pixels_.allFree(square.left - 1, square.top - 1, square.right + 1, square.bottom + 1)) {
+      return std::nullopt;
+    }
     for (int y = square.top - stride; y <= square.bottom + stride; y += stride) {
       for (int x = square.left - stride; x <= square.right + stride; x += stride) {
         const Colour pixel = pixels_.at(x, y);
