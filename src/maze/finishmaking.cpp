@@ -19,10 +19,14 @@ bool isFreeForMaze(const Program& program, int x, int y) {
   return program.pixels().allFree(x - 1, y - 1, x + s.wallWidth - 2, y + s.wallHeight - 2, kCursorColour);
 }
 
+bool stopsFillCursor(const Program& program, int x, int y) {
+  return isFreeForMaze(program, x, y) &&
+         (program.state.mazeKind != MazeKind::threeD || firstEntry(program, x, y).has_value());
+}
+
 void finishmaking(Program& program) {
   ProgramState& s = program.state;
-  if (!isFreeForMaze(program, s.scanX, s.scanY)) return;
-  if (s.mazeKind == MazeKind::threeD && !firstEntry(program, s.scanX, s.scanY)) return;
+  if (!stopsFillCursor(program, s.scanX, s.scanY)) return;
   resetfillcursor(s);
   s.walker.freeCellMetSinceStep = true;
 }

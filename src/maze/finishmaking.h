@@ -14,8 +14,11 @@ void resetfillcursor(ProgramState& state);
 /// the rescue has given up counts as not free.
 bool isFreeForMaze(const Program& program, int x, int y);
 
-/// Tests the cell under the fill cursor and resets the cursor when it is free; in a 3-d maze only when
-/// it can also be entered.
+/// Whether the fill cursor begins again when it comes upon the cell whose square begins at (x, y): it is
+/// free, and in a 3-d maze it can also be entered.
+bool stopsFillCursor(const Program& program, int x, int y);
+
+/// Tests the cell under the fill cursor and resets the cursor when that stops it.
 void finishmaking(Program& program);
 
 /// One cell on. \returns false when the cursor has got through the whole Canvas.

@@ -9,6 +9,7 @@
 #include "maze/stranded.h"
 #include "maze/underpass_step.h"
 #include "maze/walk_paint.h"
+#include "maze/wander.h"
 #include "menus/menu_rules.h"
 #include "menus/pump.h"
 #include "patterns/pattern_editor.h"
@@ -129,7 +130,7 @@ void choosePattern(Program& program) {
   ProgramState& s = program.state;
   if (s.patternState == PatternState::choose) {
     closeChannel(s);
-    s.patternDirection = program.random.oneTo(4);  // drawn even where it is overwritten at once
+    s.patternDirection = program.random.oneToFour();  // drawn even where it is overwritten at once
     if (s.walkMode == WalkMode::back) takeUpRandomSteps(s);
   }
   s.walker.lastStepCode = s.stepCode;
@@ -139,7 +140,7 @@ void choosePattern(Program& program) {
 
 void drawStep(Program& program) {
   ProgramState& s = program.state;
-  if (s.patternState == PatternState::random) s.stepCode = program.random.oneTo(4);
+  if (s.patternState == PatternState::random) s.stepCode = program.random.oneToFour();
   if (s.creationMode == CreationMode::user) s.stepCode = step::none;
 }
 
@@ -340,9 +341,37 @@ At wholePass(Program& program, At from) {
   return At::choosePattern;
 }
 
+/// Stands where the full passes would after a wandering: makes its last step anew and, where it ended in
+/// a pass, the beginning of that.
+At afterWandering(Program& program, const Wandered& wandered) {
+  ProgramState& s = program.state;
+  if (wandered.tried > 0) {
+    offsetFromStep(s);
+    makeStep(program);
+  }
+  if (wandered.end != Wandered::End::beforePass) {
+    wholePass(program, At::status);
+    colourUnderSquare(program);
+    choosePattern(program);
+  }
+  s.walker.freeCellMetSinceStep = wandered.metFreeCell;
+  if (wandered.end == Wandered::End::beforePass) return At::status;
+  if (wandered.end == Wandered::End::beforeDraw) return At::drawStep;
+  s.stepCode = wandered.drawn;
+  return At::tryStep;
+}
+
+/// A full pass, or a wandering in place of many.
+At statusOrWander(Program& program) {
+  const Wandered wandered = wander(program);
+  const bool wentNowhere = wandered.tried == 0 && wandered.end == Wandered::End::beforePass;
+  return wentNowhere ? wholePass(program, At::status) : afterWandering(program, wandered);
+}
+
 At goOn(Program& program, At at) {
   switch (at) {
     case At::status:
+      return statusOrWander(program);
     case At::shortPass:
     case At::finishPassed:
       return wholePass(program, at);

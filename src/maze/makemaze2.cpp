@@ -3,6 +3,7 @@
 #include "colours/mixcolors.h"
 #include "maze/finishmaking.h"
 #include "maze/stranded.h"
+#include "maze/sweep_memory.h"
 #include "patterns/random_patterns.h"
 #include "state/grid.h"
 #include "state/work_picture.h"
@@ -45,6 +46,7 @@ void makemaze2(Program& program) {
   s.finishFound = false;
   if (!s.nrefreshDue && !s.walker.backToMaze) chooseUnderpassLength(program);
   program.steps.rereadFromDisk();
+  makeSweepMemory(program);
   s.walker.channelPosition = 0;
   s.mazeStage = s.walker.phaseAtRestart;
   if (s.phase != Phase::drawing && !s.keepPicture) {

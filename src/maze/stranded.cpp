@@ -217,6 +217,12 @@ void forgetRescues(WalkerState& walker) {
   walker.givenUpCells.clear();
 }
 
+std::int64_t passesBeforeRescue(const ProgramState& s) {
+  const int columns = (s.gridRight - s.wallWidth) / s.stepX + 1;
+  const int rows = (s.gridBottom - s.wallHeight) / s.stepY + 1;
+  return std::int64_t{100} * columns * rows - s.walker.passesSinceCarved - 1;
+}
+
 void rescueIfStranded(Program& program) {
   ProgramState& s = program.state;
   if (s.creationMode != CreationMode::computer) {
@@ -224,9 +230,7 @@ void rescueIfStranded(Program& program) {
     return;
   }
   if (++s.walker.passesSinceCarved < 100) return;  // no grid has less than one cell
-  const int columns = (s.gridRight - s.wallWidth) / s.stepX + 1;
-  const int rows = (s.gridBottom - s.wallHeight) / s.stepY + 1;
-  if (s.walker.passesSinceCarved < std::int64_t{100} * columns * rows) return;
+  if (passesBeforeRescue(s) >= 0) return;
   s.walker.passesSinceCarved = 0;
   const auto holdAt = judgeLastHelp(s.walker);
   if (walkOnBesideFreeCell(program, holdAt) || leaveFinish(program)) return;

@@ -17,6 +17,9 @@ namespace gridwright {
 /// What every start and restart of a maze does: the wait begins anew, no cell is given up.
 void forgetRescues(WalkerState& walker);
 
+/// How many full passes that carve nothing may begin before one in which the picture is looked over.
+std::int64_t passesBeforeRescue(const ProgramState& state);
+
 /// Called at the head of every full pass of a maze that the computer makes.
 void rescueIfStranded(Program& program);
 

@@ -128,9 +128,11 @@ void applyEnableTable(Program& program) {
   program.menus.enableKey = keyOf(program);
 }
 
+bool enableTableStands(const Program& program) { return program.menus.enableKey == keyOf(program); }
+
 void applyEnableTableIfChanged(Program& program) {
   if (program.state.editor.preparing) return;  // patterns made before a maze change no menu
-  if (program.menus.enableKey != keyOf(program)) applyEnableTable(program);
+  if (!enableTableStands(program)) applyEnableTable(program);
 }
 
 }  // namespace gridwright

@@ -16,6 +16,9 @@ bool tableLists(Item item);
 /// Writes the table into the menu model.
 void applyEnableTable(Program& program);
 
+/// Whether nothing that the table reads has changed since it was written, so that the menus stand.
+bool enableTableStands(const Program& program);
+
 /// The same, when something that the table reads has changed since; costs a comparison otherwise.
 void applyEnableTableIfChanged(Program& program);
 

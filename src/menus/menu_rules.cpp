@@ -15,25 +15,29 @@ void markPair(MenuModel& menus, Item ifTrue, Item ifFalse, bool value) {
   menus.setChecked(ifFalse, !value);
 }
 
-}  // namespace
-
-bool loopRulesStand(Program& program) {
-  const ProgramState& s = program.state;
+/// What the rules of a running loop go by.
+std::uint64_t loopKeyOf(const ProgramState& s) {
   auto key = static_cast<std::uint64_t>(static_cast<int>(s.phase)) + 6;
   for (const int value : {static_cast<int>(s.mazeKind), s.creationMode == CreationMode::user ? 0 : 1,
                           s.difficultyLevel, static_cast<int>(s.printMode), s.panelOpen ? 1 : 0,
                           s.mazeMadeOnce ? 1 : 0, s.print.printedNow ? 1 : 0}) {
     key = key << 4 | static_cast<std::uint64_t>(value);
   }
-  key =
-      key << 28 | static_cast<std::uint64_t>(s.printTotal) << 14 | static_cast<std::uint64_t>(s.printedCount);
-  MenuModel& menus = program.menus;
-  if (menus.loopKey == key && menus.loopRevision == menus.revision()) return true;
-  menus.loopKey = key;
-  return false;
+  return key << 28 | static_cast<std::uint64_t>(s.printTotal) << 14 |
+         static_cast<std::uint64_t>(s.printedCount);
 }
 
-void noteLoopRules(Program& program) { program.menus.loopRevision = program.menus.revision(); }
+}  // namespace
+
+bool loopRulesStand(const Program& program) {
+  const MenuModel& menus = program.menus;
+  return menus.loopRevision == menus.revision() && menus.loopKey == loopKeyOf(program.state);
+}
+
+void noteLoopRules(Program& program) {
+  program.menus.loopKey = loopKeyOf(program.state);
+  program.menus.loopRevision = program.menus.revision();
+}
 
 void markOne(MenuModel& menus, std::initializer_list<Item> group, Item marked) {
   for (const Item item : group) menus.setChecked(item, item == marked);

@@ -6,8 +6,8 @@
 namespace gridwright {
 
 /// Whether the menus stand as a running loop's last pass left them, for the same values: then its rules
-/// have nothing to say. Otherwise notes the values; `noteLoopRules` follows when they were applied.
-bool loopRulesStand(Program& program);
+/// have nothing to say. Otherwise `noteLoopRules` follows when they were applied.
+bool loopRulesStand(const Program& program);
 void noteLoopRules(Program& program);
 
 /// Marks the one item of a group.

@@ -282,6 +282,13 @@ constexpr auto kFields = std::to_array<FieldName>({
 
 std::span<const FieldName> fieldNames() { return kFields; }
 
+bool isSteady(const FieldName& field) {
+  constexpr std::array<std::string_view, 12> kSteady = {
+      "phase",  "mazeStage", "mazeKind",   "creationMode", "walkMode",     "panelOpen",
+      "paused", "printMode", "printTotal", "printedCount", "minimizedNow", "slideIndex"};
+  return std::find(kSteady.begin(), kSteady.end(), field.name) != kSteady.end();
+}
+
 const FieldName* fieldNamed(std::string_view name) {
   const auto* row =
       std::find_if(kFields.begin(), kFields.end(), [&](const FieldName& f) { return f.name == name; });

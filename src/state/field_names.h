@@ -16,6 +16,10 @@ struct FieldName {
 /// All names, in the order of the record.
 std::span<const FieldName> fieldNames();
 
+/// Whether a wandering walker leaves the field alone, whatever it meets: its changes come from a person
+/// or end the wandering.
+bool isSteady(const FieldName& field);
+
 /// The field of a name, or null.
 const FieldName* fieldNamed(std::string_view name);
 

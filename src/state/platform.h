@@ -49,6 +49,13 @@ class Platform : public BitmapFiles {
   /// \throws ProgramEnd when the window was closed.
   virtual void doEvents(Program& program, Pace pace) = 0;
 
+  /// For how many pumps from now on the desktop is sure to deliver nothing and to look at nothing but
+  /// what `isSteady` (core/field_names.h). A loop that only wanders about may leave out as many, so that
+  /// a desktop nobody watches does not hold it up. A desktop that counts its pumps says 0.
+  virtual std::int64_t quietPumps(const Program& /*program*/) { return 0; }
+  /// So many pumps of those were left out.
+  virtual void passOver(std::int64_t /*pumps*/) {}
+
   /// Client area in pixels of the Canvas, before the Canvas's own limits.
   virtual Size clientSize() = 0;
 

@@ -24,6 +24,20 @@ struct RescueHelp {
   bool held = false;      ///< The second time for that cell: the finish sends it back here.
 };
 
+/// Cells that did not stop the fill cursor, and what their tests went by besides the pixels.
+struct SweepMemory {
+  struct Ground {
+    MazeKind mazeKind = MazeKind::regular;
+    bool mazeMadeOnce = false;
+    int wallWidth = 0, wallHeight = 0, stepX = 0, stepY = 0, canvasWidth = 0, canvasHeight = 0;
+    Square start, finish, walkStart;
+    std::uint64_t colours = 0;
+    std::size_t givenUp = 0;  ///< How many cells are given up: none comes back within a maze.
+    friend bool operator==(const Ground&, const Ground&) = default;
+  } ground;
+  std::vector<std::uint8_t> passed;  ///< One for each cell of the cursor's way, in its order.
+};
+
 /// What the last test for a trap was made on, and how many directions it found blocked.
 struct TrapTest {
   Square square;
@@ -65,6 +79,7 @@ struct WalkerState {
   std::set<CellCorner> givenUpCells;   ///< Cells of this maze that are left free: the rescue was in vain.
   bool freeCellMetSinceStep = false;   ///< The fill sweep has met a free cell and nothing moved since.
   std::size_t channelPosition = 0;     ///< How far the open step file was read.
+  SweepMemory sweepMemory;
   TrapTest trapTest;
 };
 

@@ -48,6 +48,47 @@ struct Twin {
 const std::string kDrawing = "click Command2\nmenu importdrawing\ntype Text8 \"room\"\nenter Text8\n";
 const std::string kMaze = "seed 5\n" + kDrawing + "menu cgenerate\nmenu newmaze\nuntil phase 2\n";
 
+/// A script that waits, in a program at work.
+struct Waiting {
+  explicit Waiting(const std::string& script) : desktop("s.txt", script, {}) {
+    program.state.phase = Phase::making;
+    program.state.cur.left = 7;
+    desktop.doEvents(program, Pace::working);
+  }
+  [[nodiscard]] std::int64_t quiet() { return desktop.quietPumps(program); }
+  HeadlessDesktop desktop;
+  TempFolder temp;
+  Program program{desktop, temp.path()};
+};
+
+TEST(AScriptThatWaits, LooksAtNothingForAsLong) {
+  EXPECT_EQ(Waiting("pumps 500\n").quiet(), 499);
+  EXPECT_EQ(Waiting("until phase 2 300\n").quiet(), 299);
+  EXPECT_GT(Waiting("until phase 2\n").quiet(), 1'000'000);
+  EXPECT_GT(Waiting("settle\n").quiet(), 1'000'000);
+}
+
+TEST(AScriptThatLooks, SeesEveryPump) {
+  EXPECT_EQ(Waiting("until curLeft 9\n").quiet(), 0) << "a field that changes with every step";
+  EXPECT_EQ(Waiting("key 200 3\n").quiet(), 0) << "a key in each pump";
+  EXPECT_EQ(Waiting("key 200\nshow phase\n").quiet(), 0) << "the next line comes in the next pump";
+  Waiting reached("until phase 2\n");
+  reached.program.state.phase = Phase::placing;
+  EXPECT_EQ(reached.quiet(), 0);
+}
+
+TEST(PumpsThatAreLeftOut, CountAsPumps) {
+  Waiting waiting("pumps 500\nexpect phase 99\n");
+  waiting.desktop.passOver(400);
+  EXPECT_EQ(waiting.quiet(), 99);
+  waiting.desktop.passOver(99);
+  EXPECT_THROW(waiting.desktop.doEvents(waiting.program, Pace::working), ScriptStop);
+  Waiting patient("until phase 2 300\n");
+  patient.desktop.passOver(299);
+  EXPECT_EQ(patient.quiet(), 0);
+  EXPECT_THROW(patient.desktop.doEvents(patient.program, Pace::working), ScriptStop) << "not in time";
+}
+
 TEST(TheEndOfAScript, ClosesTheWindowAndGivesZero) {
   Twin t;
   EXPECT_EQ(t.run("").status, 0);

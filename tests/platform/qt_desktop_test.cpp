@@ -70,6 +70,34 @@ TEST(ASignalThatEnds, IsSeenByThePumpWithoutAPipeToWakeIt) {
   session.desktop.messageBox("this waits for nobody");
 }
 
+TEST(AWindowWithSomethingToShow, LeavesNoPumpOut) {
+  Session session;
+  session.program.canvas.takeDirty();
+  for (int i = 0; i < 100'000; ++i) session.pump(Pace::working);
+  for (int i = 0; i < 1000 && session.desktop.quietPumps(session.program) == 0; ++i) {
+    session.pump(Pace::working);  // until the clock was looked at
+  }
+  const std::int64_t quiet = session.desktop.quietPumps(session.program);
+  EXPECT_GT(quiet, 0);
+  EXPECT_LE(quiet, 1000) << "no longer than until the clock is looked at again";
+  session.program.canvas.fill(5, 5, 9, 9, kPalette[12]);
+  EXPECT_EQ(session.desktop.quietPumps(session.program), 0) << "a stroke is shown before the next";
+  session.pump(Pace::idle);
+  session.program.menus.setChecked(Item::cgenerate, !session.program.menus.checked(Item::cgenerate));
+  EXPECT_EQ(session.desktop.quietPumps(session.program), 0) << "and so is a menu";
+}
+
+TEST(PumpsThatAreLeftOutOfAWindow, BringTheLookAtTheClockNearer) {
+  Session session;
+  for (int i = 0; i < 100'000; ++i) session.pump(Pace::working);
+  for (int i = 0; i < 1000 && session.desktop.quietPumps(session.program) == 0; ++i)
+    session.pump(Pace::working);
+  const std::int64_t quiet = session.desktop.quietPumps(session.program);
+  ASSERT_GT(quiet, 0);
+  session.desktop.passOver(quiet);
+  EXPECT_EQ(session.desktop.quietPumps(session.program), 0);
+}
+
 TEST(TheSecondCommandOfAPump, IsDropped) {
   Session session;
   session.pump(Pace::housekeeping);

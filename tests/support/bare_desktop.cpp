@@ -44,6 +44,7 @@ void BareDesktop::doEvents(Program& program, Pace pace) {
   }
   lastPace = pace;
   if (++pumps > limit) stop("too many pumps");
+  if (everyPump) everyPump(program);
   while (!todo_.empty()) {
     if (todo_.front().condition) {
       const bool holds = todo_.front().condition(program);
@@ -59,6 +60,12 @@ void BareDesktop::doEvents(Program& program, Pace pace) {
     if (todo.takesPump) return;
   }
   throw ProgramEnd{};
+}
+
+void BareDesktop::passOver(std::int64_t count) {
+  pumps += count;
+  passed += count;
+  if (everyPassingOver) everyPassingOver(count);
 }
 
 Size BareDesktop::maximise() {

@@ -41,6 +41,8 @@ class BareDesktop : public Platform {
   void enter(ControlId box, std::string text);
 
   void doEvents(Program& program, Pace pace) override;
+  std::int64_t quietPumps(const Program& program) override { return quiet ? quiet(program) : 0; }
+  void passOver(std::int64_t count) override;
   Size clientSize() override { return client_; }
   std::filesystem::path contentFolder() override { return content; }
   WindowPlace normalPlace() override { return place; }
@@ -84,7 +86,13 @@ class BareDesktop : public Platform {
   bool savesFail = false;                                           ///< The disk is full.
   std::size_t pagesKept = std::numeric_limits<std::size_t>::max();  ///< No page after so many is kept.
 
+  /// How many pumps it would not look; without one it sees every pump.
+  std::function<std::int64_t(const Program&)> quiet;
+  std::function<void(const Program&)> everyPump;       ///< What it looks at in each pump.
+  std::function<void(std::int64_t)> everyPassingOver;  ///< And when pumps were left out.
+
   std::int64_t pumps = 0, limit = 20'000'000;
+  std::int64_t passed = 0;  ///< Pumps that were left out, which count as pumps.
   int housekeeping = 0;
   Pace lastPace = Pace::idle;
   std::string trouble;  ///< Why the run ended early; empty when the list was done.

@@ -60,6 +60,14 @@ HeadlessDesktop::Turn HeadlessDesktop::waits(Program& program, Pace pace) {
   return Turn::again;
 }
 
+// While the script waits it looks at nothing but the field it waits for.
+std::int64_t HeadlessDesktop::quietPumps(const Program& program) {
+  if (awaited_ != nullptr)
+    return isSteady(*awaited_) && awaited_->read(program) != awaitedValue_ ? pumpsLeft_ : 0;
+  if (pumpsLeft_ > 0) return pumpsLeft_;
+  return settling_ && keysLeft_ == 0 ? kPatience : 0;
+}
+
 struct HeadlessDesktop::Verb {
   std::string_view name;
   Turn (HeadlessDesktop::*run)(Program&, const ScriptLine&);

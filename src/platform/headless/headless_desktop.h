@@ -4,6 +4,7 @@
 // the program has taken the input. Pumps that take no command are no pumps to the script.
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -41,6 +42,8 @@ class HeadlessDesktop : public Platform {
   HeadlessDesktop(std::string scriptName, std::string_view source, HeadlessOptions options);
 
   void doEvents(Program& program, Pace pace) override;
+  std::int64_t quietPumps(const Program& program) override;
+  void passOver(std::int64_t pumps) override { pumpsLeft_ -= std::min(pumps, pumpsLeft_); }
   Size clientSize() override { return options_.size; }
   std::filesystem::path contentFolder() override { return options_.contentFolder; }
   WindowPlace normalPlace() override { return {0, 0, options_.size.width, options_.size.height}; }

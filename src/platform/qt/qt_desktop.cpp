@@ -27,6 +27,7 @@ constexpr auto kBetweenQuestions = 1ms;  // half of what a person's input may wa
 constexpr auto kLookRarely = 100us;      // clock looks closer together than this are too many
 constexpr auto kLookOften = 400us;       // and further apart too few
 constexpr int kMostPassesBetween = 64;
+constexpr int kPassedOverForOne = 8;  // pumps that are left out take less time than one that is not
 constexpr auto kMaximiseTime = 200ms;
 
 QString placeOf(const ProgramState& s, const Square& square) {
@@ -102,6 +103,16 @@ bool QtDesktop::isDue(Program& program) {
   if (program.canvas.isDirty() && showCanvas(program)) return true;
   return --passesLeft_ <= 0 && clockSaysDue();
 }
+
+// Until the clock is looked at next nothing happens here, unless there is something to show.
+std::int64_t QtDesktop::quietPumps(const Program& program) {
+  const bool shown =
+      program.menus.revision() == menus_.shown() && program.controls.revision() == controls_.shown();
+  const bool painted = program.canvas.isDirty() && !window_.isMinimized();
+  return shown && !painted ? std::int64_t{kPassedOverForOne} * (passesLeft_ - 1) : 0;
+}
+
+void QtDesktop::passOver(std::int64_t pumps) { passesLeft_ -= static_cast<int>(pumps / kPassedOverForOne); }
 
 bool QtDesktop::showCanvas(Program& program) {
   return !window_.isMinimized() && window_.view().showChanges(program.canvas);

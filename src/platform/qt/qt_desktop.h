@@ -25,6 +25,8 @@ class QtDesktop : public Platform {
   explicit QtDesktop(const std::filesystem::path& workFolder);
 
   void doEvents(Program& program, Pace pace) override;
+  std::int64_t quietPumps(const Program& program) override;
+  void passOver(std::int64_t pumps) override;
   Size clientSize() override { return window_.view().clientSize(); }
   WindowState windowState() override;
   std::filesystem::path contentFolder() override;

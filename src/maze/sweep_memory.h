@@ -1,0 +1,47 @@
+// What the fill cursor has found out: the cells over which it goes on.
+//
+// The cursor goes over the same carved cells again and again, up to the first that is free. A cell that
+// did not stop it does not stop it the next time either, while nothing that the test reads was painted;
+// so this remembers test results, not cells. It is no part of the maze and may be forgotten at any time.
+#pragma once
+
+#include "state/program.h"
+
+namespace gridwright {
+
+/// Makes room for the present grid; nothing is remembered. Called at the start of a maze, so that no pass
+/// asks for memory.
+void makeSweepMemory(Program& program);
+
+/// Forgets what has been painted over, and all where something else has changed that the tests read.
+/// \returns whether there is room for the present grid.
+bool bringSweepMemoryInLine(Program& program);
+
+/// The fill cursor as a number: it counts up by one a pump. Expects the memory in line, and no stroke
+/// since.
+class FillCursor {
+ public:
+  explicit FillCursor(Program& program);
+
+  /// Whether one more pump leaves it inside the grid: the last one ends the maze.
+  [[nodiscard]] bool goesOn() const { return at_ + 1 < count_; }
+
+  /// What `finishmaking` and `advancefillcursor` do. \returns whether the cursor met a free cell.
+  bool pump() {
+    const bool stopped = !passed_[at_] && stops();
+    at_ = stopped ? 1 : at_ + 1;
+    return stopped;
+  }
+
+  /// `scanX` and `scanY`.
+  void writeBack(ProgramState& state) const;
+
+ private:
+  bool stops();
+
+  const Program& program_;
+  std::uint8_t* passed_;
+  std::size_t at_, count_, columns_;
+};
+
+}  // namespace gridwright
