@@ -1,8 +1,12 @@
 // A pass of the walker in each kind of maze, against a pass in the regular kind; and the search for a
 // finish against a solve.
 //
-// The limit of both ratios is 3. A 3-d maze needs more than twice as many passes as a regular one; it is
-// the single pass that is held.
+// The limit is 2 for a pass and 3 for the search. A 3-d maze needs more than twice as many passes as a
+// regular one; it is the single pass that is held. Nobody looks at the pumps.
+//
+// Baseline: GCC 12 -O3, 2 shared cores, 2026-11-21, 79 by 59 cells: a regular pass 36 ns; to that 3-d 0.9,
+// Short pipes 1.2 to 2.0, Long pipes 1.4 to 1.6. Their mazes are short: much of it is the picture painted at
+// the start, and few of their passes walk back.
 #include <benchmark/benchmark.h>
 
 #include <chrono>
