@@ -65,24 +65,16 @@ void makeSweepMemory(Program& program) {
   memory.ground = groundOf(program);
 }
 
-bool bringSweepMemoryInLine(Program& program) {
+void bringSweepMemoryInLine(Program& program) {
   SweepMemory& memory = program.state.walker.sweepMemory;
-  const ProgramState& s = program.state;
   const Canvas::Dirty painted = program.canvas.takePainted();
-  const Ground ground = groundOf(program);
-  if (memory.ground == ground) {
-    if (!painted.empty()) forgetPainted(memory, s, painted);
-    return !memory.passed.empty();
-  }
-  memory.ground = ground;
-  std::fill(memory.passed.begin(), memory.passed.end(), std::uint8_t{0});
-  return memory.passed.size() == cellsOf(s);
+  if (memory.ground != groundOf(program)) return makeSweepMemory(program);
+  if (!painted.empty()) forgetPainted(memory, program.state, painted);
 }
 
 FillCursor::FillCursor(Program& program)
     : program_(program),
       passed_(program.state.walker.sweepMemory.passed.data()),
-      at_(0),
       count_(program.state.walker.sweepMemory.passed.size()),
       columns_(static_cast<std::size_t>(columnsOf(program.state))) {
   const ProgramState& s = program.state;
@@ -90,18 +82,30 @@ FillCursor::FillCursor(Program& program)
         static_cast<std::size_t>((s.scanX - originX(s)) / s.stepX);
 }
 
-bool FillCursor::stops() {
+int FillCursor::xAt() const {
   const ProgramState& s = program_.state;
-  const int x = originX(s) + static_cast<int>(at_ % columns_) * s.stepX;
-  const int y = originY(s) + static_cast<int>(at_ / columns_) * s.stepY;
-  if (stopsFillCursor(program_, x, y)) return true;
+  return originX(s) + static_cast<int>(at_ % columns_) * s.stepX;
+}
+
+int FillCursor::yAt() const {
+  const ProgramState& s = program_.state;
+  return originY(s) + static_cast<int>(at_ / columns_) * s.stepY;
+}
+
+bool FillCursor::stops() {
+  if (stopsFillCursor(program_, xAt(), yAt())) return true;
   passed_[at_] = 1;
   return false;
 }
 
+bool FillCursor::standsOnItsWay() const {
+  const ProgramState& s = program_.state;
+  return at_ < count_ && s.scanX == xAt() && s.scanY == yAt();
+}
+
 void FillCursor::writeBack(ProgramState& state) const {
-  state.scanX = originX(state) + static_cast<int>(at_ % columns_) * state.stepX;
-  state.scanY = originY(state) + static_cast<int>(at_ / columns_) * state.stepY;
+  state.scanX = xAt();
+  state.scanY = yAt();
 }
 
 }  // namespace gridwright

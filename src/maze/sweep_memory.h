@@ -10,18 +10,20 @@
 namespace gridwright {
 
 /// Makes room for the present grid; nothing is remembered. Called at the start of a maze, so that no pass
-/// asks for memory.
+/// asks for memory: what the memory goes by stays as it is then.
 void makeSweepMemory(Program& program);
 
 /// Forgets what has been painted over, and all where something else has changed that the tests read.
-/// \returns whether there is room for the present grid.
-bool bringSweepMemoryInLine(Program& program);
+void bringSweepMemoryInLine(Program& program);
 
 /// The fill cursor as a number: it counts up by one a pump. Expects the memory in line, and no stroke
 /// since.
 class FillCursor {
  public:
   explicit FillCursor(Program& program);
+
+  /// Whether `scanX` and `scanY` lie where the cursor can come.
+  [[nodiscard]] bool standsOnItsWay() const;
 
   /// Whether one more pump leaves it inside the grid: the last one ends the maze.
   [[nodiscard]] bool goesOn() const { return at_ + 1 < count_; }
@@ -37,11 +39,13 @@ class FillCursor {
   void writeBack(ProgramState& state) const;
 
  private:
+  [[nodiscard]] int xAt() const;
+  [[nodiscard]] int yAt() const;
   bool stops();
 
   const Program& program_;
   std::uint8_t* passed_;
-  std::size_t at_, count_, columns_;
+  std::size_t at_ = 0, count_, columns_;
 };
 
 }  // namespace gridwright

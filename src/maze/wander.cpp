@@ -266,7 +266,9 @@ Wandered wander(Program& program) {
   const std::int64_t pumps = program.platform.quietPumps(program);  // most desktops that count say 0
   if (pumps <= 0 || !onlyWanders(program) || !standsWell(program)) return {};
   if (!loopRulesStand(program) || !enableTableStands(program)) return {};
-  if (passesBeforeRescue(program.state) <= 0 || !bringSweepMemoryInLine(program)) return {};
+  if (passesBeforeRescue(program.state) <= 0) return {};
+  bringSweepMemoryInLine(program);
+  if (!FillCursor(program).standsOnItsWay()) return {};
   return Wandering(program, pumps).run();
 }
 

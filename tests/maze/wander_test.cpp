@@ -272,6 +272,8 @@ TEST(AWalkBack, IsLeftToTheFullPassWhereThatHasMoreToDo) {
       {"a cursor is to be wiped", [](World& w) { w.canvas.fill(w.state.prev, kCursorColour); }},
       {"the ground was painted meanwhile", [](World& w) { w.canvas.fill(w.state.prev, kYellow); }},
       {"it stands on no plain corridor", [](World& w) { w.canvas.fill(12 + 10, 12, 22, 12, kRed); }},
+      {"the fill cursor stands beside its way", [](World& w) { ++w.state.scanX; }},
+      {"the fill cursor stands beyond its way", [](World& w) { w.state.scanY += 10'000; }},
       {"the desktop looks", [](World& w) { w.desktop.quiet = nullptr; }},
   };
   for (const auto& [why, change] : reasons) {
