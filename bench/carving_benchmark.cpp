@@ -15,7 +15,7 @@
 #include <chrono>
 
 #include "maze/makemaze.h"
-#include "maze/maze_commands.h"
+#include "maze/maze_settings.h"
 #include "measured_world.h"
 #include "plain_walk.h"
 

@@ -59,7 +59,7 @@ void randomPatternForEveryMaze(benchmark::State& state) {
   HeadlessDesktop desktop("bench", "until phase 99\n", HeadlessOptions{{1000, 1000}, {}, {}, {}});
   auto program = std::make_unique<Program>(desktop, folder);
   program->canvas.resize({1000, 1000});
-  program->state.randomPatternMode = 5;
+  program->state.randomPatterns.randomPatternMode = 5;
   program->state.phase = Phase::making;
   for (auto _ : state) {
     if (!makeRandomPatterns(*program)) return state.SkipWithError("a quit is not timed");

@@ -230,7 +230,8 @@ void swatchClicked(Program& program, ControlId swatch) {
   ControlModel& controls = program.controls;
   controls.setValue(swatch, 1 - controls[swatch].value);
   if (swatch == ControlId::Check33 || swatch == ControlId::Check34) {
-    if (controls[swatch].value == 1) program.state.individualMazeColors = swatch == ControlId::Check33;
+    if (controls[swatch].value == 1)
+      program.state.colours.individualMazeColors = swatch == ControlId::Check33;
     return;
   }
   const int drawing = indexIn(swatch, ControlId::Check17);
@@ -290,8 +291,8 @@ void hideColourPanels(Program& program) {
 }
 
 void swatchPass(Program& program) {
-  program.controls.setValue(ControlId::Check33, program.state.individualMazeColors ? 1 : 0);
-  program.controls.setValue(ControlId::Check34, program.state.individualMazeColors ? 0 : 1);
+  program.controls.setValue(ControlId::Check33, program.state.colours.individualMazeColors ? 1 : 0);
+  program.controls.setValue(ControlId::Check34, program.state.colours.individualMazeColors ? 0 : 1);
   bringSwatchesInLine(program);
   mazePanelPass(program);
   repairDrawColor(program);

@@ -90,7 +90,7 @@ void refillSetsFromSwatches(Program& program) {
 void defaultColours(Program& program) {
   program.controls.setValue(ControlId::Check33, 0);
   program.controls.setValue(ControlId::Check34, 1);
-  program.state.individualMazeColors = false;
+  program.state.colours.individualMazeColors = false;
   for (int i = 0; i < kSlots; ++i) program.controls.setValue(classifySwatch(i), i < 8 ? 1 : 0);
   refillSetsFromSwatches(program);
   program.colours.setAllMaze(program.colours.border()[15]);

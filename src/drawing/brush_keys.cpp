@@ -39,14 +39,14 @@ void moveSquare(ProgramState& s, int dx, int dy) {
 }
 
 bool largeStepFits(const ProgramState& s, const Direction& d) {
-  return fits(s, d.dx * (s.squareWidth + 1), d.dy * (s.squareHeight + 1));
+  return fits(s, d.dx * (s.drawing.squareWidth + 1), d.dy * (s.drawing.squareHeight + 1));
 }
 
 void largeStep(ProgramState& s, const Direction& d) {
   const bool pipe = s.mazeKind == MazeKind::pipe;
   if (!largeStepFits(s, d)) return;
-  moveSquare(s, d.dx * (s.squareWidth + 1 + (pipe ? s.wallWidth : 0)),
-             d.dy * (s.squareHeight + 1 + (pipe ? s.wallHeight : 0)));
+  moveSquare(s, d.dx * (s.drawing.squareWidth + 1 + (pipe ? s.wallWidth : 0)),
+             d.dy * (s.drawing.squareHeight + 1 + (pipe ? s.wallHeight : 0)));
 }
 
 /// One side of the square moves by a cell; the opposite side of its mirror moves the other way.
@@ -86,8 +86,8 @@ void sizeSquare(ProgramState& s, const SizeKey& key) {
 void jumpToCentre(Program& program) {
   ProgramState& s = program.state;
   const DrawingState& d = s.drawing;
-  if (d.centreLeft + s.squareWidth > s.canvasWidth - s.wallWidth) return;
-  if (d.centreTop + s.squareHeight > s.canvasHeight - s.wallHeight) return;
+  if (d.centreLeft + s.drawing.squareWidth > s.canvasWidth - s.wallWidth) return;
+  if (d.centreTop + s.drawing.squareHeight > s.canvasHeight - s.wallHeight) return;
   const bool redraw = program.canvas.autoRedraw();
   if (!s.drawingOff) program.canvas.setAutoRedraw(true);
   program.canvas.fill(s.cur, s.drawColor);

@@ -17,7 +17,7 @@ void menusOfPass(Program& program) {
   mazemenus(program);
   showCreateItems(program);
   enableKeyHelp(program, Item::keysdrawing);
-  if (program.state.printMode != PrintMode::none) printStatus(program);
+  if (program.state.print.printMode != PrintMode::none) printStatus(program);
 }
 
 /// Two boxes that together sweep the square's old place, its new place and all between.
@@ -94,8 +94,8 @@ void drawpicture(Program& program) {
     housekeeping(program);
     menusOfPass(program);
     swatchPass(program);
-    s.squareWidth = s.cur.right - s.cur.left;
-    s.squareHeight = s.cur.bottom - s.cur.top;
+    s.drawing.squareWidth = s.cur.right - s.cur.left;
+    s.drawing.squareHeight = s.cur.bottom - s.cur.top;
     measureIfDue(program);
     if (s.editedPattern != 0) {
       editpat(program);

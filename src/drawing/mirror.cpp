@@ -26,13 +26,14 @@ Lines walkLines(int wall, int pitch, int extent, int position) {
 void setMirrorUp(ProgramState& s, int column, int row) {
   DrawingState& d = s.drawing;
   const bool pipe = s.mazeKind == MazeKind::pipe;
-  d.mirror.left = s.gridRight - column * s.stepX + s.wallWidth - s.squareWidth - 1 + (pipe ? s.stepX : 0);
-  d.mirror.right = d.mirror.left + s.squareWidth;
+  d.mirror.left =
+      s.gridRight - column * s.stepX + s.wallWidth - s.drawing.squareWidth - 1 + (pipe ? s.stepX : 0);
+  d.mirror.right = d.mirror.left + s.drawing.squareWidth;
   d.centreLeft = (s.gridColumns - 1) / 2 * s.stepX - s.wallWidth;
-  d.mirror.top = s.gridBottom - row * s.stepY + s.wallHeight - s.squareHeight - 1;
+  d.mirror.top = s.gridBottom - row * s.stepY + s.wallHeight - s.drawing.squareHeight - 1;
   if (s.wallHeight != 5) d.mirror.top -= s.stepY;
   if (pipe) d.mirror.top += 2 * s.stepY;
-  d.mirror.bottom = d.mirror.top + s.squareHeight;
+  d.mirror.bottom = d.mirror.top + s.drawing.squareHeight;
   d.centreTop = (s.gridRows - 1) / 2 * s.stepY - s.wallHeight;
   d.prevMirror = d.mirror;
 }
@@ -50,8 +51,8 @@ void measureDrawing(Program& program) {
     s.cur = firstCell(s);  // no stroke leads there, but the outline at the old place goes
     s.drawing.skipPaintOnce = true;
   }
-  s.squareWidth = s.cur.right - s.cur.left;
-  s.squareHeight = s.cur.bottom - s.cur.top;
+  s.drawing.squareWidth = s.cur.right - s.cur.left;
+  s.drawing.squareHeight = s.cur.bottom - s.cur.top;
   const Lines columns = walkLines(s.wallWidth, s.stepX, width, s.cur.left);
   const Lines rows = walkLines(s.wallHeight, s.stepY, height, s.cur.top);
   s.gridRight = columns.last;

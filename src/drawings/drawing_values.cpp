@@ -41,7 +41,7 @@ void putColours(const Program& program, Values& values) {
   values[record::finishColor] = s.finishColor;
   values[record::mazeColor] = s.mazeColor;
   values[record::backColor] = program.canvas.backColor();
-  values[record::individualMazeColors] = s.individualMazeColors;
+  values[record::individualMazeColors] = s.colours.individualMazeColors;
   values[record::backgroundDrawColor] = s.backgroundDrawColor;
   values[record::borderDrawColor] = s.borderDrawColor;
   for (int i = 0; i < kSlots; ++i) {
@@ -66,15 +66,15 @@ void putSettings(const Program& program, Values& values) {
   values[record::symmetryMode] = static_cast<int>(s.symmetryMode);
   values[record::patternState] = static_cast<int>(s.patternState);
   values[record::stopAtFinish] = s.stopAtFinish;
-  values[record::randomPatternSize] = s.randomPatternSize;
-  values[record::randomStepsDone] = s.randomStepsDone;
-  values[record::randomPatternMode] = s.randomPatternMode;
-  values[record::randomFlagLeft] = s.randomFlagLeft;
-  values[record::randomFlagRight] = s.randomFlagRight;
-  values[record::randomFlagUp] = s.randomFlagUp;
-  values[record::randomFlagDown] = s.randomFlagDown;
-  values[record::randomSizeVaries] = s.randomSizeVaries;
-  values[record::randomUsesGo] = s.randomUsesGo;
+  values[record::randomPatternSize] = s.randomPatterns.randomPatternSize;
+  values[record::randomStepsDone] = s.randomPatterns.randomStepsDone;
+  values[record::randomPatternMode] = s.randomPatterns.randomPatternMode;
+  values[record::randomFlagLeft] = s.randomPatterns.randomFlagLeft;
+  values[record::randomFlagRight] = s.randomPatterns.randomFlagRight;
+  values[record::randomFlagUp] = s.randomPatterns.randomFlagUp;
+  values[record::randomFlagDown] = s.randomPatterns.randomFlagDown;
+  values[record::randomSizeVaries] = s.randomPatterns.randomSizeVaries;
+  values[record::randomUsesGo] = s.randomPatterns.randomUsesGo;
   values[record::mazeMadeOnce] = s.mazeMadeOnce;
   values[record::pipeWidth] = program.menus.checked(Item::pthick) ? 0 : 1;
 }
@@ -157,7 +157,7 @@ void takeColours(Program& program, const Values& values) {
   }
   refillSetsFromSwatches(program);
   captionSwatches(program);
-  s.individualMazeColors = flagAt(values, record::individualMazeColors);
+  s.colours.individualMazeColors = flagAt(values, record::individualMazeColors);
   s.drawColor = colourAt(values, record::drawColor, kPalette[14]);
   s.startColor = s.savedStartColor = colourAt(values, record::startColor, qb::lightMagenta);
   s.finishColor = s.savedFinishColor = colourAt(values, record::finishColor, 0);
@@ -181,21 +181,21 @@ void takeSettings(Program& program, const Values& values) {
   s.autoMinimize = flagAt(values, record::autoMinimize);
   s.minimizedNow = false;
   s.symmetryMode = static_cast<Symmetry>(within(values[record::symmetryMode], 0, 3, 0));
-  s.randomPatternMode = values[record::randomPatternMode] == 5 ? 5 : 0;
+  s.randomPatterns.randomPatternMode = values[record::randomPatternMode] == 5 ? 5 : 0;
   // Random steps beside the mode of random patterns were temporary, and that ends with a load.
-  const bool randomSteps = values[record::patternState] == 3 && s.randomPatternMode != 5;
+  const bool randomSteps = values[record::patternState] == 3 && s.randomPatterns.randomPatternMode != 5;
   s.patternState = randomSteps ? PatternState::random : PatternState::choose;
   s.patternDirection = s.patternState == PatternState::random ? step::up : 0;
   s.randomStepsTemporary = false;
   s.stopAtFinish = flagAt(values, record::stopAtFinish);
-  s.randomPatternSize = within(values[record::randomPatternSize], 2, 99, 5);
-  s.randomStepsDone = within(values[record::randomStepsDone], 0, kMostSteps, 0);
-  s.randomFlagLeft = flagAt(values, record::randomFlagLeft);
-  s.randomFlagRight = flagAt(values, record::randomFlagRight);
-  s.randomFlagUp = flagAt(values, record::randomFlagUp);
-  s.randomFlagDown = flagAt(values, record::randomFlagDown);
-  s.randomSizeVaries = flagAt(values, record::randomSizeVaries);
-  s.randomUsesGo = flagAt(values, record::randomUsesGo);
+  s.randomPatterns.randomPatternSize = within(values[record::randomPatternSize], 2, 99, 5);
+  s.randomPatterns.randomStepsDone = within(values[record::randomStepsDone], 0, kMostSteps, 0);
+  s.randomPatterns.randomFlagLeft = flagAt(values, record::randomFlagLeft);
+  s.randomPatterns.randomFlagRight = flagAt(values, record::randomFlagRight);
+  s.randomPatterns.randomFlagUp = flagAt(values, record::randomFlagUp);
+  s.randomPatterns.randomFlagDown = flagAt(values, record::randomFlagDown);
+  s.randomPatterns.randomSizeVaries = flagAt(values, record::randomSizeVaries);
+  s.randomPatterns.randomUsesGo = flagAt(values, record::randomUsesGo);
   s.mazeMadeOnce = flagAt(values, record::mazeMadeOnce);
 }
 
@@ -205,13 +205,14 @@ void markAll(Program& program, const Values& values) {
   markOne(menus, {Item::pthick, Item::pthin}, values[record::pipeWidth] == 1 ? Item::pthin : Item::pthick);
   markOne(menus, {Item::aon, Item::aoff}, s.autoMinimize ? Item::aon : Item::aoff);
   markOne(menus, {Item::usepattern, Item::dontusepattern, Item::crnd1},
-          s.patternState == PatternState::random ? Item::dontusepattern
-          : s.randomPatternMode == 5             ? Item::crnd1
-                                                 : Item::usepattern);
+          s.patternState == PatternState::random    ? Item::dontusepattern
+          : s.randomPatterns.randomPatternMode == 5 ? Item::crnd1
+                                                    : Item::usepattern);
   constexpr std::array kPlay = {Item::playmodeoff, Item::easymode, Item::hardmode};
   markOne(menus, {Item::playmodeoff, Item::easymode, Item::hardmode},
           kPlay.at(static_cast<std::size_t>(s.playMode)));
-  markOne(menus, {Item::usernd, Item::maxrnd}, s.randomSizeVaries ? Item::usernd : Item::maxrnd);
+  markOne(menus, {Item::usernd, Item::maxrnd},
+          s.randomPatterns.randomSizeVaries ? Item::usernd : Item::maxrnd);
   markOne(menus, {Item::gofinish, Item::stopfinish}, s.stopAtFinish ? Item::stopfinish : Item::gofinish);
   keepFinishMethodPossible(program);
   markSettings(program);

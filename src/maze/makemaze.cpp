@@ -18,39 +18,30 @@
 // The pass on one page. `At` says where a pass goes on; a row is a step, in the order in which one follows
 // the other, with the routine that takes it and where it may jump to. Without a jump the next row follows.
 //
-//   At               step                                                   routine            jumps to
-//   status           count the pass, help a stranded walker, menus          status
-//   shortPass        minimise, redraw kept; stand on the finish?            wholePass          leave
-//   finishPassed     paint what the last step carved, mix its colour        paintEntry
-//                    the corridor's own colour comes back                   colourUnderSquare
-//   choosePattern    a direction by chance, random steps on the way back    choosePattern
-//   drawStep         a step by chance                                       drawStep
-//                    the fill cursor moves; the yield; what it changed      sweepAndYield      leave
-//                    the direction's step file is opened                    openPattern
-//   readStep         the next number; the file's end chooses anew           readStep           choosePattern
-//   tryStep          a step refused before is not tried again               chooseStep         readStep,
-//   drawStep
-//                    after a refused underpass all codes in turn            sweepStep
-//                    code to offset; 5 turns to walking back                offsetFromStep     readStep
-//                    no offset: nothing to step                                                shortPass
-//                    hop, trap test, then the kind's own step               makeStep           status,
-//                    finishPassed
+//   At             step                                         routine            jumps to
+//   status         many passes at once, where nobody looks      statusOrWander     any
+//                  else: count, help a stranded walker, menus   status
+//   shortPass      minimise, redraw kept; on the finish?        wholePass          leave
+//   finishPassed   paint what the last step carved, mix it      paintEntry
+//                  the corridor's own colour comes back         colourUnderSquare
+//   choosePattern  a direction by chance, and on the way back   choosePattern
+//                  random steps
+//   drawStep       a step by chance                             drawStep
+//                  fill cursor; the yield; what it changed      sweepAndYield      leave
+//                  the direction's step file is opened          openPattern
+//   readStep       the next number; the end chooses anew        readStep           choosePattern
+//   tryStep        what was refused before is not tried again   chooseStep         readStep, drawStep
+//                  after a refused underpass all codes in turn  sweepStep
+//                  code to offset; 5 turns to walking back      offsetFromStep     readStep
+//                  no offset: nothing to step                                      shortPass
+//                  hop, trap test, then the kind's own step     makeStep           status, finishPassed
 
 namespace gridwright {
 
 namespace {
 
-/// Where a pass goes on. The jumps of the walker are all here.
-enum class At {
-  status,         // a full pass: everything from the menus on
-  finishPassed,   // past the finish test, after a walk back ended on free ground
-  shortPass,      // after the menus: the walker did not even try to step
-  choosePattern,  // a step file has ended: choose the next within the same pass
-  drawStep,       // a random step was refused: draw again, with all that follows
-  readStep,       // the next number of the step file
-  tryStep,        // a step is chosen
-  leave,
-};
+/// Where a pass goes on: the rows of the page above, and out.
+enum class At { status, shortPass, finishPassed, choosePattern, drawStep, readStep, tryStep, leave };
 
 /// Step files are read through channel 1; closing it is to forget how far it was read.
 void closeChannel(ProgramState& s) { s.walker.channelPosition = 0; }
@@ -181,8 +172,8 @@ Pace paceOf(const ProgramState& s) {
 /// \returns false at a quit to the title.
 bool runRandomPatternsIfWanted(Program& program) {
   ProgramState& s = program.state;
-  if (!s.randomPatternsWanted || s.phase != Phase::making) return true;
-  s.randomPatternsWanted = false;
+  if (!s.randomPatterns.randomPatternsWanted || s.phase != Phase::making) return true;
+  s.randomPatterns.randomPatternsWanted = false;
   return makeRandomPatterns(program);
 }
 

@@ -51,7 +51,7 @@ void cgenerate(Program& program) { setCreationMode(program, CreationMode::comput
 void usepattern(Program& program) {
   ProgramState& s = program.state;
   if (program.menus.checked(Item::usepattern)) return;
-  s.randomPatternMode = 0;
+  s.randomPatterns.randomPatternMode = 0;
   s.patternState = PatternState::choose;
   s.patternDirection = 0;
   markOne(program.menus, {Item::dontusepattern, Item::usepattern, Item::crnd1}, Item::usepattern);
@@ -63,7 +63,7 @@ void dontusepattern(Program& program) {
   s.randomStepsTemporary = false;
   s.patternState = PatternState::random;
   s.patternDirection = step::up;
-  s.randomPatternMode = 0;
+  s.randomPatterns.randomPatternMode = 0;
   markOne(program.menus, {Item::dontusepattern, Item::usepattern, Item::crnd1}, Item::dontusepattern);
 }
 

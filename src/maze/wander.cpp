@@ -40,7 +40,7 @@ bool onlyWanders(const Program& program) {
   const bool computer =
       s.creationMode == CreationMode::computer && w.lastCreationMode == CreationMode::computer;
   const bool held = s.paused || s.panelOpen || s.editedPattern != 0 || s.editor.preparing;
-  const bool ends = s.phase != Phase::making || w.stopMaking || s.randomPatternsWanted;
+  const bool ends = s.phase != Phase::making || w.stopMaking || s.randomPatterns.randomPatternsWanted;
   const bool hasMore = (s.autoMinimize && !s.minimizedNow) || !w.stopSeen || !program.canvas.autoRedraw();
   return walksBack && computer && !held && !ends && !hasMore &&
          !program.colours.isMaze(kCursorColour);  // the colour of a cursor to be wiped

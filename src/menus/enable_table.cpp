@@ -90,8 +90,8 @@ bool holds(const Program& program, const Rule& rule) {
   if ((rule.phases & bit(s.phase)) == 0) return false;
   if (s.paused && !has(kUnderAnyPanel) && !(has(kUnderTextPanel) && !colourPanelOpen(program))) return false;
   if (s.editedPattern != 0 && !has(kWhileEditing)) return false;
-  if (has(kNoPrintRun) && s.printTotal != 0) return false;
-  if (has(kPrintRun) && s.printMode == PrintMode::none) return false;
+  if (has(kNoPrintRun) && s.print.printTotal != 0) return false;
+  if (has(kPrintRun) && s.print.printMode == PrintMode::none) return false;
   return !has(kRefreshDue) || s.nrefreshDue;
 }
 
@@ -104,8 +104,8 @@ std::uint64_t keyOf(const Program& program) {
   const ProgramState& s = program.state;
   auto key = static_cast<std::uint64_t>(static_cast<int>(s.phase)) + 6;
   for (const bool flag :
-       {s.paused, s.panelOpen, s.editedPattern != 0, s.printTotal != 0, s.printMode != PrintMode::none,
-        s.nrefreshDue, program.controls[ControlId::Check1].visible,
+       {s.paused, s.panelOpen, s.editedPattern != 0, s.print.printTotal != 0,
+        s.print.printMode != PrintMode::none, s.nrefreshDue, program.controls[ControlId::Check1].visible,
         program.controls[ControlId::Check17].visible}) {
     key = key << 1 | static_cast<std::uint64_t>(flag);
   }

@@ -19,12 +19,12 @@ void markPair(MenuModel& menus, Item ifTrue, Item ifFalse, bool value) {
 std::uint64_t loopKeyOf(const ProgramState& s) {
   auto key = static_cast<std::uint64_t>(static_cast<int>(s.phase)) + 6;
   for (const int value : {static_cast<int>(s.mazeKind), s.creationMode == CreationMode::user ? 0 : 1,
-                          s.difficultyLevel, static_cast<int>(s.printMode), s.panelOpen ? 1 : 0,
+                          s.difficultyLevel, static_cast<int>(s.print.printMode), s.panelOpen ? 1 : 0,
                           s.mazeMadeOnce ? 1 : 0, s.print.printedNow ? 1 : 0}) {
     key = key << 4 | static_cast<std::uint64_t>(value);
   }
-  return key << 28 | static_cast<std::uint64_t>(s.printTotal) << 14 |
-         static_cast<std::uint64_t>(s.printedCount);
+  return key << 28 | static_cast<std::uint64_t>(s.print.printTotal) << 14 |
+         static_cast<std::uint64_t>(s.print.printedCount);
 }
 
 }  // namespace
@@ -70,12 +70,12 @@ bool runWaitsForMaze(const ProgramState& state) {
 }
 
 bool answerIsDue(const ProgramState& state) {
-  return state.printMode == PrintMode::withAnswers && state.print.printedNow;
+  return state.print.printMode == PrintMode::withAnswers && state.print.printedNow;
 }
 
 /// What a print job waits for, when it does.
 std::string_view jobWaitsFor(const ProgramState& s) {
-  if (s.printedCount > 0 && s.creationMode == CreationMode::computer) return "";
+  if (s.print.printedCount > 0 && s.creationMode == CreationMode::computer) return "";
   if (s.phase == Phase::making && s.creationMode == CreationMode::user)
     return "waiting for you to make the maze";
   return runWaitsForMaze(s) ? "waiting for a new maze: choose New maze" : "";
@@ -84,10 +84,10 @@ std::string_view jobWaitsFor(const ProgramState& s) {
 void printStatus(Program& program) {
   const ProgramState& s = program.state;
   MenuModel& menus = program.menus;
-  if (s.printMode != PrintMode::none) {
+  if (s.print.printMode != PrintMode::none) {
     menus.setTip(Item::printing, jobWaitsFor(s));
-    menus.setCaption(Item::printing, std::to_string(s.printTotal - s.printedCount) +
-                                         " mazes left to print out of " + std::to_string(s.printTotal));
+    menus.setCaption(Item::printing, std::to_string(s.print.printTotal - s.print.printedCount) +
+                                         " mazes left to print out of " + std::to_string(s.print.printTotal));
     return;
   }
   menus.setVisible(Item::printing, false);
@@ -97,7 +97,7 @@ void printStatus(Program& program) {
 }
 
 void printmenus(Program& program) {
-  if (program.state.printTotal == 0) printStatus(program);
+  if (program.state.print.printTotal == 0) printStatus(program);
 }
 
 void declaremenus1(Program& program) {
@@ -141,7 +141,7 @@ void markSettings(Program& program) {
 }
 
 void captionRandomSizes(Program& program) {
-  const std::string size = std::to_string(program.state.randomPatternSize);
+  const std::string size = std::to_string(program.state.randomPatterns.randomPatternSize);
   program.menus.setCaption(Item::maxrnd, "Random patterns are allways size \"" + size + "\"");
   program.menus.setCaption(Item::usernd, "Random patterns are any size from \"1\" to \"" + size + "\"");
 }

@@ -31,14 +31,15 @@ void openPanel(Program& program, const Panel& panel, std::string_view content) {
 }
 
 void openPanelOverScreen(Program& program, const Panel& panel, std::string_view content) {
-  program.state.panelKeptRedraw = program.canvas.autoRedraw();
+  program.state.panels.panelKeptRedraw = program.canvas.autoRedraw();
   program.canvas.setAutoRedraw(false);
   openPanel(program, panel, content);
 }
 
 void closePanel(Program& program, const Panel& panel) {
-  if (program.state.panelKeptRedraw) program.canvas.setAutoRedraw(*program.state.panelKeptRedraw);
-  program.state.panelKeptRedraw.reset();
+  if (program.state.panels.panelKeptRedraw)
+    program.canvas.setAutoRedraw(*program.state.panels.panelKeptRedraw);
+  program.state.panels.panelKeptRedraw.reset();
   program.state.panelOpen = program.state.paused = false;
   hidePanel(program, panel);
   program.controls.setText(panel.box, "");

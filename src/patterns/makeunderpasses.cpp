@@ -214,7 +214,7 @@ void moveSquare(ProgramState& s, bool twice) {
 void plainMove(Program& program) {
   ProgramState& s = program.state;
   s.walkMode = WalkMode::carve;
-  ++s.randomStepsDone;
+  ++s.randomPatterns.randomStepsDone;
   moveSquare(s, s.mazeKind == MazeKind::pipe);
   program.canvas.fill(s.cur.left, s.cur.top, s.prev.right, s.prev.bottom, preview::path);
   s.underpass.underpassOk = false;
@@ -244,7 +244,7 @@ void paintTunnel(Program& program) {
   ProgramState& s = program.state;
   const PreviewPixels pixels(program.canvas);
   if (s.editor.patternRecording) appendToOpenPattern(program, s.stepCode);
-  ++s.randomStepsDone;
+  ++s.randomPatterns.randomStepsDone;
   program.canvas.fill(s.prev, preview::path);
   mixcolors(program);
   boxToNext(program, false);

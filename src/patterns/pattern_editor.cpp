@@ -37,12 +37,13 @@ constexpr auto kNoCaller = static_cast<Phase>(-10);
 enum class Left { rebuild, end, quit };
 
 bool runIsComplete(const ProgramState& s) {
-  return s.editor.randomRunning && s.randomStepsDone >= s.randomPatternSize - 1;
+  return s.editor.randomRunning && s.randomPatterns.randomStepsDone >= s.randomPatterns.randomPatternSize - 1;
 }
 
 void chooseStep(Program& program) {
   ProgramState& s = program.state;
-  if (s.editor.randomRunning && !s.paused) s.stepCode = program.random.oneTo(s.randomUsesGo ? 5 : 4);
+  if (s.editor.randomRunning && !s.paused)
+    s.stepCode = program.random.oneTo(s.randomPatterns.randomUsesGo ? 5 : 4);
   fieldSweep(program);
 }
 
@@ -106,7 +107,7 @@ void endEditor(Program& program) {
 void endRandomRun(ProgramState& state) {
   if (!state.editor.randomRunning) return;
   state.editor.randomRunning = false;
-  state.randomPatternSize = state.editor.randomSizeSaved;
+  state.randomPatterns.randomPatternSize = state.editor.randomSizeSaved;
 }
 
 void editpat(Program& program) {
@@ -138,7 +139,7 @@ void exitpattern(Program& program) {
   endRandomRun(s);
   paintWorkPicture(program, "drawing4.bmp");
   s.editor.editorCallerPhase = kNoCaller;
-  s.phase = s.phaseBeforePatterns;
+  s.phase = s.editor.phaseBeforePatterns;
   s.editedPattern = 0;
   s.panelOpen = false;
 }

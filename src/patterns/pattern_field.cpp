@@ -82,14 +82,14 @@ void forgetSweep(ProgramState& s) {
 
 void enterField(Program& program) {
   ProgramState& s = program.state;
-  s.randomUsesGo = false;
+  s.randomPatterns.randomUsesGo = false;
   s.editor.randomRunning = false;
   s.editor.fieldCoversPicture = program.canvas.showsAnything();
   program.pictures.save("drawing4.bmp", program.canvas.image());
   s.editor.kept = {s.cur,      s.prev,      s.wallWidth,  s.wallHeight,  s.stepX,
                    s.stepY,    s.gridRight, s.gridBottom, s.gridColumns, s.gridRows,
                    s.walkMode, s.mazeColor, s.deltaX,     s.deltaY,      s.stepCode};
-  s.phaseBeforePatterns = s.phase;
+  s.editor.phaseBeforePatterns = s.phase;
 }
 
 void leaveField(Program& program) {
@@ -194,7 +194,7 @@ bool fieldStep(Program& program) {
     const bool walksBack = ahead == preview::path && s.walkMode == WalkMode::back;
     if (carves || walksBack) {
       s.cur = s.cur.moved(s.deltaX, s.deltaY);
-      if (s.walkMode == WalkMode::carve) ++s.randomStepsDone;
+      if (s.walkMode == WalkMode::carve) ++s.randomPatterns.randomStepsDone;
     }
   }
   const bool moved = !s.cur.sameCorner(s.prev);

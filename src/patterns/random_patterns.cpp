@@ -14,13 +14,14 @@ namespace {
 /// Size and first step of a run; the pattern begins as its direction's default.
 void beginRandomRun(Program& program) {
   ProgramState& s = program.state;
-  s.editor.randomSizeSaved = s.randomPatternSize;
-  if (s.mazeKind != MazeKind::regular) ++s.randomPatternSize;  // their first step costs one
-  if (s.randomSizeVaries) s.randomPatternSize = program.random.oneTo(s.randomPatternSize);
+  s.editor.randomSizeSaved = s.randomPatterns.randomPatternSize;
+  if (s.mazeKind != MazeKind::regular) ++s.randomPatterns.randomPatternSize;  // their first step costs one
+  if (s.randomPatterns.randomSizeVaries)
+    s.randomPatterns.randomPatternSize = program.random.oneTo(s.randomPatterns.randomPatternSize);
   dropOpenPattern(s);
   program.steps.reset(s.mazeKind, s.editedPattern);
   s.editor.randomRunning = true;
-  s.randomStepsDone = 0;
+  s.randomPatterns.randomStepsDone = 0;
 }
 
 /// \returns false at a quit to the title.
@@ -31,8 +32,8 @@ bool walkByChance(Program& program) {
     s.stepCode = step::none;
     yield(program, Pace::working);
     if (s.phase == Phase::quitToTitle) return false;
-    if (s.randomStepsDone >= s.randomPatternSize - 1) return true;
-    s.stepCode = program.random.oneTo(s.randomUsesGo ? 5 : 4);
+    if (s.randomPatterns.randomStepsDone >= s.randomPatterns.randomPatternSize - 1) return true;
+    s.stepCode = program.random.oneTo(s.randomPatterns.randomUsesGo ? 5 : 4);
     fieldSweep(program);
     fieldStep(program);
   }
@@ -51,7 +52,7 @@ void crpattern(Program& program) {
 void crnd1(Program& program) {
   ProgramState& s = program.state;
   if (program.menus.checked(Item::crnd1)) return;
-  s.randomPatternMode = 5;
+  s.randomPatterns.randomPatternMode = 5;
   markOne(program.menus, {Item::dontusepattern, Item::usepattern, Item::crnd1}, Item::crnd1);
   if (s.patternState == PatternState::random && !s.randomStepsTemporary) {
     s.patternState = PatternState::choose;
@@ -76,15 +77,16 @@ void editrandompat(Program& program) {
   leaveField(program);
   program.canvas.setAutoRedraw(redraw);
   s.phase = Phase::making;
-  s.randomStepsDone = 0;
+  s.randomPatterns.randomStepsDone = 0;
 }
 
 bool makeRandomPatterns(Program& program) {
   ProgramState& s = program.state;
-  const bool forEveryMaze = s.randomPatternMode == 5;
-  if (!forEveryMaze && !s.randomFlagLeft) return true;
+  const bool forEveryMaze = s.randomPatterns.randomPatternMode == 5;
+  if (!forEveryMaze && !s.randomPatterns.randomFlagLeft) return true;
   // One run for the mode, and one for each flag of the other directions.
-  const std::array<bool, 4> runs = {forEveryMaze, s.randomFlagRight, s.randomFlagUp, s.randomFlagDown};
+  const std::array<bool, 4> runs = {forEveryMaze, s.randomPatterns.randomFlagRight,
+                                    s.randomPatterns.randomFlagUp, s.randomPatterns.randomFlagDown};
   for (const bool run : runs) {
     if (!run) continue;
     editrandompat(program);

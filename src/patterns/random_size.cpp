@@ -14,21 +14,22 @@ constexpr int kSmallest = 2;
 constexpr int kLargest = 99;
 
 void setVaries(Program& program, bool varies) {
-  program.state.randomSizeVaries = varies;
+  program.state.randomPatterns.randomSizeVaries = varies;
   markOne(program.menus, {Item::maxrnd, Item::usernd}, varies ? Item::usernd : Item::maxrnd);
 }
 
 }  // namespace
 
 void srndpatterns(Program& program) {
-  openPanelOverScreen(program, kRandomSizePanel, std::to_string(program.state.randomPatternSize));
+  openPanelOverScreen(program, kRandomSizePanel,
+                      std::to_string(program.state.randomPatterns.randomPatternSize));
 }
 
 void randomSizeEntered(Program& program) {
   const int typed = numberTyped(program.controls[ControlId::Text7].text);
   closePanel(program, kRandomSizePanel);
-  program.state.randomPatternSize = std::clamp(typed, kSmallest, kLargest);
-  program.controls.setText(ControlId::Text7, std::to_string(program.state.randomPatternSize));
+  program.state.randomPatterns.randomPatternSize = std::clamp(typed, kSmallest, kLargest);
+  program.controls.setText(ControlId::Text7, std::to_string(program.state.randomPatterns.randomPatternSize));
   captionRandomSizes(program);
 }
 

@@ -27,7 +27,7 @@ void ask(Program& program, PrintMode kind) {
 }
 
 void countMaze(ProgramState& s) {
-  if (s.printedCount < s.printTotal) ++s.printedCount;
+  if (s.print.printedCount < s.print.printTotal) ++s.print.printedCount;
 }
 
 void goOnToNextMaze(ProgramState& s) {
@@ -55,20 +55,20 @@ void printPanelKey(Program& program) {
   restartWalk(program);
   keepWalkFromStart(program);
   program.canvas.setAutoRedraw(false);  // until the panel goes, which then gives back
-  program.state.panelKeptRedraw = true;
+  program.state.panels.panelKeptRedraw = true;
 }
 
 void printEntered(Program& program) {
   ProgramState& s = program.state;
   const int mazes = std::clamp(numberTyped(program.controls[ControlId::Text3].text), 0, kMostMazes);
   closePanel(program, kPrintPanel);
-  s.printedCount = 0;
-  s.printTotal = mazes;
+  s.print.printedCount = 0;
+  s.print.printTotal = mazes;
   if (mazes != 0) {
-    s.printMode = s.print.printKindPending;
+    s.print.printMode = s.print.printKindPending;
     program.menus.setVisible(Item::printing, true);
     program.menus.setEnabled(Item::printing, true);
-    const bool answers = s.printMode == PrintMode::withAnswers;
+    const bool answers = s.print.printMode == PrintMode::withAnswers;
     markOne(program.menus, {Item::printwithsolutions, Item::printnosolutions},
             answers ? Item::printwithsolutions : Item::printnosolutions);
     printStatus(program);
@@ -86,11 +86,11 @@ void printEscaped(Program& program) {
 
 void endJob(Program& program) {
   ProgramState& s = program.state;
-  const bool active = s.printMode != PrintMode::none;
+  const bool active = s.print.printMode != PrintMode::none;
   const std::string ended = runEndWords(s);
   const std::string leftOut = answersLeftOutWords(s);
-  s.printMode = PrintMode::none;
-  s.printTotal = s.printedCount = s.print.withoutAnswer = 0;
+  s.print.printMode = PrintMode::none;
+  s.print.printTotal = s.print.printedCount = s.print.withoutAnswer = 0;
   s.print.printedNow = false;
   printmenus(program);
   if (active) tellPrinted(program, ended, program.platform.endOfPages(), leftOut);
@@ -100,15 +100,15 @@ void stopallprintings(Program& program) { endJob(program); }
 
 void endJobWhenDone(Program& program) {
   const ProgramState& s = program.state;
-  if (s.printMode != PrintMode::none && s.printedCount >= s.printTotal) endJob(program);
+  if (s.print.printMode != PrintMode::none && s.print.printedCount >= s.print.printTotal) endJob(program);
 }
 
 bool printPlacedMaze(Program& program) {
   ProgramState& s = program.state;
-  if (s.printMode == PrintMode::none || !printPage(program)) return false;
+  if (s.print.printMode == PrintMode::none || !printPage(program)) return false;
   s.print.printedNow = true;
   s.ends.savedFinish = s.finish;
-  if (s.printMode == PrintMode::withAnswers) {
+  if (s.print.printMode == PrintMode::withAnswers) {
     s.phase = Phase::solving;
   } else {
     goOnToNextMaze(s);

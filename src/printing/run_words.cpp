@@ -12,19 +12,23 @@ std::string mazes(int count) { return std::to_string(count) + (count == 1 ? " ma
 
 void tellRun(Program& program) {
   const ProgramState& s = program.state;
-  if (s.printMode == PrintMode::none) return;
+  if (s.print.printMode == PrintMode::none) return;
   if (runWaitsForMaze(s)) {
-    const bool answers = s.printMode == PrintMode::withAnswers;
-    program.notices.tell(mazes(s.printTotal) + (answers ? " with" : " without") + " answers will be printed");
+    const bool answers = s.print.printMode == PrintMode::withAnswers;
+    program.notices.tell(mazes(s.print.printTotal) + (answers ? " with" : " without") +
+                         " answers will be printed");
   } else {
-    program.notices.tell("maze " + std::to_string(s.printedCount + 1) + " of " +
-                         std::to_string(s.printTotal));
+    program.notices.tell("maze " + std::to_string(s.print.printedCount + 1) + " of " +
+                         std::to_string(s.print.printTotal));
   }
 }
 
 std::string runEndWords(const ProgramState& state) {
-  const std::string total = mazes(state.printTotal) + (state.printTotal == 1 ? " is" : " are") + " printed";
-  return state.printedCount < state.printTotal ? std::to_string(state.printedCount) + " of " + total : total;
+  const std::string total =
+      mazes(state.print.printTotal) + (state.print.printTotal == 1 ? " is" : " are") + " printed";
+  return state.print.printedCount < state.print.printTotal
+             ? std::to_string(state.print.printedCount) + " of " + total
+             : total;
 }
 
 std::string answersLeftOutWords(const ProgramState& state) {

@@ -22,9 +22,9 @@ void resetsettings(Program& program) {
   s.patternState = PatternState::choose;
   s.patternDirection = 0;
   s.randomStepsTemporary = false;
-  s.randomPatternMode = 0;
+  s.randomPatterns.randomPatternMode = 0;
   s.stopAtFinish = false;
-  s.randomSizeVaries = false;
+  s.randomPatterns.randomSizeVaries = false;
   s.trailOff = false;
   endPlay(program);
   markOne(menus, {Item::pthick, Item::pthin}, Item::pthick);
@@ -39,7 +39,7 @@ void resetsettings(Program& program) {
 void mbsub(Program& program) {
   ProgramState& s = program.state;
   resetsettings(program);
-  s.randomPatternSize = 5;
+  s.randomPatterns.randomPatternSize = 5;
   captionRandomSizes(program);
   s.walker.channelPosition = 0;
   s.symmetryMode = Symmetry::off;
@@ -54,15 +54,16 @@ void forgetEverything(Program& program) {
   ProgramState& s = program.state;
   s.panelOpen = s.paused = false;
   s.editedPattern = 0;
-  s.mazeMadeOnce = s.resumeMaze = s.keepPicture = s.nrefreshDue = false;
+  s.mazeMadeOnce = s.session.resumeMaze = s.keepPicture = s.nrefreshDue = false;
   s.savedStartColorValid = s.savedFinishColorValid = false;
   s.finishColor = 0;
   s.patternState = PatternState::choose;
   s.patternDirection = 0;
   s.randomStepsTemporary = false;
-  s.randomPatternMode = 0;
-  s.randomFlagLeft = s.randomFlagRight = s.randomFlagUp = s.randomFlagDown = false;
-  s.tightForPipes = false;
+  s.randomPatterns.randomPatternMode = 0;
+  s.randomPatterns.randomFlagLeft = s.randomPatterns.randomFlagRight = s.randomPatterns.randomFlagUp =
+      s.randomPatterns.randomFlagDown = false;
+  s.session.tightForPipes = false;
   s.walker = {};
   s.ends = {};
   s.solver = {};
@@ -70,7 +71,7 @@ void forgetEverything(Program& program) {
   s.drawing = {};
   s.editor = {};
   s.files = {};
-  s.randomPatternsWanted = false;
+  s.randomPatterns.randomPatternsWanted = false;
   hideTextPanels(program);
   hideColourPanels(program);
   defaultColours(program);

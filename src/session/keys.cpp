@@ -15,7 +15,7 @@ namespace {
 /// While a book is printed a person may only carve.
 bool heldBack(const ProgramState& s, int code) {
   const bool carves = code == key::J || (code >= key::left && code <= key::down);
-  return s.bookMode != 0 && !(s.phase == Phase::making && carves);
+  return s.session.bookMode != 0 && !(s.phase == Phase::making && carves);
 }
 
 }  // namespace

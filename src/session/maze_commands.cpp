@@ -80,7 +80,7 @@ std::string_view nameOf(MazeKind kind) {
 std::string whyNot(const Program& program, MazeKind kind, Item item) {
   if (program.menus.checked(item))
     return "These are " + std::string(nameOf(kind)) + " already: choose New maze for another one";
-  if (kind == MazeKind::pipe && program.state.tightForPipes)
+  if (kind == MazeKind::pipe && program.state.session.tightForPipes)
     return "No room for 3d-pipe-mazes: fewer than three of their cells are free";
   return {};
 }
@@ -108,7 +108,7 @@ void createAnew(Program& program, MazeKind kind, Item item) {
   captionMaking(program);
   mazemenus(program);
   forgetStep(s);
-  s.randomPatternsWanted = true;
+  s.randomPatterns.randomPatternsWanted = true;
   paintWorkPicture(program, "drawing1.bmp");
   s.cur = s.walker.walkStart = s.start;
   program.pictures.save("drawing1b.bmp", program.canvas.image());
@@ -135,7 +135,7 @@ void newmaze(Program& program) {
   forgetStep(s);
   if (!s.nrefreshDue) chooseUnderpassLength(program);
   if (s.phase == Phase::making) {
-    s.randomPatternsWanted = true;
+    s.randomPatterns.randomPatternsWanted = true;
     paintWorkPicture(program, "drawing1b.bmp");
     s.cur = s.walker.walkStart;
     showCursorSquare(program);
@@ -156,7 +156,7 @@ void nrefresh(Program& program) {
   forgetStep(s);
   chooseUnderpassLength(program);
   s.walker.walkStartKept = false;
-  s.randomPatternsWanted = s.phase == Phase::making;
+  s.randomPatterns.randomPatternsWanted = s.phase == Phase::making;
   if (s.phase != Phase::drawing) {
     paintWorkPicture(program, "drawing1.bmp");
     s.cur = s.walker.walkStart = s.start;
@@ -196,7 +196,7 @@ void backtomaze(Program& program) {
   paintWorkPicture(program, "drawing3.bmp");
   s.mazeStage = s.phase;
   s.phase = Phase::making;
-  s.resumeMaze = true;
+  s.session.resumeMaze = true;
   s.walker.stopSeen = true;
   s.walkMode = WalkMode::back;
 }

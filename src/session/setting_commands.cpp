@@ -9,7 +9,7 @@ void aon(Program& program) {
   ProgramState& s = program.state;
   if (!s.autoMinimize) {
     s.autoMinimize = true;
-    s.autoMinimizeStyle = 2;
+    s.session.autoMinimizeStyle = 2;
     const bool computerWorks = (s.phase == Phase::solving && s.playMode == PlayMode::off) ||
                                (s.phase == Phase::making && s.creationMode != CreationMode::user);
     if (computerWorks && !s.paused) {

@@ -22,7 +22,7 @@ std::string slideName(int slide) {
 
 /// A slide of the working folder, else the one beside the installed program.
 bool showSlide(Program& program) {
-  const std::string name = slideName(program.state.slideIndex);
+  const std::string name = slideName(program.state.session.slideIndex);
   auto picture = program.platform.loadBitmap(program.files->resolve(name));
   if (!picture) picture = loadContent(program, name);
   if (picture) program.canvas.setPicture(picture.value());
@@ -41,12 +41,12 @@ void advance(Program& program, bool byMouse) {
   program.controls.setInterval(ControlId::Timer1, kSlideTime);
   if (byMouse) program.controls.runTimer(ControlId::Timer1, true);  // the wait starts over
   do {
-    if (++s.slideIndex > kSlides) return backToTitle(program, !byMouse || !s.paused);
+    if (++s.session.slideIndex > kSlides) return backToTitle(program, !byMouse || !s.paused);
   } while (!showSlide(program));  // a missing slide is passed over
 }
 
 void beginShow(Program& program) {
-  program.state.slideIndex = 1;
+  program.state.session.slideIndex = 1;
   program.controls.runTimer(ControlId::Timer1, true);
   program.controls.runTimer(ControlId::Timer2, false);
   if (!showSlide(program)) program.controls.setInterval(ControlId::Timer1, 0);  // the show stands

@@ -67,14 +67,14 @@ void putWalkerOnOrigin(Program& program) {
   ProgramState& s = program.state;
   WalkerState& w = s.walker;
   if (!w.walkStartKept || program.pixels().maze(s.start.left, s.start.top)) w.walkStart = s.start;
-  s.cur = s.resumeMaze ? w.resume : w.walkStart;
-  if (s.resumeMaze) {
+  s.cur = s.session.resumeMaze ? w.resume : w.walkStart;
+  if (s.session.resumeMaze) {
     s.walkMode = w.resumeWalkMode;
   } else {
     resetfillcursor(s);
   }
   s.prev = s.cur;
-  s.resumeMaze = false;
+  s.session.resumeMaze = false;
 }
 
 /// A finish that a search took off, or that moved on, must not show at its old place.
@@ -154,12 +154,12 @@ Stage checksStage(Program& program) {
     keepBrush(s);
     return Stage::drawing;
   }
-  s.tightForPipes = false;
+  s.session.tightForPipes = false;
   if (s.mazeKind != MazeKind::pipe && program.menus.visible(Item::create3dpipe)) {
     CellGrid wide = presentGrid(s);
     wide.stepX = 2 * s.wallWidth;
     wide.stepY = 2 * s.wallHeight;
-    s.tightForPipes = !hasThreeFreeCells(program, wide);
+    s.session.tightForPipes = !hasThreeFreeCells(program, wide);
   }
   placedefaultends(program);
   placepipefinish(program);
@@ -181,9 +181,9 @@ Stage makingStage(Program& program) {
   tellRun(program);
   s.phase = Phase::making;
   program.canvas.setAutoRedraw(true);
-  if (!s.resumeMaze && !s.keepPicture) paintWorkPicture(program, "drawing1b.bmp");
-  if (s.randomPatternsWanted) {
-    s.randomPatternsWanted = false;
+  if (!s.session.resumeMaze && !s.keepPicture) paintWorkPicture(program, "drawing1b.bmp");
+  if (s.randomPatterns.randomPatternsWanted) {
+    s.randomPatterns.randomPatternsWanted = false;
     if (!makeRandomPatterns(program)) return Stage::title;
   }
   putWalkerOnOrigin(program);

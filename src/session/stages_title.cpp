@@ -40,7 +40,7 @@ Bitmap titlePicture(Program& program) {
 Stage processStartStage(Program& program) {
   ProgramState& s = program.state;
   program.colours.setExtraBackground(kDarkGreen);
-  s.bookMode = 0;
+  s.session.bookMode = 0;
   s.panelOpen = s.paused = false;
   recoverSaves(*program.files);
   program.files->removeLeftOvers();

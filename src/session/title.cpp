@@ -91,7 +91,7 @@ void command2(Program& program) {
   ProgramState& s = program.state;
   s.panelOpen = false;
   s.editedPattern = 0;
-  s.bookMode = 0;
+  s.session.bookMode = 0;
   s.phase = Phase::drawing;
   hideTitleButtons(program);
   program.controls.runTimer(ControlId::Timer1, false);
@@ -106,12 +106,12 @@ void beginBook(Program& program, MazeKind kind, int difficulty) {
   s.wallWidth = s.wallHeight = 30;
   s.mazeKind = kind;
   s.difficultyLevel = difficulty;
-  s.printTotal = 30;
-  s.printedCount = 0;
-  s.printMode = PrintMode::withAnswers;
+  s.print.printTotal = 30;
+  s.print.printedCount = 0;
+  s.print.printMode = PrintMode::withAnswers;
   s.pathSize = 2;
   s.autoMinimize = true;
-  s.autoMinimizeStyle = 2;
+  s.session.autoMinimizeStyle = 2;
   program.menus.setChecked(Item::aon, true);
   program.menus.setChecked(Item::aoff, false);
   hideTitleButtons(program);

@@ -51,7 +51,7 @@ bool placeOnce(Program& program, bool firstPass) {
   }
   program.canvas.fill(s.finish, s.finishColor);
   ends.savedFinish = s.finish;
-  if (s.printMode != PrintMode::none) return false;  // the page is due
+  if (s.print.printMode != PrintMode::none) return false;  // the page is due
   s.prev = s.start;
   ends.lastFinish = s.finish;
   return true;

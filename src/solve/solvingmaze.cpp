@@ -88,7 +88,7 @@ void menusOfPass(Program& program) {
   keysmenu(program);
   mazemenus(program);
   printmenus(program);
-  if (program.state.printMode != PrintMode::none) printStatus(program);
+  if (program.state.print.printMode != PrintMode::none) printStatus(program);
   noteLoopRules(program);
 }
 
@@ -147,7 +147,7 @@ void forgetWhatWasSeen(ProgramState& s, Repetition& repetition) {
 void stopWithoutWay(Program& program) {
   ProgramState& s = program.state;
   if (answerIsDue(program.state)) return;
-  if (s.printMode == PrintMode::none) {  // else a job takes this maze in hand, and tells at its end
+  if (s.print.printMode == PrintMode::none) {  // else a job takes this maze in hand, and tells at its end
     if (s.autoMinimize) program.platform.setWindowState(WindowState::maximised);
     program.platform.messageBox("Error: there is no way from start to finish.");
   }

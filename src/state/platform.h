@@ -50,7 +50,7 @@ class Platform : public BitmapFiles {
   virtual void doEvents(Program& program, Pace pace) = 0;
 
   /// For how many pumps from now on the desktop is sure to deliver nothing and to look at nothing but
-  /// what `isSteady` (core/field_names.h). A loop that only wanders about may leave out as many, so that
+  /// what `isSteady` (state/field_names.h). A loop that only wanders about may leave out as many, so that
   /// a desktop nobody watches does not hold it up. A desktop that counts its pumps says 0.
   virtual std::int64_t quietPumps(const Program& /*program*/) { return 0; }
   /// So many pumps of those were left out.

@@ -133,6 +133,8 @@ struct SolverState {
 
 /// The print job's values.
 struct PrintState {
+  PrintMode printMode = PrintMode::none;
+  int printTotal = 0, printedCount = 0;
   bool printedNow = false;                       ///< A blank maze of a with-answers job went to the printer.
   bool trailOffAtPrint = false;                  ///< As the panel found it in phase 3.
   PlayMode playModeAtPrint = PlayMode::off;      ///< Likewise.
@@ -143,6 +145,7 @@ struct PrintState {
 
 /// The pattern editor's own values.
 struct EditorState {
+  Phase phaseBeforePatterns = Phase::drawing;
   /// What the field takes over and gives back.
   struct Kept {
     Square cur, prev;
@@ -167,9 +170,10 @@ struct EditorState {
 
 /// The colour editor's own values.
 struct ColourEditorState {
-  Colour editedPaletteColor = 0;  ///< The background whose maze colour is being picked.
-  int mazeColorPick = 0;          ///< 0 idle, 1 the maze colour panel is wanted, 2 a colour was picked.
-  bool colorTicksReady = false;   ///< The drawing colour panel's own ticks do not count as clicks.
+  bool individualMazeColors = false;  ///< A right click picks for one background, not for all.
+  Colour editedPaletteColor = 0;      ///< The background whose maze colour is being picked.
+  int mazeColorPick = 0;              ///< 0 idle, 1 the maze colour panel is wanted, 2 a colour was picked.
+  bool colorTicksReady = false;       ///< The drawing colour panel's own ticks do not count as clicks.
 };
 
 /// The names that the file panels remember.
@@ -179,6 +183,7 @@ struct FileState {
 
 /// The paint tool's own values.
 struct DrawingState {
+  int squareWidth = 0, squareHeight = 0;
   bool skipPaintOnce = false;  ///< No painting this pass, and measure again.
   bool firstPaint = true;      ///< Until the first stroke.
   Colour lastColor = 0;        ///< `drawColor` of the pass before.
@@ -192,68 +197,77 @@ struct DrawingState {
   bool newSizeEmpties = false;        ///< Settled when it opens: Enter empties the picture.
 };
 
-struct ProgramState {
-  // Phase and kind
-  Phase phase = Phase::title;
-  MazeKind mazeKind = MazeKind::regular;
-  bool keyBusy = false;  ///< A command was taken in this pump; only the next clears it.
-  bool panelOpen = false;
-  bool paused = false;
+/// What panels keep of the drawing under them.
+struct PanelState {
   std::optional<bool> panelKeptRedraw;  ///< `AutoRedraw` as the open panel found it.
-  int editedPattern = 0;                ///< 0 none, 1 left, 2 right, 3 up, 4 down.
-  Phase phaseBeforePatterns = Phase::drawing;
-  Phase mazeStage = Phase::drawing;  ///< How far the present maze has come.
-  bool mazeMadeOnce = false;
-  bool tightForPipes = false;  ///< Fewer than three free cells at pipe pitch.
+};
 
-  // Geometry
-  int wallWidth = 10, wallHeight = 10;  ///< Wall size, 5 to 50.
-  int stepX = 10, stepY = 10;           ///< Cell pitch.
-  Square cur, prev;
-  int squareWidth = 0, squareHeight = 0;
-  int canvasWidth = 0, canvasHeight = 0;
-  int gridRight = 0, gridBottom = 0;  ///< Left of the last column, top of the last row.
-  int gridColumns = 0, gridRows = 0;
-  int scanX = 0, scanY = 0;  ///< A running sample point, and the fill cursor.
-  Square start, finish;
-
-  // Colours
-  Colour startColor = qb::lightMagenta, finishColor = 0;
-  Colour savedStartColor = 0, savedFinishColor = 0;
-  bool savedStartColorValid = false, savedFinishColorValid = false;
-  Colour mazeColor = 0;      ///< What the walker is laying now.
-  Colour keptMazeColor = 0;  ///< Given back to `mazeColor` at each return to drawing.
-  Colour drawColor = 0, backgroundDrawColor = 0, borderDrawColor = 0;
-  bool individualMazeColors = false;
-
-  // Settings
-  CreationMode creationMode = CreationMode::user;
-  PlayMode playMode = PlayMode::off, chosenPlayMode = PlayMode::off;
-  bool trailOff = false;
-  FinishMethod finishMethod = FinishMethod::user;
-  bool finishFound = false;
-  int pathSize = 1;         ///< 1 normal, 2 large.
-  int difficultyLevel = 4;  ///< 1 to 6.
-  bool autoMinimize = false;
-  int autoMinimizeStyle = 0;
-  bool minimizedNow = false;
-  bool stopAtFinish = false;
-  bool shortUnderpasses = true;
+/// Patterns made by chance.
+struct RandomPatternState {
   int randomPatternSize = 5;  ///< 2 to 99.
   bool randomSizeVaries = false;
   bool randomUsesGo = false;  ///< Random steps may turn to walking back.
   int randomStepsDone = 0;    ///< Fresh cells walked in the present random pattern.
   int randomPatternMode = 0;  ///< 5 while random patterns are made for every maze.
   bool randomFlagLeft = false, randomFlagRight = false, randomFlagUp = false, randomFlagDown = false;
+  bool randomPatternsWanted = false;  ///< A restart asks for them before the maze goes on.
+};
+
+/// What only the main loop and its commands know.
+struct SessionState {
+  int bookMode = 0;
+  int slideIndex = 0;
+  int autoMinimizeStyle = 0;
+  bool resumeMaze = false;     ///< The walker goes on from its resume square.
+  bool tightForPipes = false;  ///< Fewer than three free cells at pipe pitch.
+};
+
+/// At the top stands what several rooms share, with who they are; every command and the roof see all of it.
+struct ProgramState {
+  // Phase and kind: every room
+  Phase phase = Phase::title;
+  MazeKind mazeKind = MazeKind::regular;
+  bool keyBusy = false;    ///< A command was taken in this pump; only the next clears it (menus, session).
+  bool panelOpen = false;  ///< menus, colours, patterns, maze, drawing, solve
+  bool paused = false;
+  int editedPattern = 0;  ///< 0 none, 1 left, 2 right, 3 up, 4 down (menus, patterns, drawing, maze).
+  Phase mazeStage = Phase::drawing;  ///< How far the present maze has come (maze, solve, session).
+  bool mazeMadeOnce = false;         ///< menus, underpass, maze, drawings
+
+  // Geometry: every room that paints
+  int wallWidth = 10, wallHeight = 10;  ///< Wall size, 5 to 50.
+  int stepX = 10, stepY = 10;           ///< Cell pitch.
+  Square cur, prev;
+  int canvasWidth = 0, canvasHeight = 0;  ///< state's grid, drawing, maze
+  int gridRight = 0, gridBottom = 0;      ///< Left of the last column, top of the last row.
+  int gridColumns = 0, gridRows = 0;      ///< drawing, and the patterns' field, which gives them back
+  int scanX = 0, scanY = 0;               ///< A running sample point (drawing), and the fill cursor (maze).
+  Square start, finish;                   ///< maze, solve, drawings
+
+  // Colours
+  Colour startColor = qb::lightMagenta, finishColor = 0;  ///< colours, solve, drawings
+  Colour savedStartColor = 0, savedFinishColor = 0;       ///< colours, session, drawings
+  bool savedStartColorValid = false, savedFinishColorValid = false;
+  Colour mazeColor = 0;      ///< What the walker is laying now (colours, patterns, maze, drawing, solve).
+  Colour keptMazeColor = 0;  ///< Given back to `mazeColor` at each return to drawing (colours, session).
+  Colour drawColor = 0, backgroundDrawColor = 0, borderDrawColor = 0;  ///< colours, drawing, drawings
+
+  // Settings: their room, the marks of the menus, and the drawing files
+  CreationMode creationMode = CreationMode::user;
+  PlayMode playMode = PlayMode::off, chosenPlayMode = PlayMode::off;
+  bool trailOff = false;
+  FinishMethod finishMethod = FinishMethod::user;
+  bool finishFound = false;  ///< maze, solve, session
+  int pathSize = 1;          ///< 1 normal, 2 large.
+  int difficultyLevel = 4;   ///< 1 to 6.
+  bool autoMinimize = false;
+  bool minimizedNow = false;  ///< maze, solve, session
+  bool stopAtFinish = false;
+  bool shortUnderpasses = true;  ///< underpass, maze, solve
   bool drawingOff = false;
   Symmetry symmetryMode = Symmetry::off;
 
-  // Printing
-  PrintMode printMode = PrintMode::none;
-  int printTotal = 0, printedCount = 0;
-  int bookMode = 0;
-
-  // The step in hand, shared by walker, solver and pattern editor
+  // The step in hand: underpass, patterns, maze, solve
   WalkMode walkMode = WalkMode::carve;
   int stepCode = step::none;
   int deltaX = 0, deltaY = 0;
@@ -263,11 +277,9 @@ struct ProgramState {
   int testCount = 0;
   int sweepX = 0, sweepY = 0;
 
-  // Restarts
-  bool resumeMaze = false;   ///< The walker goes on from its resume square.
+  // Restarts: maze, session
   bool keepPicture = false;  ///< `backtomaze` has painted the picture already.
-  bool nrefreshDue = false;  ///< A maze was made part of every maze.
-  int slideIndex = 0;
+  bool nrefreshDue = false;  ///< A maze was made part of every maze (menus and drawings too).
 
   WalkerState walker;
   UnderpassState underpass;
@@ -277,7 +289,9 @@ struct ProgramState {
   DrawingState drawing;
   ColourEditorState colours;
   EditorState editor;
-  bool randomPatternsWanted = false;  ///< A restart asks for them before the maze goes on.
+  RandomPatternState randomPatterns;
+  PanelState panels;
+  SessionState session;
   FileState files;
 };
 

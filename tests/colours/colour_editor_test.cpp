@@ -149,7 +149,7 @@ TEST(TheTwoChoices, AreAPair) {
   w.edit();
   w.left(ControlId::Check33);
   w.look([](Program& p) {
-    EXPECT_TRUE(p.state.individualMazeColors);
+    EXPECT_TRUE(p.state.colours.individualMazeColors);
     EXPECT_EQ(p.controls[ControlId::Check33].value, 1);
     EXPECT_EQ(p.controls[ControlId::Check34].value, 0);
   });
@@ -158,7 +158,7 @@ TEST(TheTwoChoices, AreAPair) {
       [](Program& p) { EXPECT_EQ(p.controls[ControlId::Check33].value, 1) << "turned off, it comes back"; });
   w.left(ControlId::Check34);
   w.look([](Program& p) {
-    EXPECT_FALSE(p.state.individualMazeColors);
+    EXPECT_FALSE(p.state.colours.individualMazeColors);
     EXPECT_EQ(p.controls[ControlId::Check33].value, 0);
     EXPECT_EQ(p.controls[ControlId::Check34].value, 1);
   });
@@ -324,7 +324,7 @@ TEST(ResetAllColors, BringsSwatchesAndMazeColoursBackAndLeavesTheBrush) {
   w.desktop.menu(Item::resetcolors);
   w.desktop.pumpsPass(1);
   w.look([](Program& p) {
-    EXPECT_FALSE(p.state.individualMazeColors);
+    EXPECT_FALSE(p.state.colours.individualMazeColors);
     for (int i = 0; i < kSlots; ++i) {
       EXPECT_EQ(p.controls[classifySwatch(i)].value, i < 8 ? 1 : 0);
       EXPECT_EQ(p.colours.maze()[static_cast<std::size_t>(i)], palette(15));

@@ -107,8 +107,8 @@ TEST(TheSquare, NeverLeavesTheGridByStepsOrArrowsOrGrowing) {
                                             key::left, key::up, key::right, key::down};
       for (int i = 0; i < 3000; ++i) {
         b.key(kCodes[random() % kCodes.size()]);
-        b.state.squareWidth = b.state.cur.right - b.state.cur.left;
-        b.state.squareHeight = b.state.cur.bottom - b.state.cur.top;
+        b.state.drawing.squareWidth = b.state.cur.right - b.state.cur.left;
+        b.state.drawing.squareHeight = b.state.cur.bottom - b.state.cur.top;
         const Square& q = b.state.cur;
         ASSERT_GE(q.left, wall);
         ASSERT_GE(q.top, wall);
@@ -148,7 +148,7 @@ TEST(C, PaintsTheSquareAndJumpsToTheCentreWithoutAStripe) {
 TEST(C, StaysWhereItIsWhenTheSquareWouldNotFit) {
   Brush b(1, 1);
   for (int i = 0; i < 30; ++i) b.key(key::D);
-  b.state.squareWidth = b.state.cur.right - b.state.cur.left;
+  b.state.drawing.squareWidth = b.state.cur.right - b.state.cur.left;
   const Square wide = b.state.cur;
   b.key(key::C);
   EXPECT_EQ(b.state.cur, wide);

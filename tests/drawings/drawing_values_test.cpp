@@ -118,7 +118,7 @@ TEST(TheCountOfStepsInAPattern, GoesOnFromTheLargestThatARecordMayHold) {
   s.desktop.pumpsPass(3);
   s.desktop.act([](Program& p) { input::keyDown(p, key::down); });
   s.desktop.pumpsPass(2);
-  s.look([](Program& p) { EXPECT_EQ(p.state.randomStepsDone, 1'000'001); });
+  s.look([](Program& p) { EXPECT_EQ(p.state.randomPatterns.randomStepsDone, 1'000'001); });
   s.run();
 }
 

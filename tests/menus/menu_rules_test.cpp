@@ -52,16 +52,16 @@ TEST(TheCreateItems, ComeBackOnceAMazeWasMade) {
 
 TEST(ThePrintJob, TellsWhatIsLeft) {
   World w(drawing(kRoom));
-  w.state.printMode = PrintMode::withoutAnswers;
-  w.state.printTotal = 12;
-  w.state.printedCount = 5;
+  w.state.print.printMode = PrintMode::withoutAnswers;
+  w.state.print.printTotal = 12;
+  w.state.print.printedCount = 5;
   printStatus(w.program);
   EXPECT_EQ(w.program.menus.caption(Item::printing), "7 mazes left to print out of 12");
 }
 
 TEST(TheRandomSizes, StandInTheirCaptions) {
   World w(drawing(kRoom));
-  w.state.randomPatternSize = 42;
+  w.state.randomPatterns.randomPatternSize = 42;
   captionRandomSizes(w.program);
   EXPECT_EQ(w.program.menus.caption(Item::maxrnd), "Random patterns are allways size \"42\"");
   EXPECT_EQ(w.program.menus.caption(Item::usernd), "Random patterns are any size from \"1\" to \"42\"");

@@ -106,7 +106,7 @@ TEST(InTheRegularKind, OnlyTheFirstFourStepsHaveAnyEffect) {
   for (int code = 1; code <= 4; ++code) w.step(code);
   EXPECT_TRUE(samePicture(w.canvas.image(), before));
   w.expectAt(0, 0);
-  EXPECT_EQ(w.state.randomStepsDone, 0);
+  EXPECT_EQ(w.state.randomPatterns.randomStepsDone, 0);
 }
 
 TEST(APlainMove, CarvesOneCellIn3dAndTwoInPipes) {
@@ -122,7 +122,7 @@ TEST(APlainMove, CarvesOneCellIn3dAndTwoInPipes) {
       const int cells = kind == MazeKind::pipe ? 2 : 1;
       w.expectAt(cells * row.dx, cells * row.dy);
       EXPECT_EQ(w.state.walkMode, WalkMode::carve);
-      EXPECT_EQ(w.state.randomStepsDone, 1);
+      EXPECT_EQ(w.state.randomPatterns.randomStepsDone, 1);
       EXPECT_EQ(w.canvas.point(kX + 5 * row.dx, kY + 5 * row.dy), preview::path);
     }
   }
@@ -146,7 +146,7 @@ TEST(ATunnel, PassesUnderACorridorAndIsRecordedOnce) {
   w.expectAt(4, 0);
   EXPECT_EQ(w.state.prev, w.state.cur);
   EXPECT_EQ(w.state.editor.openSteps, Steps{step::right});
-  EXPECT_EQ(w.state.randomStepsDone, 1);
+  EXPECT_EQ(w.state.randomPatterns.randomStepsDone, 1);
   EXPECT_EQ(w.canvas.point(kX + 20, kY), preview::path);
   EXPECT_FALSE(w.state.walker.sweepActive);
 }

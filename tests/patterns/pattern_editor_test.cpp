@@ -64,7 +64,7 @@ TEST_P(InEveryKind, ThePatternOnTheFieldEqualsItsReplay) {
   Bitmap live;
   Square at;
   for (int run = 0; run < kRuns; ++run) {
-    w.desktop.look([run](Program& p) { p.state.randomPatternSize = 2 + run % 60; });
+    w.desktop.look([run](Program& p) { p.state.randomPatterns.randomPatternSize = 2 + run % 60; });
     w.desktop.menu(Item::crpattern);
     w.desktop.until([](const Program& p) { return !p.state.editor.randomRunning; });
     w.desktop.pumpsPass(1);

@@ -243,14 +243,14 @@ TEST(ALoadThatFindsNothing, StillEndsARandomRunAndKeepsWhatWasDrawn) {
   Session s;
   s.desktop.menu(Item::editpatterns);
   s.desktop.untilPhase(Phase::patternEditing);
-  s.look([](Program& p) { p.state.randomPatternSize = 90; });
+  s.look([](Program& p) { p.state.randomPatterns.randomPatternSize = 90; });
   s.desktop.menu(Item::crpattern);
   s.desktop.pumpsPass(6);
   s.look([](Program& p) { EXPECT_TRUE(p.state.editor.randomRunning); });
   s.load("nobody");
   s.look([](Program& p) {
     EXPECT_FALSE(p.state.editor.randomRunning);
-    EXPECT_EQ(p.state.randomPatternSize, 90);
+    EXPECT_EQ(p.state.randomPatterns.randomPatternSize, 90);
   });
   s.run();
   EXPECT_EQ(s.desktop.messages, std::vector<std::string>{"Error: can't find file."});

@@ -33,8 +33,8 @@ struct ByChance : World {
     program.random.seed(seed);
     state.mazeKind = kind;
     pitchFromKind(state);
-    state.randomPatternSize = size;
-    state.randomSizeVaries = varies;
+    state.randomPatterns.randomPatternSize = size;
+    state.randomPatterns.randomSizeVaries = varies;
     desktop.until([](const Program&) { return false; });  // pumps without end
   }
 };
@@ -85,8 +85,8 @@ TEST_P(InEveryKind, APreparedMazeFindsDrawingGridAndModeAsTheyWere) {
   EXPECT_EQ(w.state.mazeColor, kYellow);
   EXPECT_EQ(w.state.stepCode, step::up);
   EXPECT_EQ(w.state.wallWidth, 10);
-  EXPECT_EQ(w.state.randomPatternSize, 9);
-  EXPECT_EQ(w.state.randomStepsDone, 0);
+  EXPECT_EQ(w.state.randomPatterns.randomPatternSize, 9);
+  EXPECT_EQ(w.state.randomPatterns.randomStepsDone, 0);
   EXPECT_EQ(w.state.editedPattern, 0);
   EXPECT_EQ(w.state.phase, Phase::making);
   EXPECT_FALSE(w.state.editor.randomRunning || w.state.editor.preparing);
@@ -115,7 +115,7 @@ TEST(ARegularPatternByChance, WalksItsSizeOfFreshSquares) {
     int walked = 0;
     w.desktop = BareDesktop(Size{w.canvas.scaleWidth(), w.canvas.scaleHeight()});
     w.desktop.until([&](const Program& p) {
-      walked = p.state.randomStepsDone;
+      walked = p.state.randomPatterns.randomStepsDone;
       return false;
     });
     editrandompat(w.program);
@@ -137,7 +137,7 @@ TEST(UserSizesOfTwo, AreOneOrTwoAndOneLeavesTheDefault) {
     } else {
       EXPECT_GT(steps.size(), 1U);
     }
-    EXPECT_EQ(w.state.randomPatternSize, 2);
+    EXPECT_EQ(w.state.randomPatterns.randomPatternSize, 2);
   }
   EXPECT_GT(ofOne, 5);
   EXPECT_LT(ofOne, 35);
@@ -149,12 +149,12 @@ TEST(RandomPatternsForA3dMaze, HaveOneMoreThanTheMenuSays) {
     int size = 0;
     w.desktop = BareDesktop(Size{w.canvas.scaleWidth(), w.canvas.scaleHeight()});
     w.desktop.until([&](const Program& p) {
-      size = p.state.randomPatternSize;
+      size = p.state.randomPatterns.randomPatternSize;
       return false;
     });
     editrandompat(w.program);
     EXPECT_EQ(size, 6);
-    EXPECT_EQ(w.state.randomPatternSize, 5);
+    EXPECT_EQ(w.state.randomPatterns.randomPatternSize, 5);
   }
 }
 
@@ -174,8 +174,8 @@ TEST(ForEveryMaze, OneRunForTheModeAndOneForEachFlagThenAllDirectionsAlike) {
   EXPECT_TRUE(makeRandomPatterns(w.program));
   EXPECT_EQ(w.program.steps.steps(MazeKind::regular, step::left), Steps{1}) << "nobody asked";
 
-  w.state.randomPatternMode = 5;
-  w.state.randomFlagUp = true;
+  w.state.randomPatterns.randomPatternMode = 5;
+  w.state.randomPatterns.randomFlagUp = true;
   Random replayed = w.program.random;
   EXPECT_TRUE(makeRandomPatterns(w.program));
   const Steps both = w.program.steps.steps(MazeKind::regular, step::left);
@@ -189,9 +189,9 @@ TEST(ForEveryMaze, OneRunForTheModeAndOneForEachFlagThenAllDirectionsAlike) {
   editrandompat(w.program);
   EXPECT_EQ(w.program.steps.steps(MazeKind::regular, step::left), both) << "the second run rewrote the first";
 
-  w.state.randomPatternMode = 0;
-  w.state.randomFlagUp = false;
-  w.state.randomFlagLeft = true;
+  w.state.randomPatterns.randomPatternMode = 0;
+  w.state.randomPatterns.randomFlagUp = false;
+  w.state.randomPatterns.randomFlagLeft = true;
   replayed = w.program.random;
   EXPECT_TRUE(makeRandomPatterns(w.program));
   EXPECT_EQ(drawsBetween(replayed, w.program.random), 0) << "the left run belongs to the mode alone";
@@ -213,10 +213,10 @@ TEST(WhileAMazeIsPrepared, KeysAndCommandsDoNothingButAQuitEndsItCleanly) {
     if (pump == 6) p.state.phase = Phase::quitToTitle;
     return false;
   });
-  w.state.randomPatternMode = 5;
+  w.state.randomPatterns.randomPatternMode = 5;
   EXPECT_FALSE(makeRandomPatterns(w.program));
   EXPECT_EQ(w.state.phase, Phase::quitToTitle);
-  EXPECT_EQ(w.state.randomPatternSize, 50);
+  EXPECT_EQ(w.state.randomPatterns.randomPatternSize, 50);
   EXPECT_FALSE(w.state.editor.randomRunning || w.state.editor.preparing);
   EXPECT_EQ(w.state.editor.openDirection, 0);
   EXPECT_EQ(w.state.editedPattern, 0);
@@ -229,14 +229,14 @@ TEST(ARandomRunInTheEditor, EndsProperlyWhateverElseIsChosen) {
     w.begin(drawing(kRows));
     w.desktop.menu(Item::editpatterns);
     w.desktop.untilPhase(Phase::patternEditing);
-    w.desktop.look([](Program& p) { p.state.randomPatternSize = 90; });
+    w.desktop.look([](Program& p) { p.state.randomPatterns.randomPatternSize = 90; });
     w.desktop.menu(Item::crpattern);
     w.desktop.pumpsPass(5);
     w.desktop.look([](Program& p) { EXPECT_TRUE(p.state.editor.randomRunning); });
     w.desktop.menu(other);
     w.desktop.look([other](Program& p) {
       EXPECT_EQ(p.state.editor.randomRunning, other == Item::crpattern);
-      EXPECT_TRUE(other == Item::quit2 || p.state.randomPatternSize == 90);
+      EXPECT_TRUE(other == Item::quit2 || p.state.randomPatterns.randomPatternSize == 90);
     });
     EXPECT_EQ(w.run(), "");
   }
@@ -249,7 +249,7 @@ TEST(TheModeOfRandomPatterns, TakesTheWalkerBackToPatternsUnlessRandomStepsAreTe
     w.state.patternDirection = 3;
     w.state.randomStepsTemporary = temporary;
     crnd1(w.program);
-    EXPECT_EQ(w.state.randomPatternMode, 5);
+    EXPECT_EQ(w.state.randomPatterns.randomPatternMode, 5);
     EXPECT_TRUE(w.program.menus.checked(Item::crnd1));
     EXPECT_FALSE(w.program.menus.checked(Item::usepattern));
     EXPECT_EQ(w.state.patternState, temporary ? PatternState::random : PatternState::choose);
@@ -269,7 +269,7 @@ TEST(ASizeTyped, IsHeldBetweenTwoAndNinetyNine) {
     w.desktop.pumpsPass(1);
     EXPECT_EQ(w.run(), "");
     const std::string quoted = "\"" + std::to_string(size) + "\"";
-    EXPECT_EQ(w.state.randomPatternSize, size) << text;
+    EXPECT_EQ(w.state.randomPatterns.randomPatternSize, size) << text;
     EXPECT_EQ(w.program.menus.caption(Item::maxrnd), "Random patterns are allways size " + quoted);
     EXPECT_EQ(w.program.menus.caption(Item::usernd), "Random patterns are any size from \"1\" to " + quoted);
   }
@@ -284,8 +284,8 @@ TEST(PatternsForAMaze, AreMadeByTheCreateItemsAndChangeNoMenu) {
     w.desktop.untilPhase(Phase::placing);
     w.desktop.look([mode](Program& p) {
       p.steps.resetAll();
-      p.state.randomPatternMode = mode ? 5 : 0;
-      p.state.randomFlagLeft = !mode;
+      p.state.randomPatterns.randomPatternMode = mode ? 5 : 0;
+      p.state.randomPatterns.randomFlagLeft = !mode;
       p.steps.write(MazeKind::threeD, step::left, {step::left, step::up});
     });
     std::uint64_t revision = 0;

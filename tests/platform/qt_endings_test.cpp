@@ -94,7 +94,7 @@ class Person {
       case Where::making:
         return program_.state.phase == Phase::making;
       case Where::printing:
-        return program_.state.printedCount > 0;
+        return program_.state.print.printedCount > 0;
     }
     return false;
   }
@@ -113,7 +113,7 @@ class Person {
   /// A job of many pages is asked for; the first maze is not begun.
   [[nodiscard]] bool isJobBegun() const {
     return program_.state.creationMode == CreationMode::computer &&
-           program_.state.printMode != PrintMode::none;
+           program_.state.print.printMode != PrintMode::none;
   }
   void beginJob() {
     if (program_.state.creationMode != CreationMode::computer) {

@@ -27,13 +27,13 @@ struct Job : World {
     desktop.pumpsPass(1);
   }
   void untilNoJob() {
-    desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
+    desktop.until([](const Program& p) { return p.state.print.printMode == PrintMode::none; });
   }
   void expectNoJob(std::size_t pages) {
     desktop.look([this, pages](Program& p) {
       EXPECT_EQ(desktop.pages.size(), pages);
-      EXPECT_EQ(p.state.printTotal, 0);
-      EXPECT_EQ(p.state.printedCount, 0);
+      EXPECT_EQ(p.state.print.printTotal, 0);
+      EXPECT_EQ(p.state.print.printedCount, 0);
       EXPECT_FALSE(p.menus.visible(Item::printing));
       EXPECT_FALSE(p.menus.checked(Item::printwithsolutions) || p.menus.checked(Item::printnosolutions));
     });
@@ -88,7 +88,7 @@ TEST(AJob, WithSearchedFinishesOfEveryOtherChoiceRunsInThe3dKinds) {
       w.desktop.enter(ControlId::Text3, "2");
       w.desktop.pumpsPass(1);
       w.desktop.menu(Item::newmaze);
-      w.desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
+      w.desktop.until([](const Program& p) { return p.state.print.printMode == PrintMode::none; });
       EXPECT_EQ(w.run(), "");
       EXPECT_EQ(w.desktop.pages.size(), 4U);
     }
@@ -107,10 +107,10 @@ TEST(TheItemPrinting, CountsTheMazesThatAreLeft) {
   });
   w.desktop.menu(Item::newmaze);
   w.desktop.until(
-      [](const Program& p) { return p.state.printedCount == 1 && p.state.phase == Phase::making; });
+      [](const Program& p) { return p.state.print.printedCount == 1 && p.state.phase == Phase::making; });
   w.desktop.pumpsPass(3);
   w.desktop.look([](Program& p) {
-    if (p.state.printedCount != 1) return;
+    if (p.state.print.printedCount != 1) return;
     EXPECT_EQ(p.menus.caption(Item::printing), "2 mazes left to print out of 3");
   });
   w.untilNoJob();
@@ -122,7 +122,7 @@ TEST(ACountOfNothing, StartsNoJob) {
     Job w(Item::printwithsolutions, text);
     w.expectNoJob(0);
     w.desktop.look([](Program& p) {
-      EXPECT_EQ(p.state.printMode, PrintMode::none);
+      EXPECT_EQ(p.state.print.printMode, PrintMode::none);
       EXPECT_FALSE(p.state.panelOpen || p.state.paused);
       EXPECT_TRUE(p.menus.available(Item::printnosolutions));
     });
@@ -134,7 +134,7 @@ TEST(ACountTyped, IsReadAsAWholeNumberUpTo9999) {
   for (const auto& [text, count] :
        std::vector<std::pair<std::string, int>>{{" 12 mazes", 12}, {"2.9", 2}, {"1000000", 9999}}) {
     Job w(Item::printnosolutions, text);
-    w.desktop.look([count](Program& p) { EXPECT_EQ(p.state.printTotal, count); });
+    w.desktop.look([count](Program& p) { EXPECT_EQ(p.state.print.printTotal, count); });
     EXPECT_EQ(w.run(), "");
   }
 }
@@ -152,7 +152,7 @@ TEST(EscapeInThePanel, GivesAutoRedrawAndThePendingKindBack) {
     printEscaped(w.program);
     EXPECT_EQ(w.canvas.autoRedraw(), redraw);
     EXPECT_EQ(w.state.print.printKindPending, PrintMode::withoutAnswers);
-    EXPECT_EQ(w.state.printMode, PrintMode::none);
+    EXPECT_EQ(w.state.print.printMode, PrintMode::none);
   }
 }
 
@@ -165,7 +165,7 @@ TEST(AJobAskedForWhilePlacing, BeginsAtTheNextPass) {
   w.desktop.pumpsPass(2);
   w.desktop.menu(Item::printnosolutions);
   w.desktop.enter(ControlId::Text3, "1");
-  w.desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
+  w.desktop.until([](const Program& p) { return p.state.print.printMode == PrintMode::none; });
   EXPECT_EQ(w.run(), "");
   EXPECT_EQ(w.desktop.pages.size(), 1U) << "the maze that lies there";
 }
@@ -194,7 +194,7 @@ TEST(MazesWithoutAWay, AreRunPastWithoutABoxAndCountedAtTheEnd) {
     w.desktop.menu(Item::printwithsolutions);
     w.desktop.enter(ControlId::Text3, std::to_string(mazes));
     w.desktop.menu(Item::newmaze);
-    w.desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
+    w.desktop.until([](const Program& p) { return p.state.print.printMode == PrintMode::none; });
     w.desktop.look([&](Program& p) {
       EXPECT_EQ(w.desktop.pages.size(), static_cast<std::size_t>(mazes)) << "the blank ones";
       EXPECT_EQ(w.desktop.documents, 1);
@@ -219,8 +219,8 @@ TEST(AJobInWhichEveryMazeHasAnAnswer, TellsNothingOfThem) {
 
 TEST(AnAnswerLeftOut, IsOneOfTheJobsMazes) {
   World w(drawing({"*****", ".....", "*****"}));
-  w.state.printMode = PrintMode::withAnswers;
-  w.state.printTotal = 3;
+  w.state.print.printMode = PrintMode::withAnswers;
+  w.state.print.printTotal = 3;
   w.state.start = squareOf(1, 1);
   w.state.finish = squareOf(1, 3);
   for (int maze = 1; maze <= 3; ++maze) {
@@ -228,7 +228,7 @@ TEST(AnAnswerLeftOut, IsOneOfTheJobsMazes) {
     EXPECT_EQ(w.state.phase, Phase::solving);
     EXPECT_TRUE(maze == 2 ? leaveAnswerOut(w.program) : printSolvedMaze(w.program));
     EXPECT_EQ(w.state.phase, Phase::making);
-    EXPECT_EQ(w.state.printedCount, maze);
+    EXPECT_EQ(w.state.print.printedCount, maze);
   }
   EXPECT_EQ(w.desktop.pages.size(), 5U);
   endJobWhenDone(w.program);
@@ -239,14 +239,14 @@ TEST(AnAnswerLeftOut, IsOneOfTheJobsMazes) {
 TEST(AnAnswer, IsDueOnlyOfAMazeThatTheJobHasPrintedAndOnlyWhereAnswersAreAskedFor) {
   for (const PrintMode mode : {PrintMode::none, PrintMode::withoutAnswers, PrintMode::withAnswers}) {
     World w(kRoom);
-    w.state.printMode = mode;
-    w.state.printTotal = 2;
+    w.state.print.printMode = mode;
+    w.state.print.printTotal = 2;
     w.state.print.printedNow = mode == PrintMode::withoutAnswers;
     w.state.phase = Phase::solving;
     EXPECT_FALSE(printSolvedMaze(w.program));
     EXPECT_FALSE(leaveAnswerOut(w.program));
     EXPECT_EQ(w.state.phase, Phase::solving);
-    EXPECT_EQ(w.state.printedCount, 0);
+    EXPECT_EQ(w.state.print.printedCount, 0);
     EXPECT_EQ(w.state.print.withoutAnswer, 0);
     EXPECT_TRUE(w.desktop.pages.empty());
   }
@@ -264,7 +264,7 @@ TEST(AJobAskedForWhileAWalkHasNoWay, TakesTheMazeInHandForItsFirst) {
   w.desktop.untilPhase(Phase::solving);
   w.desktop.menu(Item::printwithsolutions);
   w.desktop.enter(ControlId::Text3, "2");
-  w.desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
+  w.desktop.until([](const Program& p) { return p.state.print.printMode == PrintMode::none; });
   EXPECT_EQ(w.run(), "");
   EXPECT_EQ(w.desktop.pages.size(), 2U);
   EXPECT_TRUE(w.desktop.messages.empty());
@@ -316,12 +316,12 @@ TEST(APageThatCannotBeKept, EndsItsJobAndTheMazeInHandRunsOnAsAnOrdinaryOne) {
 
 TEST(TheCount, NeverGrowsPastTheTotal) {
   World w(kRoom);
-  w.state.printMode = PrintMode::withoutAnswers;
-  w.state.printTotal = w.state.printedCount = 2;
+  w.state.print.printMode = PrintMode::withoutAnswers;
+  w.state.print.printTotal = w.state.print.printedCount = 2;
   EXPECT_TRUE(printPlacedMaze(w.program));
-  EXPECT_EQ(w.state.printedCount, 2);
+  EXPECT_EQ(w.state.print.printedCount, 2);
   endJobWhenDone(w.program);
-  EXPECT_EQ(w.state.printMode, PrintMode::none);
+  EXPECT_EQ(w.state.print.printMode, PrintMode::none);
   EXPECT_EQ(w.desktop.documents, 1);
 }
 

@@ -29,7 +29,7 @@ struct Job : World {
   void noteUntilNoJob() {
     desktop.until([this](const Program& p) {
       if (heard.empty() || heard.back() != p.notices.words()) heard.push_back(p.notices.words());
-      return p.state.printMode == PrintMode::none;
+      return p.state.print.printMode == PrintMode::none;
     });
   }
   std::vector<std::string> heard;
@@ -84,7 +84,7 @@ TEST(ARunThatIsStopped, SaysHowFarItCame) {
   Job w;
   w.set(Item::printnosolutions, "40");
   w.desktop.menu(Item::newmaze);
-  w.desktop.until([](const Program& p) { return p.state.printedCount == 2; });
+  w.desktop.until([](const Program& p) { return p.state.print.printedCount == 2; });
   w.desktop.menu(Item::stopallprintings);
   w.expectNotice("2 of 40 mazes are printed");
   EXPECT_EQ(w.run(), "");

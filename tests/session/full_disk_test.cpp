@@ -33,7 +33,7 @@ struct Session : DiskSession {
     desktop.enter(ControlId::Text3, "2");
     desktop.pumpsPass(1);
     desktop.menu(Item::newmaze);
-    desktop.until([](const Program& p) { return p.state.printMode == PrintMode::none; });
+    desktop.until([](const Program& p) { return p.state.print.printMode == PrintMode::none; });
   }
 };
 

@@ -35,7 +35,7 @@ TEST(AKeyUnderAPanel, IsLost) {
 
 TEST(WhileABookIsPrinted, OnlyJAndTheArrowsOfAMazeGoOn) {
   World w(drawing({"...", "..."}));
-  w.state.bookMode = 1;
+  w.state.session.bookMode = 1;
   w.state.phase = Phase::drawing;
   dispatchKey(w.program, key::slash);
   EXPECT_FALSE(w.state.drawingOff);

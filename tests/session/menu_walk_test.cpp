@@ -73,7 +73,7 @@ bool wanted(const Program& p, const Row& row) {
   if (s.editedPattern != 0 && !row.inEditor) return false;
   if (s.paused && (!row.underTextPanel || colourPanel(p))) return false;
   const bool prints = row.item == Item::printwithsolutions || row.item == Item::printnosolutions;
-  return !prints || s.printTotal == 0;
+  return !prints || s.print.printTotal == 0;
 }
 
 /// The first item on which model and table differ, or nothing.
@@ -92,7 +92,7 @@ std::string disagreement(const Program& p) {
   }
   const bool refresh = phase >= 0 && p.state.nrefreshDue && !p.state.paused && p.state.editedPattern == 0;
   if (std::string fault = differs(Item::nrefresh, refresh); !fault.empty()) return fault;
-  return differs(Item::stopallprintings, p.state.printMode != PrintMode::none);
+  return differs(Item::stopallprintings, p.state.print.printMode != PrintMode::none);
 }
 
 TEST(EveryCommand, IsOnExactlyWhereItsRowSaysSo) {
@@ -101,8 +101,8 @@ TEST(EveryCommand, IsOnExactlyWhereItsRowSaysSo) {
     for (int bits = 0; bits < 16; ++bits) {
       w.state.phase = static_cast<Phase>(phase);
       w.state.editedPattern = (bits & 1) != 0 || phase == -1 ? 1 : 0;
-      w.state.printTotal = (bits & 2) != 0 ? 3 : 0;
-      w.state.printMode = (bits & 2) != 0 ? PrintMode::withAnswers : PrintMode::none;
+      w.state.print.printTotal = (bits & 2) != 0 ? 3 : 0;
+      w.state.print.printMode = (bits & 2) != 0 ? PrintMode::withAnswers : PrintMode::none;
       w.state.nrefreshDue = (bits & 4) != 0;
       if ((bits & 8) != 0) openPanel(w.program, kWallSizePanel, "10");
       applyEnableTableIfChanged(w.program);
@@ -167,11 +167,11 @@ TEST(TheRandomSizePanel, TakesTwoToNinetyNineAndSaysSoInBothCaptions) {
     w.desktop.click(ControlId::Command2);
     w.desktop.menu(Item::srndpatterns);
     w.desktop.look([](Program& p) {
-      EXPECT_EQ(p.controls[ControlId::Text7].text, std::to_string(p.state.randomPatternSize));
+      EXPECT_EQ(p.controls[ControlId::Text7].text, std::to_string(p.state.randomPatterns.randomPatternSize));
     });
     w.desktop.enter(ControlId::Text7, text);
     EXPECT_EQ(w.run(), "");
-    EXPECT_EQ(std::to_string(w.state.randomPatternSize), size);
+    EXPECT_EQ(std::to_string(w.state.randomPatterns.randomPatternSize), size);
     const std::string quoted = "\"" + std::string(size) + "\"";
     EXPECT_EQ(w.program.menus.caption(Item::maxrnd), "Random patterns are allways size " + quoted);
     EXPECT_EQ(w.program.menus.caption(Item::usernd), "Random patterns are any size from \"1\" to " + quoted);

@@ -41,7 +41,7 @@ struct Show : World {
   }
   void expectSlide(int number) {
     desktop.look([number](Program& p) {
-      EXPECT_EQ(p.state.slideIndex, number);
+      EXPECT_EQ(p.state.session.slideIndex, number);
       EXPECT_TRUE(samePicture(p.canvas.image(), slide(number)));
       EXPECT_FALSE(p.controls[ControlId::Command2].visible || p.controls[ControlId::Command3].visible ||
                    p.controls[ControlId::Command7].visible);
@@ -237,7 +237,7 @@ TEST(WithoutAnySlide, TheTitleStaysWithoutButtonsUntilTheLeftButtonIsPressed) {
   w.desktop.click(ControlId::Command3);
   for (int i = 0; i < 3; ++i) w.tick(ControlId::Timer1);
   w.desktop.look([](Program& p) {
-    EXPECT_EQ(p.state.slideIndex, 1) << "an interval of 0 never fires";
+    EXPECT_EQ(p.state.session.slideIndex, 1) << "an interval of 0 never fires";
     EXPECT_EQ(p.controls[ControlId::Timer1].interval, 0);
     EXPECT_FALSE(p.controls[ControlId::Command2].visible);
     EXPECT_TRUE(samePicture(p.canvas.image(), p.pictures.load("title.bmp")));
@@ -288,7 +288,7 @@ TEST(ClickToBegin, LeavesTheTitleWithBothTimersOff) {
   w.desktop.look([](Program& p) {
     EXPECT_EQ(p.state.phase, Phase::drawing);
     EXPECT_EQ(p.state.editedPattern, 0);
-    EXPECT_EQ(p.state.bookMode, 0);
+    EXPECT_EQ(p.state.session.bookMode, 0);
     EXPECT_FALSE(p.state.panelOpen);
     for (const ControlId id : {ControlId::Command2, ControlId::Command3, ControlId::Command7})
       EXPECT_FALSE(p.controls[id].visible);
@@ -330,16 +330,16 @@ TEST(TheHiddenBookButtons, PrepareTheirBooks) {
     EXPECT_EQ(w.canvas.backColor(), 8421504);
     EXPECT_EQ(w.state.wallWidth, 30);
     EXPECT_EQ(w.state.wallHeight, 30);
-    EXPECT_EQ(w.state.printTotal, 30);
-    EXPECT_EQ(w.state.printedCount, 0);
-    EXPECT_EQ(w.state.printMode, PrintMode::withAnswers);
+    EXPECT_EQ(w.state.print.printTotal, 30);
+    EXPECT_EQ(w.state.print.printedCount, 0);
+    EXPECT_EQ(w.state.print.printMode, PrintMode::withAnswers);
     EXPECT_EQ(w.state.pathSize, 2);
     EXPECT_TRUE(w.state.autoMinimize);
-    EXPECT_EQ(w.state.autoMinimizeStyle, 2);
+    EXPECT_EQ(w.state.session.autoMinimizeStyle, 2);
     EXPECT_TRUE(w.program.menus.checked(Item::aon));
     EXPECT_EQ(w.state.mazeKind, book.kind);
     EXPECT_EQ(w.state.difficultyLevel, book.difficulty);
-    EXPECT_EQ(w.state.bookMode, 0);
+    EXPECT_EQ(w.state.session.bookMode, 0);
     EXPECT_EQ(w.state.phase, Phase::drawing);
   }
 }
@@ -349,7 +349,7 @@ TEST(AHiddenBookButton, CannotBePressed) {
   for (const ControlId id : {ControlId::Command4, ControlId::Command5, ControlId::Command6})
     w.desktop.click(id);
   w.expectTitle();
-  w.desktop.look([](Program& p) { EXPECT_EQ(p.state.printTotal, 0); });
+  w.desktop.look([](Program& p) { EXPECT_EQ(p.state.print.printTotal, 0); });
   EXPECT_EQ(w.run(), "");
 }
 

@@ -152,7 +152,7 @@ TEST(ADrawing, IsTightForPipesWhenFewerThanThreeCellsAreFreeAtTheirPitch) {
     w.program.menus.setVisible(Item::create3dpipe, true);
     w.state.phase = Phase::making;
     EXPECT_EQ(runStage(w.program, Stage::checks), Stage::making);
-    EXPECT_EQ(w.state.tightForPipes, tight);
+    EXPECT_EQ(w.state.session.tightForPipes, tight);
   }
 }
 
@@ -240,8 +240,8 @@ TEST(AQuitToTheTitle, StartsFromNothingWhicheverPhaseItComesIn) {
       p.state.playMode = PlayMode::hard;
       p.state.drawingOff = true;
       p.state.symmetryMode = Symmetry::fourWay;
-      p.state.randomPatternSize = 77;
-      p.state.randomSizeVaries = true;
+      p.state.randomPatterns.randomPatternSize = 77;
+      p.state.randomPatterns.randomSizeVaries = true;
       p.state.autoMinimize = true;
       p.state.trailOff = true;
       p.state.finishMethod = FinishMethod::largest;
@@ -253,8 +253,8 @@ TEST(AQuitToTheTitle, StartsFromNothingWhicheverPhaseItComesIn) {
       EXPECT_EQ(p.controls.caption(), "Gridwright-by Orrin Vale");
       EXPECT_TRUE(p.controls[ControlId::Command2].visible);
       EXPECT_FALSE(p.menus.available(Item::newmaze));
-      EXPECT_EQ(p.state.randomPatternSize, 5);
-      EXPECT_FALSE(p.state.randomSizeVaries);
+      EXPECT_EQ(p.state.randomPatterns.randomPatternSize, 5);
+      EXPECT_FALSE(p.state.randomPatterns.randomSizeVaries);
       EXPECT_FALSE(p.state.stopAtFinish);
       EXPECT_FALSE(p.state.autoMinimize);
       EXPECT_FALSE(p.state.drawingOff);
@@ -386,16 +386,16 @@ TEST(ADrawingSentBackByTheChecks, IsMeasuredInTheWindowItIsIn) {
 TEST(APrintJobLeftOver, IsGoneWhenTheTitleIsLeft) {
   World w;
   w.desktop.act([](Program& p) {
-    p.state.printMode = PrintMode::withAnswers;
-    p.state.printTotal = 5;
-    p.state.printedCount = 2;
+    p.state.print.printMode = PrintMode::withAnswers;
+    p.state.print.printTotal = 5;
+    p.state.print.printedCount = 2;
     input::buttonClick(p, ControlId::Command2);
   });
   w.desktop.untilPhase(Phase::drawing);
   w.desktop.pumpsPass(2);
   EXPECT_EQ(w.run(), "");
-  EXPECT_EQ(w.state.printMode, PrintMode::none);
-  EXPECT_EQ(w.state.printTotal + w.state.printedCount, 0);
+  EXPECT_EQ(w.state.print.printMode, PrintMode::none);
+  EXPECT_EQ(w.state.print.printTotal + w.state.print.printedCount, 0);
 }
 
 TEST(TheBrush, ComesBackFromTheMazeWhereItWasInItsColour) {

@@ -144,7 +144,7 @@ TEST(ACountOfNoMazes, IsToldToStartNoRun) {
       w.desktop.enter(ControlId::Text3, count);
       w.expect("Nothing to print: no number above 0 was typed");
       EXPECT_EQ(w.run(), "");
-      EXPECT_EQ(w.state.printTotal, 0);
+      EXPECT_EQ(w.state.print.printTotal, 0);
     }
   }
 }
