@@ -1,10 +1,8 @@
 // The numbers that step files hold, and arrow keys stand for.
 #pragma once
 
-namespace gridwright {
-
 /// Step codes of patterns and keys: directions are always tried and named in this order.
-namespace step {
+namespace gridwright::step {
 inline constexpr int none = 0;
 inline constexpr int left = 1;
 inline constexpr int right = 2;
@@ -16,6 +14,4 @@ inline constexpr int closing = 88;    ///< Closing value after the end mark.
 
 /// Whether a number of a file is a step at all.
 constexpr bool isCode(int number) { return number >= left && number <= walkBack; }
-}  // namespace step
-
-}  // namespace gridwright
+}  // namespace gridwright::step

@@ -14,8 +14,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kMostWaiting = 16 * 1024;
-constexpr int kTries = 100;  // at a name that is not taken; the first nearly always is none
+constexpr std::size_t kMostWaiting = 16384;  // bytes
+constexpr int kTries = 100;                  // at a name that is not taken; the first nearly always is none
 
 /// Between its making and its hold another may have taken it for a left-over.
 bool hasName(const OpenFile& file) {
