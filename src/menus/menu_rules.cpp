@@ -142,8 +142,8 @@ void markSettings(Program& program) {
 
 void captionRandomSizes(Program& program) {
   const std::string size = std::to_string(program.state.randomPatterns.randomPatternSize);
-  program.menus.setCaption(Item::maxrnd, "Random patterns are allways size \"" + size + "\"");
-  program.menus.setCaption(Item::usernd, "Random patterns are any size from \"1\" to \"" + size + "\"");
+  program.menus.setCaption(Item::maxrnd, R"(Random patterns are allways size ")" + size + '"');
+  program.menus.setCaption(Item::usernd, R"(Random patterns are any size from "1" to ")" + size + '"');
 }
 
 void captionDrawing(Program& program) {
