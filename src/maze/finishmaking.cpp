@@ -27,6 +27,7 @@ bool stopsFillCursor(const Program& program, int x, int y) {
 void finishmaking(Program& program) {
   ProgramState& s = program.state;
   if (!stopsFillCursor(program, s.scanX, s.scanY)) return;
+  s.walker.rescueMemory.freeGround = {s.scanX, s.scanY};
   resetfillcursor(s);
   s.walker.freeCellMetSinceStep = true;
 }

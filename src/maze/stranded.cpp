@@ -1,14 +1,16 @@
 #include "maze/stranded.h"
 
-#include <array>
-#include <cstddef>
+#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "colours/mixcolors.h"
 #include "maze/entry_tests.h"
 #include "maze/finishmaking.h"
+#include "maze/reach.h"
+#include "maze/sweep_memory.h"
 #include "maze/walk_paint.h"
 #include "state/grid.h"
 
@@ -16,37 +18,33 @@ namespace gridwright {
 
 namespace {
 
-struct Point {
-  int x, y;
-};
-
-std::array<Point, 4> oneStepEachWay(int stepX, int stepY) {
-  return {{{-stepX, 0}, {stepX, 0}, {0, -stepY}, {0, stepY}}};
-}
-
-/// The first free cell in row order, given by its square's corner, that passes. The cells of the grid
-/// come first; the band along the top and left, which the fill cursor visits too, comes after them.
+/// The first free cell of the span in row order that passes. The cells of the grid come first; the band
+/// along the top and left, which the fill cursor visits too, comes after them.
 template <class Test>
-std::optional<Point> firstFree(const Program& program, Test test) {
-  const ProgramState& s = program.state;
-  const int gridX = s.wallWidth + 1;
-  const int gridY = s.wallHeight + 1;
+std::optional<CellPlace> firstFree(const Program& program, const CellSpan& span, Test test) {
+  const CursorWay way(program.state);
   for (const bool band : {false, true}) {
-    for (int y = band ? gridY - s.stepY : gridY; y <= s.canvasHeight; y += s.stepY) {
-      for (int x = band ? gridX - s.stepX : gridX; x <= s.canvasWidth; x += s.stepX) {
-        if (band && x >= gridX && y >= gridY) continue;
-        if (isFreeForMaze(program, x, y) && test(Point{x, y})) return Point{x, y};
+    for (int row = std::max(span.fromRow, band ? 0 : 1); row < span.toRow; ++row) {
+      const int end = band && row > 0 ? std::min(span.toColumn, 1) : span.toColumn;
+      for (int column = std::max(span.fromColumn, band ? 0 : 1); column < end; ++column) {
+        const CellCorner corner = way.corner(CellPlace{column, row});
+        if (program.pixels().free(corner.left, corner.top) && test(CellPlace{column, row}) &&
+            isFreeForMaze(program, corner.left, corner.top)) {
+          return CellPlace{column, row};
+        }
       }
     }
   }
   return std::nullopt;
 }
 
-bool isFinish(const ProgramState& s, Point corner) {
-  return corner.x == s.finish.left && corner.y == s.finish.top;
+bool isFinish(const ProgramState& s, CellCorner corner) {
+  return corner == CellCorner{s.finish.left, s.finish.top};
 }
 
-Square squareAt(const ProgramState& s, Point corner) { return normalised(s, {corner.x, corner.y, 0, 0}); }
+Square squareAt(const ProgramState& s, CellCorner corner) {
+  return normalised(s, {corner.left, corner.top, 0, 0});
+}
 
 void startCarving(ProgramState& s) {
   if (s.patternState == PatternState::random && s.randomStepsTemporary) releaseRandomSteps(s);
@@ -54,36 +52,36 @@ void startCarving(ProgramState& s) {
   resetfillcursor(s);
 }
 
-/// In pipes the cell between two neighbours must be wholly free too.
-bool canBeJoined(const Program& program, Point cell, Point towards) {
-  return program.state.mazeKind != MazeKind::pipe ||
-         isFreeForMaze(program, cell.x + towards.x / 2, cell.y + towards.y / 2);
-}
-
 /// Beside a free cell there is carved ground: the walk back goes on from there. In a 3-d maze it is
 /// the neighbour from which the cell can be entered.
 bool walkOnBesideFreeCell(Program& program, const std::optional<CellCorner>& holdAt) {
   ProgramState& s = program.state;
-  Point carved{};
-  const auto hasCarvedNeighbour = [&](Point cell) {
+  const CursorWay way(s);
+  CellSpan& span = s.walker.rescueMemory.besideCarved;
+  CellCorner carved{};
+  const auto hasCarvedNeighbour = [&](CellPlace cell) {
+    const CellCorner corner = way.corner(cell);
     if (s.mazeKind == MazeKind::threeD) {
-      const auto entry = firstEntry(program, cell.x, cell.y);
+      const auto entry = firstEntry(program, corner.left, corner.top);
       if (entry) carved = {entry->x, entry->y};
       return entry.has_value();
     }
-    for (const Point& d : oneStepEachWay(s.stepX, s.stepY)) {
-      carved = {cell.x + d.x, cell.y + d.y};
-      if (program.pixels().maze(carved.x, carved.y) && !isFinish(s, carved) &&
-          canBeJoined(program, cell, d)) {
+    for (const CellPlace beside : neighbours(cell)) {
+      carved = way.corner(beside);
+      if (program.pixels().maze(carved.left, carved.top) && !isFinish(s, carved) &&
+          canBeJoined(program, corner, carved)) {
         return true;
       }
     }
     return false;
   };
-  const auto cell = firstFree(program, hasCarvedNeighbour);
-  if (!cell) return false;
+  const auto cell = firstFree(program, span, hasCarvedNeighbour);
+  if (!cell) {
+    span = {};
+    return false;
+  }
   s.cur = s.prev = squareAt(s, carved);
-  const CellCorner helped{cell->x, cell->y};
+  const CellCorner helped = way.corner(*cell);
   s.walker.help = RescueHelp{helped, s.cur, false, holdAt == helped};
   s.walkMode = WalkMode::back;
   return true;
@@ -93,120 +91,88 @@ bool walkOnBesideFreeCell(Program& program, const std::optional<CellCorner>& hol
 bool leaveFinish(Program& program) {
   ProgramState& s = program.state;
   if (s.mazeKind == MazeKind::threeD) return false;
-  Point towards{};
-  const auto besideFinish = [&](Point cell) {
-    for (const Point& d : oneStepEachWay(s.stepX, s.stepY)) {
-      towards = {-d.x, -d.y};
-      const Point carved{cell.x + d.x, cell.y + d.y};
-      if (isFinish(s, carved) && program.pixels().maze(carved.x, carved.y) && canBeJoined(program, cell, d)) {
-        return true;
-      }
+  const CursorWay way(s);
+  const CellCorner finish{s.finish.left, s.finish.top};
+  if (!program.pixels().maze(finish.left, finish.top)) return false;
+  const auto besideFinish = [&](CellPlace cell) {
+    for (const CellPlace beside : neighbours(cell)) {
+      if (way.corner(beside) == finish && canBeJoined(program, way.corner(cell), finish)) return true;
     }
     return false;
   };
-  const auto cell = firstFree(program, besideFinish);
+  const auto cell = firstFree(program, way.around(finish), besideFinish);
   if (!cell) return false;
+  const CellCorner corner = way.corner(*cell);
   s.prev = normalised(s, s.finish);
-  s.cur = squareAt(s, *cell);
+  s.cur = squareAt(s, corner);
   const auto sign = [](int value) { return value > 0 ? 1 : value < 0 ? -1 : 0; };
-  s.deltaX = sign(towards.x) * s.wallWidth;
-  s.deltaY = sign(towards.y) * s.wallHeight;
+  s.deltaX = sign(corner.left - finish.left) * s.wallWidth;
+  s.deltaY = sign(corner.top - finish.top) * s.wallHeight;
   startCarving(s);
   return true;
 }
 
-/// A tree of its own begins in the first free cell that passes, the finish only if there is no other.
-template <class Test>
-bool beginNewTree(Program& program, Test test) {
+/// A tree of its own begins in the first free cell where one may: anywhere, but in the 3-d kind only on an
+/// island, since what else is left there lies beside corridors that it cannot be entered from. The finish is
+/// taken only if there is no other. What was carved stays carved: the search goes on where the last one
+/// ended.
+bool beginNewTree(Program& program) {
   ProgramState& s = program.state;
-  auto cell = firstFree(program, [&](Point corner) { return !isFinish(s, corner) && test(corner); });
-  if (!cell) cell = firstFree(program, test);
+  const CursorWay way(s);
+  int& fromRow = s.walker.rescueMemory.treesFromRow;
+  Islands islands(program);
+  const auto mayBegin = [&](CellPlace cell) { return s.mazeKind != MazeKind::threeD || islands.hold(cell); };
+  const CellSpan rest{0, way.columns(), fromRow, way.rows()};
+  auto cell = firstFree(program, rest,
+                        [&](CellPlace place) { return !isFinish(s, way.corner(place)) && mayBegin(place); });
+  fromRow = cell ? cell->row : way.rows();
+  if (!cell) {
+    cell = firstFree(program, way.around({s.finish.left, s.finish.top}),
+                     [&](CellPlace place) { return isFinish(s, way.corner(place)) && mayBegin(place); });
+  }
   if (!cell) return false;
-  s.cur = s.prev = squareAt(s, *cell);
+  s.cur = s.prev = squareAt(s, way.corner(*cell));
   mixcolors(program);
   boxSquare(program, s.cur);
   startCarving(s);
   return true;
 }
 
-/// Free cells from which no carved ground can be reached over free cells. Marks on a scratch copy of
-/// the grid, swept until nothing changes, tell them without a list.
-class Islands {
- public:
-  explicit Islands(const Program& program)
-      : s_(program.state),
-        originX_(s_.wallWidth + 1 - s_.stepX),
-        originY_(s_.wallHeight + 1 - s_.stepY),
-        columns_((s_.canvasWidth - originX_) / s_.stepX + 1),
-        rows_((s_.canvasHeight - originY_) / s_.stepY + 1),
-        marks_(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_), Mark::none) {
-    for (int row = 0; row < rows_; ++row) {
-      for (int column = 0; column < columns_; ++column) markCell(program, column, row);
-    }
-    while (sweep()) {
-    }
-  }
-
-  [[nodiscard]] bool holds(Point corner) const {
-    const int column = (corner.x - originX_) / s_.stepX;
-    const int row = (corner.y - originY_) / s_.stepY;
-    return mark(column, row) == Mark::free;
-  }
-
- private:
-  enum class Mark : unsigned char { none, free, reachesCarved };
-
-  [[nodiscard]] Mark mark(int column, int row) const {
-    if (column < 0 || row < 0 || column >= columns_ || row >= rows_) return Mark::none;
-    return marks_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
-                  static_cast<std::size_t>(column)];
-  }
-  Mark& markAt(int column, int row) {
-    return marks_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
-                  static_cast<std::size_t>(column)];
-  }
-
-  void markCell(const Program& program, int column, int row) {
-    const int x = originX_ + column * s_.stepX;
-    const int y = originY_ + row * s_.stepY;
-    if (!isFreeForMaze(program, x, y)) return;
-    Mark& own = markAt(column, row) = Mark::free;
-    for (const Point& d : oneStepEachWay(s_.stepX, s_.stepY)) {
-      if (program.pixels().carved(x + d.x, y + d.y)) own = Mark::reachesCarved;
-    }
-  }
-
-  bool sweep() {
-    bool changed = false;
-    for (int row = 0; row < rows_; ++row) {
-      for (int column = 0; column < columns_; ++column) {
-        if (mark(column, row) != Mark::free) continue;
-        for (const Point& d : oneStepEachWay(1, 1)) {
-          if (mark(column + d.x, row + d.y) != Mark::reachesCarved) continue;
-          markAt(column, row) = Mark::reachesCarved;
-          changed = true;
-          break;
-        }
-      }
-    }
-    return changed;
-  }
-
-  const ProgramState& s_;
-  int originX_, originY_, columns_, rows_;
-  std::vector<Mark> marks_;
-};
-
-/// Nothing was carved since the walker was put beside a cell. Where the finish has sent it away it is held
-/// there the next time. Else the cell looks as if it could be entered, and cannot: white paper does that,
-/// which is carved ground to every test while the mazes are white.
+/// Nothing was carved since the walker was put beside a cell. Where the finish has sent it away, or the look
+/// finds that it has lost its way before the long wait is over, it is held there the next time. Else the cell
+/// looks as if it could be entered, and cannot: white paper does that, which is carved ground to every test
+/// while the mazes are white.
 /// \returns the cell to be held at.
-std::optional<CellCorner> judgeLastHelp(WalkerState& walker) {
+std::optional<CellCorner> judgeLastHelp(WalkerState& walker, bool waitedLong) {
   const auto last = std::exchange(walker.help, std::nullopt);
   if (!last) return std::nullopt;
-  if (last->sentAway && !last->held) return last->cell;
+  if ((last->sentAway || !waitedLong) && !last->held) return last->cell;
   walker.givenUpCells.insert(last->cell);
   return std::nullopt;
+}
+
+/// \returns whether there was something to do.
+bool rescue(Program& program, bool waitedLong) {
+  ProgramState& s = program.state;
+  const auto holdAt = judgeLastHelp(s.walker, waitedLong);
+  bringSweepMemoryInLine(program);  // a cell may have been given up
+  if (!walkOnBesideFreeCell(program, holdAt) && !leaveFinish(program) && !beginNewTree(program)) return false;
+  s.walker.passesSinceCarved = 0;
+  return true;
+}
+
+/// How many passes in vain are a long wait: a hundred for each cell of the grid.
+std::int64_t longWait(const ProgramState& s) {
+  const int columns = (s.gridRight - s.wallWidth) / s.stepX + 1;
+  const int rows = (s.gridBottom - s.wallHeight) / s.stepY + 1;
+  return std::int64_t{100} * columns * rows;
+}
+
+/// The look comes after a hundred passes in vain, and each time as many have gone by again.
+constexpr std::int64_t kFirstLook = 100;
+
+bool isTimeToLook(std::int64_t passes) {
+  return passes % kFirstLook == 0 && std::has_single_bit(static_cast<std::uint64_t>(passes / kFirstLook));
 }
 
 }  // namespace
@@ -217,10 +183,12 @@ void forgetRescues(WalkerState& walker) {
   walker.givenUpCells.clear();
 }
 
-std::int64_t passesBeforeRescue(const ProgramState& s) {
-  const int columns = (s.gridRight - s.wallWidth) / s.stepX + 1;
-  const int rows = (s.gridBottom - s.wallHeight) / s.stepY + 1;
-  return std::int64_t{100} * columns * rows - s.walker.passesSinceCarved - 1;
+std::int64_t passesBeforeLook(const ProgramState& s) {
+  const std::int64_t passes = s.walker.passesSinceCarved;
+  const auto doubled = std::bit_floor(static_cast<std::uint64_t>(passes / kFirstLook)) * 2;
+  const std::int64_t look = kFirstLook * std::max<std::int64_t>(1, static_cast<std::int64_t>(doubled));
+  const std::int64_t wait = longWait(s);
+  return std::min(look, (passes / wait + 1) * wait) - passes - 1;
 }
 
 void rescueIfStranded(Program& program) {
@@ -229,19 +197,19 @@ void rescueIfStranded(Program& program) {
     s.walker.passesSinceCarved = 0;
     return;
   }
-  if (++s.walker.passesSinceCarved < 100) return;  // no grid has less than one cell
-  if (passesBeforeRescue(s) >= 0) return;
-  s.walker.passesSinceCarved = 0;
-  const auto holdAt = judgeLastHelp(s.walker);
-  if (walkOnBesideFreeCell(program, holdAt) || leaveFinish(program)) return;
-  beginNewTree(program, [](Point) { return true; });
+  const std::int64_t passes = ++s.walker.passesSinceCarved;
+  if (passes < kFirstLook) return;  // no grid has less than one cell
+  const bool waitedLong = passes % longWait(s) == 0;
+  if (!waitedLong && !isTimeToLook(passes)) return;
+  bringSweepMemoryInLine(program);
+  if (waitedLong || !canReachFreeGround(program)) rescue(program, waitedLong);
 }
 
 bool beginTreeOnIsland(Program& program) {
   const ProgramState& s = program.state;
   if (s.mazeKind != MazeKind::threeD || s.creationMode != CreationMode::computer) return false;
-  const Islands islands(program);
-  return beginNewTree(program, [&](Point corner) { return islands.holds(corner); });
+  bringSweepMemoryInLine(program);
+  return beginNewTree(program);
 }
 
 }  // namespace gridwright

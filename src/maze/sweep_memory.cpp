@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "maze/cursor_way.h"
 #include "maze/finishmaking.h"
 
 namespace gridwright {
@@ -27,85 +28,92 @@ Ground groundOf(const Program& program) {
           s.walker.givenUpCells.size()};
 }
 
-int originX(const ProgramState& s) { return s.wallWidth + 1 - s.stepX; }
-int originY(const ProgramState& s) { return s.wallHeight + 1 - s.stepY; }
-int columnsOf(const ProgramState& s) { return std::max(0, (s.canvasWidth - originX(s)) / s.stepX + 1); }
-int rowsOf(const ProgramState& s) { return std::max(0, (s.canvasHeight - originY(s)) / s.stepY + 1); }
-
-std::size_t cellsOf(const ProgramState& s) {
-  return static_cast<std::size_t>(columnsOf(s)) * static_cast<std::size_t>(rowsOf(s));
-}
-
-/// The cells whose tests read a pixel from `first` to `last`: the farthest one read lies two walls and a
-/// pixel before a cell's square, or three walls behind its corner.
-struct Span {
-  int from, to;
-};
-Span readersOf(int first, int last, int origin, int step, int wall, int count) {
-  const int from = (first - 3 * wall - origin) / step - 1;
-  const int to = (last + 2 * wall + 1 - origin) / step + 1;
-  return {std::clamp(from, 0, count), std::clamp(to, 0, count)};
-}
-
-void forgetPainted(SweepMemory& memory, const ProgramState& s, const Canvas::Dirty& painted) {
-  const Span columns =
-      readersOf(painted.left, painted.right - 1, originX(s), s.stepX, s.wallWidth, columnsOf(s));
-  const Span rows = readersOf(painted.top, painted.bottom - 1, originY(s), s.stepY, s.wallHeight, rowsOf(s));
-  for (int row = rows.from; row < rows.to; ++row) {
-    const auto begin = memory.passed.begin() + static_cast<std::ptrdiff_t>(row) * columnsOf(s);
-    std::fill(begin + columns.from, begin + columns.to, std::uint8_t{0});
+void forgetPainted(SweepMemory& memory, const CursorWay& way, const CellSpan& painted) {
+  for (int row = painted.fromRow; row < painted.toRow; ++row) {
+    const auto begin = memory.cells.begin() + static_cast<std::ptrdiff_t>(row) * way.columns();
+    std::fill(begin + painted.fromColumn, begin + painted.toColumn, SweepMemory::Cell::unknown);
   }
+}
+
+CellSpan spanOfBoth(const CellSpan& a, const CellSpan& b) {
+  if (a.fromColumn >= a.toColumn || a.fromRow >= a.toRow) return b;
+  return {std::min(a.fromColumn, b.fromColumn), std::max(a.toColumn, b.toColumn),
+          std::min(a.fromRow, b.fromRow), std::max(a.toRow, b.toRow)};
+}
+
+/// What was painted may be free again, and free ground may have come to lie beside carved ground.
+void searchPainted(RescueMemory& memory, const CellSpan& painted) {
+  memory.treesFromRow = std::min(memory.treesFromRow, painted.fromRow);
+  memory.besideCarved = spanOfBoth(memory.besideCarved, painted);
 }
 
 }  // namespace
 
 void makeSweepMemory(Program& program) {
-  SweepMemory& memory = program.state.walker.sweepMemory;
-  memory.passed.assign(cellsOf(program.state), 0);
-  memory.ground = groundOf(program);
+  WalkerState& walker = program.state.walker;
+  const CursorWay way(program.state);
+  walker.sweepMemory.cells.assign(way.cells(), SweepMemory::Cell::unknown);
+  walker.sweepMemory.ground = groundOf(program);
+  RescueMemory& rescue = walker.rescueMemory;
+  rescue.treesFromRow = 0;
+  rescue.besideCarved = way.whole();
+  rescue.seen.assign(way.cells(), 0);
+  rescue.flood = 0;
+  rescue.cells.resize(2 * way.cells());
+  rescue.freeGround = way.corner(CellPlace{});
 }
 
 void bringSweepMemoryInLine(Program& program) {
   SweepMemory& memory = program.state.walker.sweepMemory;
   const Canvas::Dirty painted = program.canvas.takePainted();
   if (memory.ground != groundOf(program)) return makeSweepMemory(program);
-  if (!painted.empty()) forgetPainted(memory, program.state, painted);
+  if (painted.empty()) return;
+  const CursorWay way(program.state);
+  const CellSpan readers = way.readersOf(painted.left, painted.top, painted.right, painted.bottom);
+  forgetPainted(memory, way, readers);
+  searchPainted(program.state.walker.rescueMemory, readers);
+}
+
+bool isCarvedAt(Program& program, const CursorWay& way, CellPlace cell) {
+  SweepMemory::Cell& known = program.state.walker.sweepMemory.cells[way.number(cell)];
+  if (known == SweepMemory::Cell::carved) return true;
+  const CellCorner corner = way.corner(cell);
+  if (!program.pixels().maze(corner.left, corner.top)) return false;
+  known = SweepMemory::Cell::carved;
+  return true;
+}
+
+bool stopsFillCursorAt(Program& program, const CursorWay& way, CellPlace cell) {
+  SweepMemory::Cell& known = program.state.walker.sweepMemory.cells[way.number(cell)];
+  if (known != SweepMemory::Cell::unknown || isCarvedAt(program, way, cell)) return false;
+  const CellCorner corner = way.corner(cell);
+  if (stopsFillCursor(program, corner.left, corner.top)) return true;
+  known = SweepMemory::Cell::passed;
+  return false;
 }
 
 FillCursor::FillCursor(Program& program)
     : program_(program),
-      passed_(program.state.walker.sweepMemory.passed.data()),
-      count_(program.state.walker.sweepMemory.passed.size()),
-      columns_(static_cast<std::size_t>(columnsOf(program.state))) {
-  const ProgramState& s = program.state;
-  at_ = static_cast<std::size_t>((s.scanY - originY(s)) / s.stepY) * columns_ +
-        static_cast<std::size_t>((s.scanX - originX(s)) / s.stepX);
-}
-
-int FillCursor::xAt() const {
-  const ProgramState& s = program_.state;
-  return originX(s) + static_cast<int>(at_ % columns_) * s.stepX;
-}
-
-int FillCursor::yAt() const {
-  const ProgramState& s = program_.state;
-  return originY(s) + static_cast<int>(at_ / columns_) * s.stepY;
-}
+      way_(program.state),
+      cells_(program.state.walker.sweepMemory.cells.data()),
+      count_(program.state.walker.sweepMemory.cells.size()),
+      at_(way_.number(way_.place(CellCorner{program.state.scanX, program.state.scanY}))) {}
 
 bool FillCursor::stops() {
-  if (stopsFillCursor(program_, xAt(), yAt())) return true;
-  passed_[at_] = 1;
-  return false;
+  const CellPlace cell = way_.place(at_);
+  if (!stopsFillCursorAt(program_, way_, cell)) return false;
+  program_.state.walker.rescueMemory.freeGround = way_.corner(cell);
+  return true;
 }
 
 bool FillCursor::standsOnItsWay() const {
-  const ProgramState& s = program_.state;
-  return at_ < count_ && s.scanX == xAt() && s.scanY == yAt();
+  return way_.holds(CellCorner{program_.state.scanX, program_.state.scanY});
 }
 
 void FillCursor::writeBack(ProgramState& state) const {
-  state.scanX = xAt();
-  state.scanY = yAt();
+  const CellCorner at = way_.corner(way_.place(at_));
+  state.scanX = at.left;
+  state.scanY = at.top;
 }
 
 }  // namespace gridwright

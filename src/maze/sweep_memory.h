@@ -1,10 +1,11 @@
-// What the fill cursor has found out: the cells over which it goes on.
+// What the fill cursor has found out: the cells over which it goes on. The rescue's memory goes with it.
 //
 // The cursor goes over the same carved cells again and again, up to the first that is free. A cell that
 // did not stop it does not stop it the next time either, while nothing that the test reads was painted;
 // so this remembers test results, not cells. It is no part of the maze and may be forgotten at any time.
 #pragma once
 
+#include "maze/cursor_way.h"
 #include "state/program.h"
 
 namespace gridwright {
@@ -15,6 +16,11 @@ void makeSweepMemory(Program& program);
 
 /// Forgets what has been painted over, and all where something else has changed that the tests read.
 void bringSweepMemoryInLine(Program& program);
+
+/// Whether the pixel at the cell's corner is carved ground, and whether the cell stops the fill cursor; what
+/// holds it back no longer is remembered. Both expect the memory in line, and no stroke since.
+bool isCarvedAt(Program& program, const CursorWay& way, CellPlace cell);
+bool stopsFillCursorAt(Program& program, const CursorWay& way, CellPlace cell);
 
 /// The fill cursor as a number: it counts up by one a pump. Expects the memory in line, and no stroke
 /// since.
@@ -30,7 +36,7 @@ class FillCursor {
 
   /// What `finishmaking` and `advancefillcursor` do. \returns whether the cursor met a free cell.
   bool pump() {
-    const bool stopped = !passed_[at_] && stops();
+    const bool stopped = cells_[at_] == SweepMemory::Cell::unknown && stops();
     at_ = stopped ? 1 : at_ + 1;
     return stopped;
   }
@@ -39,13 +45,12 @@ class FillCursor {
   void writeBack(ProgramState& state) const;
 
  private:
-  [[nodiscard]] int xAt() const;
-  [[nodiscard]] int yAt() const;
   bool stops();
 
-  const Program& program_;
-  std::uint8_t* passed_;
-  std::size_t at_ = 0, count_, columns_;
+  Program& program_;
+  CursorWay way_;
+  const SweepMemory::Cell* cells_;
+  std::size_t count_, at_;
 };
 
 }  // namespace gridwright

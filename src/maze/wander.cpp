@@ -55,7 +55,7 @@ class Wandering {
         cursor_(program),
         pumpsGiven_(pumps),
         pumpsLeft_(pumps),
-        passes_(static_cast<int>(std::min<std::int64_t>(kLongest, passesBeforeRescue(s_)))),
+        passes_(static_cast<int>(std::min<std::int64_t>(kLongest, passesBeforeLook(s_)))),
         at_{s_.cur.left, s_.cur.top},
         here_(pixels_.at(at_.left, at_.top)),
         code_(s_.stepCode),
@@ -266,7 +266,7 @@ Wandered wander(Program& program) {
   const std::int64_t pumps = program.platform.quietPumps(program);  // most desktops that count say 0
   if (pumps <= 0 || !onlyWanders(program) || !standsWell(program)) return {};
   if (!loopRulesStand(program) || !enableTableStands(program)) return {};
-  if (passesBeforeRescue(program.state) <= 0) return {};
+  if (passesBeforeLook(program.state) <= 0) return {};
   bringSweepMemoryInLine(program);
   if (!FillCursor(program).standsOnItsWay()) return {};
   return Wandering(program, pumps).run();

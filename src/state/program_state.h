@@ -24,7 +24,7 @@ struct RescueHelp {
   bool held = false;      ///< The second time for that cell: the finish sends it back here.
 };
 
-/// Cells that did not stop the fill cursor, and what their tests went by besides the pixels.
+/// What is known of cells that did not stop the fill cursor, and what their tests went by besides the pixels.
 struct SweepMemory {
   struct Ground {
     MazeKind mazeKind = MazeKind::regular;
@@ -35,7 +35,29 @@ struct SweepMemory {
     std::size_t givenUp = 0;  ///< How many cells are given up: none comes back within a maze.
     friend bool operator==(const Ground&, const Ground&) = default;
   } ground;
-  std::vector<std::uint8_t> passed;  ///< One for each cell of the cursor's way, in its order.
+  enum class Cell : std::uint8_t { unknown, passed, carved };  ///< A carved cell does not stop it either.
+  std::vector<Cell> cells;                                     ///< Of the cursor's way, in its order.
+};
+
+/// A cell of the fill cursor's way.
+struct CellPlace {
+  int column = 0, row = 0;
+};
+
+/// Cells of that way: columns and rows from the first up to and not including the second.
+struct CellSpan {
+  int fromColumn = 0, toColumn = 0, fromRow = 0, toRow = 0;
+};
+
+/// What the rescue need not look for again, as long as nothing is painted there, and room for its floods.
+/// It is forgotten with the fill cursor's memory.
+struct RescueMemory {
+  int treesFromRow = 0;             ///< In no row before this one can a new tree begin.
+  CellSpan besideCarved;            ///< Free ground lies beside carved ground here at most.
+  std::vector<std::uint32_t> seen;  ///< One for each cell: the last flood that came there.
+  std::uint32_t flood = 0;
+  std::vector<CellPlace> cells;  ///< Of the present flood; it grows from the middle to both ends.
+  CellCorner freeGround;         ///< Where the fill cursor was stopped last: floods look there first.
 };
 
 /// What the last test for a trap was made on, and how many directions it found blocked.
@@ -80,6 +102,7 @@ struct WalkerState {
   bool freeCellMetSinceStep = false;   ///< The fill sweep has met a free cell and nothing moved since.
   std::size_t channelPosition = 0;     ///< How far the open step file was read.
   SweepMemory sweepMemory;
+  RescueMemory rescueMemory;
   TrapTest trapTest;
 };
 

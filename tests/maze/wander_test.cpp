@@ -266,7 +266,7 @@ TEST(AWalkBack, IsLeftToTheFullPassWhereThatHasMoreToDo) {
       {"strokes would not be kept", [](World& w) { w.canvas.setAutoRedraw(false); }},
       {"it stands on the finish", [](World& w) { w.state.finish = w.state.cur; }},
       {"it has not moved", [](World& w) { w.state.prev = w.state.cur; }},
-      {"a rescue is due", [](World& w) { w.state.walker.passesSinceCarved = 1'000'000; }},
+      {"a look is due", [](World& w) { w.state.walker.passesSinceCarved = 199; }},
       {"a menu rule has something to say", [](World& w) { ++w.state.print.printedCount; }},
       {"the enable table has something to say", [](World& w) { w.state.nrefreshDue = true; }},
       {"a cursor is to be wiped", [](World& w) { w.canvas.fill(w.state.prev, kCursorColour); }},
