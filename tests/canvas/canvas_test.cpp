@@ -245,20 +245,20 @@ TEST(WhatHasChanged, IsToldOnceAndInsideTheVisiblePart) {
 struct SlowCanvas {
   static constexpr int kWidth = 12, kHeight = 9;
   struct Plane {
-    std::vector<Colour> colours = std::vector<Colour>(kWidth * kHeight, -2);  // -2: not covered
+    Bitmap strokes = plainBitmap(kWidth, kHeight, -2);  // -2: not covered
   } persistent, shown;
   bool redraw = true;
   Colour back = kNavy;
 
   void put(int x, int y, Colour colour) {
     if (x < 0 || y < 0 || x >= kWidth || y >= kHeight) return;
-    shown.colours[static_cast<std::size_t>(y * kWidth + x)] = colour;
-    if (redraw) persistent.colours[static_cast<std::size_t>(y * kWidth + x)] = colour;
+    pixelAt(shown.strokes, x, y) = colour;
+    if (redraw) pixelAt(persistent.strokes, x, y) = colour;
   }
   [[nodiscard]] Bitmap look(const Plane& plane) const {
     Bitmap picture = plainBitmap(kWidth, kHeight, back);
     for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-      if (plane.colours[i] != -2) picture.pixels[i] = plane.colours[i];
+      if (plane.strokes.pixels[i] != -2) picture.pixels[i] = plane.strokes.pixels[i];
     }
     return picture;
   }

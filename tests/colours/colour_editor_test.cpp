@@ -353,13 +353,12 @@ TEST(RegionsOfAMaze, TakeTheColoursThatTheirBackgroundsWereGiven) {
   int changed = 0;
   for (int y = 0; y < maze.height; ++y) {
     for (int x = 0; x < maze.width; ++x) {
-      const auto at = static_cast<std::size_t>(y * maze.width + x);
-      if (maze.pixels[at] == palette(13)) {
+      if (maze.at(x, y) == palette(13)) {
         ++changed;
-        EXPECT_EQ(picture.pixels[at], kGreen);
+        EXPECT_EQ(picture.at(x, y), kGreen);
       }
-      if (maze.pixels[at] == kWhite) {
-        EXPECT_EQ(picture.pixels[at], kNavy);
+      if (maze.at(x, y) == kWhite) {
+        EXPECT_EQ(picture.at(x, y), kNavy);
       }
     }
   }

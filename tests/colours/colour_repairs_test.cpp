@@ -114,8 +114,7 @@ TEST(AColourOnTheCellCorners, StopsBeingAMazeColourWhenAnotherCanTakeItsPlace) {
 
 TEST(AColourBetweenTheCellCorners, MayStayAMazeColour) {
   Bitmap picture = drawing(kPlain);
-  for (int x = 0; x < picture.width; ++x)
-    picture.pixels[static_cast<std::size_t>(25 * picture.width + x)] = kWhite;
+  for (int x = 0; x < picture.width; ++x) pixelAt(picture, x, 25) = kWhite;
   World w(picture);
   w.program.colours.setMaze(5, kRed);
   repairSetsBeforeMaze(w.program);

@@ -49,7 +49,7 @@ TEST(AnImportedBitmap, BecomesThePicture) {
   Bitmap expected = plainBitmap(300, 200, kYellow);
   const Bitmap cat = motley(40, 30, 16);
   for (int y = 0; y < 30; ++y) {
-    for (int x = 0; x < 40; ++x) expected.pixels[static_cast<std::size_t>(y * 300 + x)] = cat.at(x, y);
+    for (int x = 0; x < 40; ++x) pixelAt(expected, x, y) = cat.at(x, y);
   }
   EXPECT_TRUE(samePicture(i.program.canvas.image(), expected));
   EXPECT_TRUE(i.program.state.mazeMadeOnce);

@@ -66,8 +66,7 @@ TEST(TheCopyInMemory, KeepsEveryColourExactly) {
   p.desktop.savesFail = true;
   Bitmap picture = plainBitmap(256, 3, 0);
   for (int i = 0; i < 256; ++i) {
-    for (int row = 0; row < 3; ++row)
-      picture.pixels[static_cast<std::size_t>(row * 256 + i)] = i << (8 * row);
+    for (int row = 0; row < 3; ++row) pixelAt(picture, i, row) = i << (8 * row);
   }
   p.pictures.save("title.bmp", picture);
   EXPECT_TRUE(samePicture(p.pictures.load("title.bmp"), picture));

@@ -1,6 +1,7 @@
 // Writes the pictures that journeys begin with into a folder.
 #include "support/pictures.h"
 
+#include <array>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -25,7 +26,7 @@ Bitmap silhouette() {
       const bool body = within(x, y, 150, 110, 103.5);
       const bool hole = within(x, y, 110, 80, 22.5) || within(x, y, 190, 80, 22.5);
       const bool bar = std::abs(y - 150) < 6 && std::abs(x - 150) < 50;
-      if (body && !hole && !bar) picture.pixels[static_cast<std::size_t>(y * picture.width + x)] = kNavy;
+      if (body && !hole && !bar) pixelAt(picture, x, y) = kNavy;
     }
   }
   return picture;
@@ -39,15 +40,16 @@ Bitmap softDisc() {
     for (int x = 0; x < picture.width; ++x) {
       int inside = 0;
       for (int part = 0; part < kParts * kParts; ++part) {
-        const double dx = x + (part % kParts + 0.5) / kParts - 150.0;
-        const double dy = y + (part / kParts + 0.5) / kParts - 110.0;
+        const int column = part % kParts;
+        const int row = part / kParts;
+        const double dx = x + (column + 0.5) / kParts - 150.0;
+        const double dy = y + (row + 0.5) / kParts - 110.0;
         inside += std::hypot(dx, dy) < 103.5 ? 1 : 0;
       }
       const auto blend = [&](int paper, int ink) {
         return (paper * (kParts * kParts - inside) + ink * inside) / (kParts * kParts);
       };
-      picture.pixels[static_cast<std::size_t>(y * picture.width + x)] =
-          blend(254, 128) * 0x10000 + blend(254, 0) * 0x101;
+      pixelAt(picture, x, y) = blend(254, 128) * 0x10000 + blend(254, 0) * 0x101;
     }
   }
   return picture;
@@ -63,7 +65,7 @@ int main(int argc, char** argv) {
   if (argc != 2) return 2;
   const std::filesystem::path folder = argv[1];
   const Bitmap room = drawing(Text(8, std::string(12, '.')));
-  const std::pair<const char*, Bitmap> pictures[] = {
+  const auto pictures = std::to_array<std::pair<const char*, Bitmap>>({
       {"room.bmp", room},
       {"navy.bmp", plainBitmap(130, 90, kNavy)},
       {"two.bmp", drawing({"#########", "#.#####.#", "#########", "#########"})},
@@ -73,7 +75,7 @@ int main(int argc, char** argv) {
        drawing({"....,,,,oooo", "....,,,,oooo", "....,,,,oooo", ".,.,.,.,.o.o", "dddddddddddd"})},
       {"silhouette.bmp", silhouette()},
       {"soft.bmp", softDisc()},
-  };
+  });
   for (const auto& [name, picture] : pictures) {
     if (!writeBitmapFile(picture, folder / name)) {
       std::cerr << "cannot be written: " << folder / name << '\n';

@@ -162,11 +162,11 @@ Bitmap blots(std::mt19937& chance) {
     for (int y = 0; y < picture.height; ++y) {
       for (int x = 0; x < picture.width; ++x) {
         const bool within = (x - cx) * (x - cx) + (y - cy) * (y - cy) < radius * radius;
-        if (within) picture.pixels[static_cast<std::size_t>(y * picture.width + x)] = colour;
+        if (within) pixelAt(picture, x, y) = colour;
       }
     }
   }
-  picture.pixels[static_cast<std::size_t>(picture.width + 1)] = kBlue;  // the frame
+  pixelAt(picture, 1, 1) = kBlue;  // the frame
   return picture;
 }
 

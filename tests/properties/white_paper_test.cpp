@@ -27,8 +27,7 @@ constexpr std::array kKinds = {Kind{"regular", Item::createreg}, Kind{"3-d", Ite
 Bitmap framed(const Paper& paper) {
   Bitmap picture = plainBitmap(paper.width, paper.height, kWhite);
   for (int y = 10; y < paper.height - 10; ++y) {
-    for (int x = 10; x < paper.width - 10; ++x)
-      picture.pixels[static_cast<std::size_t>(y * paper.width + x)] = kNavy;
+    for (int x = 10; x < paper.width - 10; ++x) pixelAt(picture, x, y) = kNavy;
   }
   return picture;
 }

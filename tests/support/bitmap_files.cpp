@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "support/pictures.h"
+
 namespace gridwright::test {
 
 namespace {
@@ -162,8 +164,7 @@ Bitmap motley(int width, int height, int colours) {
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
       const int i = (x + y) % colours;
-      picture.pixels[static_cast<std::size_t>(y * width + x)] =
-          (i * 37 % 256) | (255 - i % 256) << 8 | (i * 5 % 256) << 16;
+      pixelAt(picture, x, y) = (i * 37 % 256) | (255 - i % 256) << 8 | (i * 5 % 256) << 16;
     }
   }
   return picture;

@@ -4,6 +4,8 @@
 #include <deque>
 #include <utility>
 
+#include "support/pictures.h"
+
 namespace gridwright::test {
 
 PlainSets::PlainSets(const ColourSets& sets)
@@ -18,10 +20,10 @@ bool PlainSets::isFree(Colour c) const {
   return !isMaze(c) && std::find(background.begin(), background.end(), c) != background.end();
 }
 
-MazeReading::MazeReading(Bitmap before, Bitmap after, const PlainSets& sets, int wall)
+MazeReading::MazeReading(Bitmap before, Bitmap after, PlainSets sets, int wall)
     : before_(std::move(before)),
       after_(std::move(after)),
-      sets_(sets),
+      sets_(std::move(sets)),
       wall_(wall),
       columns_(before_.width / wall),
       rows_(before_.height / wall) {
@@ -124,8 +126,7 @@ std::string MazeReading::pixelFault() const {
   const auto carve = [&](const Square& box) {
     for (int y = box.top; y <= box.bottom; ++y) {
       for (int x = box.left; x <= box.right; ++x) {
-        const auto i = static_cast<std::size_t>(y * expected.width + x);
-        expected.pixels[i] = after_.pixels[i];  // which maze colour it got is another test's matter
+        pixelAt(expected, x, y) = after_.at(x, y);  // which maze colour it got is another test's matter
       }
     }
   };
@@ -187,7 +188,7 @@ Bitmap withAnswer(const MazeReading& maze, const Bitmap& picture, const ProgramS
   const auto fill = [&](int x1, int y1, int x2, int y2, Colour colour) {
     for (int y = std::min(y1, y2); y <= std::max(y1, y2); ++y) {
       for (int x = std::min(x1, x2); x <= std::max(x1, x2); ++x) {
-        answer.pixels[static_cast<std::size_t>(y * answer.width + x)] = colour;
+        pixelAt(answer, x, y) = colour;
       }
     }
   };

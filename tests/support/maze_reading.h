@@ -23,7 +23,7 @@ struct PlainSets {
 class MazeReading {
  public:
   /// \param before the drawing; \param after the maze in it.
-  MazeReading(Bitmap before, Bitmap after, const PlainSets& sets, int wall);
+  MazeReading(Bitmap before, Bitmap after, PlainSets sets, int wall);
 
   /// What is wrong with the maze, or nothing: every region of free cells is a spanning tree of carved
   /// squares, joins are whole, and no other pixel has changed.

@@ -50,11 +50,15 @@ Bitmap drawing(const Text& cells, int wall, char band) {
   for (int y = wall; y < picture.height; ++y) {
     const std::string& row = cells.at(static_cast<std::size_t>(y / wall - 1));
     for (int x = wall; x < picture.width; ++x) {
-      picture.pixels[static_cast<std::size_t>(y * picture.width + x)] =
-          colourOfLetter(row.at(static_cast<std::size_t>(x / wall - 1)));
+      pixelAt(picture, x, y) = colourOfLetter(row.at(static_cast<std::size_t>(x / wall - 1)));
     }
   }
   return picture;
+}
+
+Colour& pixelAt(Bitmap& picture, int x, int y) {
+  return picture.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
+                           static_cast<std::size_t>(x));
 }
 
 std::string textOf(const Bitmap& picture) {

@@ -30,6 +30,9 @@ Bitmap pixels(const Text& rows);
 /// Canvas has exactly this many columns and rows of cells.
 Bitmap drawing(const Text& cells, int wall = 10, char band = '#');
 
+/// A pixel of a picture that a test paints.
+Colour& pixelAt(Bitmap& picture, int x, int y);
+
 /// A picture as letters, one a pixel.
 std::string textOf(const Bitmap& picture);
 
