@@ -65,7 +65,7 @@ void carving(benchmark::State& state) {
     ++mazes;
   }
   state.counters["cells"] = walk.cells();
-  state.counters["pumps"] = static_cast<double>(world.desktop.pumps / mazes);
+  state.counters["pumps"] = static_cast<double>(world.desktop.pumps) / static_cast<double>(mazes);
   state.counters["ns_a_pump"] = spent * 1e9 / static_cast<double>(world.desktop.pumps);
   state.counters["ratio"] = spent / static_cast<double>(mazes) / plainSeconds(walk);
 }

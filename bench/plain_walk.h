@@ -26,7 +26,7 @@ class PlainWalk {
     fill(x_, y_, x_ + wall_ - 3, y_ + wall_ - 3, kCarved);
     while (left > 0) {
       if (hasFreeNeighbour()) {
-        int d = 0;
+        std::size_t d = 0;
         do {
           d = direction();
         } while (at(x_ + kX[d] * wall_, y_ + kY[d] * wall_) != kFree);
@@ -34,7 +34,7 @@ class PlainWalk {
         --left;
         continue;
       }
-      const int d = direction();
+      const std::size_t d = direction();
       const std::uint32_t ahead = at(x_ + kX[d] * wall_, y_ + kY[d] * wall_);
       if (ahead == kBorder) continue;
       if (ahead == kFree) {
@@ -56,7 +56,7 @@ class PlainWalk {
   static constexpr std::uint32_t kFree = 0x800000, kCarved = 0xFFFFFF, kBorder = 0xFF0000;
   static constexpr std::array<int, 4> kX = {-1, 1, 0, 0}, kY = {0, 0, -1, 1};
 
-  int direction() { return static_cast<int>(chance_() & 3U); }
+  std::size_t direction() { return chance_() & 3U; }
   [[nodiscard]] std::uint32_t at(int x, int y) const {
     if (x < 0 || y < 0 || x >= width_ || y >= height_) return kBorder;
     return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
@@ -76,11 +76,11 @@ class PlainWalk {
     }
     return false;
   }
-  void step(int d) {
-    x_ += kX.at(static_cast<std::size_t>(d)) * wall_;
-    y_ += kY.at(static_cast<std::size_t>(d)) * wall_;
+  void step(std::size_t d) {
+    x_ += kX.at(d) * wall_;
+    y_ += kY.at(d) * wall_;
   }
-  void join(int d) {
+  void join(std::size_t d) {
     const int fromX = x_;
     const int fromY = y_;
     step(d);
