@@ -170,9 +170,10 @@ TEST(ADrawingWhoseEndsLieBesideTheGrid, HasAMazeThatIsSolved) {
     Square square;
   };
   for (const std::size_t end : {record::start, record::finish}) {
-    for (const auto& [kind, square] :
+    for (const Beside& beside :
          {Beside{0, {5000, 5000, 5000, 5000}}, Beside{0, {55, 51, 62, 58}}, Beside{0, {50, 50, 52, 52}},
           Beside{1, {41, 31, 48, 38}}, Beside{1, {31, 41, 38, 48}}}) {
+      const Square& square = beside.square;
       SCOPED_TRACE(square.left);
       const TempFolder temp;
       DiskSession s(temp.path(), room);
@@ -180,7 +181,7 @@ TEST(ADrawingWhoseEndsLieBesideTheGrid, HasAMazeThatIsSolved) {
       s.save("odd");
       s.look([&](Program&) {
         DrawingRecord drawing = parseDrawing(temp.get("odd.maze")).value();
-        drawing.values[record::mazeKind] = kind;
+        drawing.values[record::mazeKind] = beside.kind;
         drawing.values[end] = square.left;
         drawing.values[end + 1] = square.top;
         drawing.values[end + 2] = square.right;

@@ -99,9 +99,9 @@ TEST_P(InEveryKind, LeavingGivesBackPictureGridWalkerAndMode) {
     EXPECT_FALSE(p.state.walker.sweepActive);
   });
   EXPECT_EQ(w.run(), "");
+  const Bitmap image = w.canvas.image();
   for (int y = 100; y < 400; y += 7) {
-    for (int x = 100; x < 600; x += 7)
-      ASSERT_EQ(w.canvas.image().pixels[static_cast<std::size_t>(y * w.canvas.image().width + x)], kNavy);
+    for (int x = 100; x < 600; x += 7) ASSERT_EQ(image.at(x, y), kNavy);
   }
 }
 
@@ -244,9 +244,9 @@ TEST(TheEditorsCaption, NamesTheKindAndGivesTheDrawingsBack) {
        {"Gridwright-(Editing '3d-maze' patterns)", "Gridwright-(drawing picture for '3d-mazes')"}}};
   for (const auto& [kind, texts] : captions) {
     Editing w(kind);
-    w.desktop.look([&](Program& p) { EXPECT_EQ(p.controls.caption(), texts.first); });
+    w.desktop.look([caption = texts.first](Program& p) { EXPECT_EQ(p.controls.caption(), caption); });
     w.leave();
-    w.desktop.look([&](Program& p) { EXPECT_EQ(p.controls.caption(), texts.second); });
+    w.desktop.look([caption = texts.second](Program& p) { EXPECT_EQ(p.controls.caption(), caption); });
     EXPECT_EQ(w.run(), "");
   }
 }

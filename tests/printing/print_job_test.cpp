@@ -134,7 +134,7 @@ TEST(ACountTyped, IsReadAsAWholeNumberUpTo9999) {
   for (const auto& [text, count] :
        std::vector<std::pair<std::string, int>>{{" 12 mazes", 12}, {"2.9", 2}, {"1000000", 9999}}) {
     Job w(Item::printnosolutions, text);
-    w.desktop.look([count](Program& p) { EXPECT_EQ(p.state.print.printTotal, count); });
+    w.desktop.look([total = count](Program& p) { EXPECT_EQ(p.state.print.printTotal, total); });
     EXPECT_EQ(w.run(), "");
   }
 }
