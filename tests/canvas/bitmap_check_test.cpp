@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "support/bitmap_files.h"
 
 namespace gridwright::test {
@@ -65,7 +67,7 @@ struct Lie {
 };
 
 TEST(AHeaderThatLies, IsRefused) {
-  const Lie lies[] = {
+  constexpr auto kLies = std::to_array<Lie>({
       {"another magic", 0, 0x4D43, 2},
       {"the pixels begin inside the header", 10, 20, 4},
       {"the pixels begin behind the end", 10, 0x7FFFFFFF, 4},
@@ -85,8 +87,8 @@ TEST(AHeaderThatLies, IsRefused) {
       {"run-length coding at 24 bits", 30, 1, 4},
       {"an embedded other format", 30, 4, 4},
       {"masks at 24 bits", 30, 3, 4},
-  };
-  for (const Lie& lie : lies) {
+  });
+  for (const Lie& lie : kLies) {
     std::string file = fileOf(motley(13, 5, 11), {});
     ASSERT_TRUE(checkBitmapFile(file));
     poke(file, lie.at, lie.value, lie.bytes);
@@ -143,7 +145,7 @@ TEST(AVeryWidePicture, IsAcceptedSinceItWillBeCut) {
 
 TEST(ACodedPicture, IsRefusedWhereItsRunsLeaveThePicture) {
   std::string file = fileOf(plainBitmap(10, 2, 255), {8, false, false, true});
-  const std::size_t firstRun = file.size() - 2 * 4 - 2;
+  const std::size_t firstRun = file.size() - 4 - 4 - 2;
   ASSERT_EQ(file[firstRun], 10);
   file[firstRun] = 13;
   EXPECT_FALSE(checkBitmapFile(file));
@@ -156,7 +158,7 @@ TEST(ACodedPicture, MayFillARowUpToFourBytesAndNotFurther) {
   for (const Row& row :
        {Row{8, 10, 12}, Row{8, 12, 12}, Row{8, 13, 16}, Row{4, 10, 16}, Row{4, 16, 16}, Row{4, 17, 24}}) {
     const std::string whole = fileOf(plainBitmap(row.width, 2, 255), {row.bits, false, false, true});
-    const std::size_t lower = whole.size() - 2 * 4 - 2;
+    const std::size_t lower = whole.size() - 4 - 4 - 2;
     for (const std::size_t run : {lower, lower + 4}) {
       ASSERT_EQ(whole[run], row.width);
       std::string file = whole;

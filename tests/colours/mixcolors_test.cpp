@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -92,12 +94,12 @@ struct Ring {
   int dx, dy;        // the second-ring sample, from the square's left and top, at wall size 10
 };
 // The square is 8 pixels wide: its right is left + 7, so one wall size beyond is left + 17.
-const Ring kRings[] = {
+const std::vector<Ring> kRings = {
     {"left", 0, 3, 17, 0},   {"left", 0, 3, 0, -10},  {"left", 0, 3, 0, 17},
     {"right", 1, 3, -10, 0}, {"right", 1, 3, 0, -10}, {"right", 1, 3, 0, 17},
     {"top", 2, 3, -10, 0},   {"top", 2, 3, 17, 0},    {"top", 2, 3, 0, 17},
 };
-const Ring kPreviousRings[] = {
+const std::vector<Ring> kPreviousRings = {
     {"left", 0, 3, 10, 0},   {"left", 0, 3, 0, -10},  {"left", 0, 3, 0, 10},
     {"right", 1, 3, -10, 0}, {"right", 1, 3, 0, -10}, {"right", 1, 3, 0, 10},
     {"top", 2, 3, -10, 0},   {"top", 2, 3, 0, 10},    {"top", 2, 3, 10, 0},

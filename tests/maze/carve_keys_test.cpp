@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "state/key_codes.h"
 #include "support/world.h"
 
@@ -17,7 +19,7 @@ struct ByHand : World {
   }
 };
 
-constexpr std::pair<int, int> kArrows[] = {{37, 1}, {39, 2}, {38, 3}, {40, 4}};
+constexpr auto kArrows = std::to_array<std::pair<int, int>>({{37, 1}, {39, 2}, {38, 3}, {40, 4}});
 
 TEST(AnArrow, AsksForAPatternOrForAStepAsThePatternStateSays) {
   for (const auto& [code, wanted] : kArrows) {
@@ -80,7 +82,7 @@ TEST(J, ToTheUserInsideACorridorTurnsToWalkingBack) {
   struct Side {
     int dx, dy;
   };
-  constexpr Side kSides[] = {{-1, 0}, {1, 0}, {0, -1}, {0, 1}};
+  constexpr auto kSides = std::to_array<Side>({{-1, 0}, {1, 0}, {0, -1}, {0, 1}});
   for (unsigned open = 0; open < 16; ++open) {
     ByHand w;
     w.state.creationMode = CreationMode::computer;

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <vector>
+
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -65,7 +68,7 @@ struct Sample {
 
 // The four edge samples of each direction, row by row. The square is 8 pixels wide.
 constexpr int kFar = 7;
-const Sample kEdges[] = {
+const std::vector<Sample> kEdges = {
     {kLeft, -11, 0},       {kLeft, -1, 0},         {kLeft, -10, -1},        {kLeft, -10, kFar + 1},
     {kRight, 9, 0},        {kRight, kFar + 11, 0}, {kRight, kFar + 10, -1}, {kRight, kFar + 10, kFar + 1},
     {kUp, 0, -11},         {kUp, 0, -1},           {kUp, -1, -10},          {kUp, kFar + 1, -10},
@@ -86,23 +89,24 @@ TEST(EachEdgeSample, BlocksItsDirectionWhenClosedAlone) {
 /// A carved pixel beside the neighbour of a direction, and the two pixels outside it; from the square's left
 /// and top.
 struct Corridor {
-  int direction, x, y;
-  struct {
+  struct Pixel {
     int x, y;
-  } outside[2];
+  };
+  int direction, x, y;
+  std::array<Pixel, 2> outside;
 };
 
 // Row by row, two for each direction. The square is 8 pixels wide.
-const Corridor kCorridors[] = {
-    {kLeft, -10, -10, {{-11, -10}, {kFar - 9, -10}}},
-    {kLeft, -10, kFar + 10, {{-11, kFar + 10}, {kFar - 9, kFar + 10}}},
-    {kRight, kFar + 10, -10, {{9, -10}, {kFar + 11, -10}}},
-    {kRight, kFar + 10, kFar + 10, {{9, kFar + 10}, {kFar + 11, kFar + 10}}},
-    {kUp, -10, -10, {{-10, -11}, {-10, kFar - 9}}},
-    {kUp, kFar + 10, -10, {{kFar + 10, -11}, {kFar + 10, kFar - 9}}},
-    {kDown, -10, kFar + 10, {{-10, 9}, {-10, kFar + 11}}},
-    {kDown, kFar + 10, kFar + 10, {{kFar + 10, 9}, {kFar + 10, kFar + 11}}},
-};
+constexpr auto kCorridors = std::to_array<Corridor>({
+    {kLeft, -10, -10, {{{-11, -10}, {kFar - 9, -10}}}},
+    {kLeft, -10, kFar + 10, {{{-11, kFar + 10}, {kFar - 9, kFar + 10}}}},
+    {kRight, kFar + 10, -10, {{{9, -10}, {kFar + 11, -10}}}},
+    {kRight, kFar + 10, kFar + 10, {{{9, kFar + 10}, {kFar + 11, kFar + 10}}}},
+    {kUp, -10, -10, {{{-10, -11}, {-10, kFar - 9}}}},
+    {kUp, kFar + 10, -10, {{{kFar + 10, -11}, {kFar + 10, kFar - 9}}}},
+    {kDown, -10, kFar + 10, {{{-10, 9}, {-10, kFar + 11}}}},
+    {kDown, kFar + 10, kFar + 10, {{{kFar + 10, 9}, {kFar + 10, kFar + 11}}}},
+});
 
 /// One direction open, all else around it free ground: what blocks is the corridor alone. The other
 /// directions are shut by their near edge samples.
@@ -112,7 +116,7 @@ struct TrapBesideCorridor : Trap {
     w.canvas.fill(q.left - 20, q.top - 20, q.right + 20, q.bottom + 20, kNavy);
     for (int direction = kLeft; direction <= kDown; ++direction) {
       if (direction == corridor.direction) continue;
-      const Sample& near = kNear[direction];
+      const Sample& near = kNear.at(static_cast<std::size_t>(direction));
       spot(near.dx, near.dy, kBlue);
     }
     spot(corridor.x, corridor.y, kWhite);
@@ -120,8 +124,8 @@ struct TrapBesideCorridor : Trap {
   void spot(int x, int y, Colour colour) {
     w.canvas.fill(q.left + x, q.top + y, q.left + x, q.top + y, colour);
   }
-  static constexpr Sample kNear[] = {
-      {kLeft, -10, 4}, {kRight, kFar + 10, 4}, {kUp, 4, -10}, {kDown, 4, kFar + 10}};
+  static constexpr auto kNear =
+      std::to_array<Sample>({{kLeft, -10, 4}, {kRight, kFar + 10, 4}, {kUp, 4, -10}, {kDown, 4, kFar + 10}});
 };
 
 TEST(ACorridorBesideTheNeighbour, BlocksItsDirectionInThe3dKindAlone) {
@@ -171,8 +175,9 @@ TEST(AnyPixelOfTheNeighbourAndItsMargin, BlocksItsDirection) {
 }
 
 TEST(BeforeAnyMaze, OneSampleStandsInForTheScan) {
-  const Sample samples[] = {{kLeft, -10, 0}, {kRight, kFar + 10, 0}, {kUp, 0, -10}, {kDown, 0, kFar + 10}};
-  for (const Sample& s : samples) {
+  constexpr auto kSamples =
+      std::to_array<Sample>({{kLeft, -10, 0}, {kRight, kFar + 10, 0}, {kUp, 0, -10}, {kDown, 0, kFar + 10}});
+  for (const Sample& s : kSamples) {
     const int dx = s.direction == kLeft ? -10 : s.direction == kRight ? 10 : 0;
     const int dy = s.direction == kUp ? -10 : s.direction == kDown ? 10 : 0;
     const auto trap = [&] {

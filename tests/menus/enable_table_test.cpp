@@ -15,7 +15,7 @@ struct Row {
   Item item;
   std::array<bool, 5> phases;
 };
-const Row kRows[] = {
+constexpr auto kRows = std::to_array<Row>({
     {Item::importdrawing, {true, false, false, false, false}},
     {Item::changewallsize, {true, true, false, false, false}},
     {Item::createreg, {true, true, true, true, true}},
@@ -27,7 +27,7 @@ const Row kRows[] = {
     {Item::mpdrawing, {false, true, false, false, false}},
     {Item::printfff, {true, true, true, true, true}},
     {Item::quit2, {true, true, true, true, true}},
-};
+});
 
 TEST(EachCommand, IsOnInItsPhasesAndNoOthers) {
   World w(drawing({"...", "..."}));

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -22,12 +24,14 @@ TEST(TheKindsOwnSettings, AreShownForTheirKindsAlone) {
 }
 
 TEST(TheDifficulty, HasOneMark) {
-  const Item items[] = {Item::mode1, Item::mode2, Item::mode3, Item::mode4, Item::mode5, Item::mode6};
-  for (int level = 1; level <= 6; ++level) {
+  constexpr std::array kLevels = {Item::mode1, Item::mode2, Item::mode3,
+                                  Item::mode4, Item::mode5, Item::mode6};
+  int level = 0;
+  for (const Item chosen : kLevels) {
     World w(drawing(kRoom));
-    w.state.difficultyLevel = level;
+    w.state.difficultyLevel = ++level;
     mazemenus(w.program);
-    for (int i = 1; i <= 6; ++i) EXPECT_EQ(w.program.menus.checked(items[i - 1]), i == level);
+    for (const Item item : kLevels) EXPECT_EQ(w.program.menus.checked(item), item == chosen) << level;
   }
 }
 

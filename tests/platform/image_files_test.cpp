@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "files/work_folder.h"
@@ -85,8 +87,8 @@ TEST(AnAlphaChannel, IsDropped) {
 
 TEST(BlackAndWhiteOfSixteenBits, AreExactlyBlackAndWhite) {
   Bitmap picture = plainBitmap(8, 2, 0);
-  const Colour full[] = {kBlack, kWhite, kRed, kLime, kBlue, kYellow, kFuchsia, 16776960};
-  for (std::size_t i = 0; i < 8; ++i) picture.pixels[i] = full[i];
+  constexpr std::array<Colour, 8> kFull = {kBlack, kWhite, kRed, kLime, kBlue, kYellow, kFuchsia, 16776960};
+  std::copy(kFull.begin(), kFull.end(), picture.pixels.begin());
   EXPECT_TRUE(decodesTo(picture, {16}));
   EXPECT_TRUE(decodesTo(picture, {16, true}));
   EXPECT_TRUE(decodesTo(picture, {16, false, false, false, true}));

@@ -54,7 +54,7 @@ Stage after(Stage from, Phase phase) {
 }
 
 TEST(TheJumps, AreThoseOfTheTable) {
-  const Jump table[] = {
+  const std::vector<Jump> table = {
       {Stage::title, Phase::drawing, Stage::leaveTitle},  {Stage::title, Phase::quitToTitle, Stage::title},
       {Stage::drawing, Phase::making, Stage::checks},     {Stage::drawing, Phase::quitToTitle, Stage::title},
       {Stage::making, Phase::placing, Stage::ends},       {Stage::making, Phase::drawing, Stage::drawing},

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "session/input.h"
 #include "state/key_codes.h"
 #include "support/maze_reading.h"
@@ -53,8 +55,7 @@ TEST(StartAndFinishInAdjacentCells, TakeOneStrokeTheStubAndPhaseFour) {
   Solving s({"....", ".**.", "...."}, squareOf(2, 2), squareOf(3, 2));
   Bitmap expected = s.canvas.image();
   // From the passage into the finish and to its centre; the start is whole.
-  for (int x = 29; x <= 35; ++x)
-    expected.pixels[static_cast<std::size_t>(25 * expected.width + x)] = kFuchsia - 1;
+  for (int x = 29; x <= 35; ++x) pixelAt(expected, x, 25) = kFuchsia - 1;
   s.solve();
   EXPECT_EQ(s.state.phase, Phase::solved);
   EXPECT_TRUE(samePicture(s.canvas.image(), expected));
@@ -68,11 +69,11 @@ TEST(AFinishEntered, HasItsStubOnTheSideOfArrival) {
     int fromX, fromY, toX, toY;  // the stub
   };
   // The finish is 31 to 38, its centre 35.
-  const Side sides[] = {{"left", 2, 3, 31, 35, 35, 35},
-                        {"right", 4, 3, 35, 35, 38, 35},
-                        {"above", 3, 2, 35, 31, 35, 35},
-                        {"below", 3, 4, 35, 35, 35, 38}};
-  for (const Side& side : sides) {
+  constexpr auto kSides = std::to_array<Side>({{"left", 2, 3, 31, 35, 35, 35},
+                                               {"right", 4, 3, 35, 35, 38, 35},
+                                               {"above", 3, 2, 35, 31, 35, 35},
+                                               {"below", 3, 4, 35, 35, 35, 38}});
+  for (const Side& side : kSides) {
     Text cells(5, ".....");
     cells[2][2] = cells[static_cast<std::size_t>(side.row - 1)][static_cast<std::size_t>(side.column - 1)] =
         '*';

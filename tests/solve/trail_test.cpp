@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -46,8 +48,7 @@ TEST(TheCentre, IsHalfAWallSizeLessOneFromTheCorner) {
 TEST(AStroke, GoesFromCentreToCentreWithBothEndsIncluded) {
   Trail t(squareOf(2, 2), squareOf(3, 2));
   Bitmap expected = t.canvas.image();
-  for (int x = 25; x <= 35; ++x)
-    expected.pixels[static_cast<std::size_t>(25 * expected.width + x)] = kFuchsia;
+  for (int x = 25; x <= 35; ++x) pixelAt(expected, x, 25) = kFuchsia;
   updateTrail(t.program);
   EXPECT_TRUE(samePicture(t.canvas.image(), expected));
   EXPECT_EQ(t.state.solver.pathLength, 1);
@@ -101,13 +102,13 @@ struct Move {
 TEST(APassageOfAnotherColour, IsRepairedWhereTheStrokeWentThroughIt) {
   constexpr Colour kOther = 0x123456;
   // The cell gone to is at its corner (l, t); its right and bottom are l + 7 and t + 7.
-  const Move moves[] = {
+  constexpr auto kMoves = std::to_array<Move>({
       {"down", 2, 3, 25, 30, 21, 30, 0, -1},
       {"up", 2, 1, 25, 19, 21, 19, 0, 1},
       {"right", 3, 2, 30, 25, 30, 21, -1, 0},
       {"left", 1, 2, 19, 25, 19, 21, 1, 0},
-  };
-  for (const Move& m : moves) {
+  });
+  for (const Move& m : kMoves) {
     Trail t(squareOf(2, 2), squareOf(m.column, m.row));
     t.program.colours.setMaze(2, kOther);
     const int acrossX = m.dx != 0 ? 0 : 1;

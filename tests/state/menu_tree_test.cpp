@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 
 #include "session/menu_commands.h"
@@ -16,7 +17,7 @@ struct Spot {
 };
 
 TEST(TheCaptions, AreLetterForLetterThoseOfTheProgram) {
-  const Spot spots[] = {
+  constexpr auto kSpots = std::to_array<Spot>({
       {Item::drawingt, Item::bar, "Options"},
       {Item::importdrawing, Item::drawingt, "Import Bitmap"},
       {Item::ndrawing, Item::drawingt, "New Gridwright Drawing"},
@@ -39,21 +40,21 @@ TEST(TheCaptions, AreLetterForLetterThoseOfTheProgram) {
        "(2)-Computer finds largest solution (include underpasses)"},
       {Item::mode3, Item::mazemode1, "          3"},
       {Item::autominimize, Item::mazemodes, "Auto-minimize (Greatly speeds execution)"},
-      {Item::maxrnd, Item::fgjjkhj, "Random patterns are allways size \"5\""},
-      {Item::usernd, Item::fgjjkhj, "Random patterns are any size from \"1\" to \"5\""},
+      {Item::maxrnd, Item::fgjjkhj, R"(Random patterns are allways size "5")"},
+      {Item::usernd, Item::fgjjkhj, R"(Random patterns are any size from "1" to "5")"},
       {Item::stopfinish, Item::ghdfrjkg, "Make maze only until start and finish are reached"},
       {Item::patterns, Item::bar, "Patterns"},
       {Item::uppattern, Item::patterns, "Edit up pattern"},
       {Item::help, Item::bar, "Instructions"},
       {Item::menu4, Item::keysdrawing,
-       "Press \"I\",\"k\",\"J\", or \"l\" to move in any direction in small steps"},
+       R"(Press "I","k","J", or "l" to move in any direction in small steps)"},
       {Item::menu7, Item::keysdrawing,
-       "Press \"t\",  \"f\", \"g\", and \"h\" to decrease the size of your square"},
+       R"(Press "t",  "f", "g", and "h" to decrease the size of your square)"},
       {Item::keysmaze, Item::help, "Keys for making your maze "},
       {Item::ghgjjy, Item::keysanswer, "Use the numeric keypad to move (If playmode is on)"},
-  };
+  });
   const MenuModel menus;
-  for (const Spot& spot : spots) {
+  for (const Spot& spot : kSpots) {
     EXPECT_EQ(menus.caption(spot.item), spot.caption);
     EXPECT_EQ(rowOf(spot.item).parent, spot.parent) << spot.caption;
   }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "session/input.h"
 #include "support/world.h"
 
@@ -74,8 +76,8 @@ TEST(AMazeThatStarts, SaysNothing) {
 }
 
 TEST(TheKindThatIsInHandAlready, IsToldWhenItIsChosenAgain) {
-  const std::pair<Item, std::string> kinds[] = {
-      {Item::createreg, "2-d mazes"}, {Item::create3d, "3d-mazes"}, {Item::create3dpipe, "3d-pipe-mazes"}};
+  const auto kinds = std::to_array<std::pair<Item, std::string>>(
+      {{Item::createreg, "2-d mazes"}, {Item::create3d, "3d-mazes"}, {Item::create3dpipe, "3d-pipe-mazes"}});
   for (const auto& [item, name] : kinds) {
     Told w;
     if (item != Item::createreg) w.choose(item);
@@ -109,11 +111,11 @@ TEST(AMazeOfLessThanThreeCells, SaysWhyItsEndsCannotBePlaced) {
 }
 
 TEST(ThePatternInTheEditor, IsToldWhenItIsChosenAgain) {
-  const std::pair<Item, const char*> patterns[] = {{Item::editpatterns, "left"},
-                                                   {Item::rightpattern, "right"},
-                                                   {Item::uppattern, "up"},
-                                                   {Item::downpattern, "down"}};
-  for (const auto& [item, name] : patterns) {
+  constexpr auto kPatterns = std::to_array<std::pair<Item, const char*>>({{Item::editpatterns, "left"},
+                                                                          {Item::rightpattern, "right"},
+                                                                          {Item::uppattern, "up"},
+                                                                          {Item::downpattern, "down"}});
+  for (const auto& [item, name] : kPatterns) {
     Told w;
     w.choose(item);
     w.expectNothing();

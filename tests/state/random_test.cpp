@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
 
 namespace gridwright::test {
@@ -56,14 +57,14 @@ TEST(TwoThatWillDrawTheSame, AreEqual) {
 TEST(AWholeNumber, IsFromOneToTheCountAndEachComesUp) {
   Random random;
   random.seed(1);
-  int seen[5] = {};
+  std::array<int, 5> seen{};
   for (int i = 0; i < 4000; ++i) {
     const int drawn = random.oneTo(4);
     ASSERT_GE(drawn, 1);
     ASSERT_LE(drawn, 4);
-    ++seen[drawn];
+    ++seen.at(static_cast<std::size_t>(drawn));
   }
-  for (int i = 1; i <= 4; ++i) EXPECT_GT(seen[i], 800);
+  for (std::size_t number = 1; number <= 4; ++number) EXPECT_GT(seen[number], 800) << number;
 }
 
 TEST(TheSameSeed, GivesTheSameDraws) {
