@@ -138,6 +138,7 @@ TEST(AReplacedFile, IsWholeHoweverManyReplaceIt) {
   ASSERT_TRUE(replacePlainFile(path, bytes));
   std::atomic<int> writing = 3;
   std::vector<std::thread> writers;
+  writers.reserve(3);
   for (int i = 0; i < 3; ++i) {
     writers.emplace_back([&] {
       for (int times = 0; times < 3'000; ++times) (void)replacePlainFile(path, bytes);

@@ -233,6 +233,7 @@ TEST(TheFinish, SendsTheWalkerBackToTheOriginAndEndsNothingWhenAllIsToBeFilled) 
 }
 
 TEST(MakingOnlyUntilBothEndsAreReached, LeavesTheRestOfTheDrawingFree) {
+  constexpr int kHalfOfThePixels = 16 * 12 * 50;  // of all cells
   int unfinished = 0;
   for (std::uint32_t seed = 1; seed <= 6; ++seed) {
     World w;
@@ -246,7 +247,7 @@ TEST(MakingOnlyUntilBothEndsAreReached, LeavesTheRestOfTheDrawingFree) {
       const Bitmap maze = *w.desktop.file("drawing3.bmp");
       EXPECT_EQ(maze.at(p.state.start.left, p.state.start.top), kWhite);
       EXPECT_EQ(maze.at(p.state.finish.left, p.state.finish.top), kWhite);
-      unfinished += std::count(maze.pixels.begin(), maze.pixels.end(), kNavy) > 16 * 12 * 50;
+      unfinished += std::count(maze.pixels.begin(), maze.pixels.end(), kNavy) > kHalfOfThePixels;
     });
     EXPECT_EQ(w.run(), "") << seed;
   }

@@ -93,18 +93,20 @@ TEST(TheLastBytesOfADocument, CountToo) {
 TEST(TwoDocumentsOfOneName, GrowApartAndTheLaterOneWinsWhole) {
   const TempFolder temp;
   const fs::path path = temp.path() / "out.pdf";
+  const Bitmap page = noise(50, 40);
+  const std::size_t pageBytes = 3 * page.pixels.size();
   PdfDocument first(path);
   PdfDocument second(path);
   EXPECT_EQ(namesIn(temp.path()).size(), 2U);
-  EXPECT_TRUE(first.addPage(noise(50, 40)));
+  EXPECT_TRUE(first.addPage(page));
   EXPECT_TRUE(second.addPage(plainBitmap(8, 6, kNavy)));
   EXPECT_TRUE(second.finish());
   const std::string small = temp.get("out.pdf");
   EXPECT_TRUE(isWholeDocument(small));
-  EXPECT_TRUE(first.addPage(noise(50, 40)));
+  EXPECT_TRUE(first.addPage(page));
   EXPECT_TRUE(first.finish());
   EXPECT_TRUE(isWholeDocument(temp.get("out.pdf")));
-  EXPECT_GT(temp.get("out.pdf").size(), small.size() + 2 * 3 * 50 * 40);
+  EXPECT_GT(temp.get("out.pdf").size(), small.size() + 2 * pageBytes);
   EXPECT_EQ(namesIn(temp.path()), std::set<std::string>{"out.pdf"});
 }
 

@@ -123,8 +123,7 @@ TEST(EverySwatch, IsNamedByItsColourWhateverItsCaption) {
 TEST(TheMazeColours, StandAboveTheClassesAndCoverNone) {
   Desk desk;
   for (const ControlId first : {ControlId::Check1, ControlId::Check35}) {
-    for (int i = 0; i < 16; ++i)
-      desk.model.show(controlAt(static_cast<std::size_t>(static_cast<int>(first) + i)));
+    for (std::size_t i = 0; i < 16; ++i) desk.model.show(controlAt(static_cast<std::size_t>(first) + i));
   }
   desk.show();
   const auto placeOf = [&](ControlId id) {

@@ -165,7 +165,7 @@ TEST(AMazeThatGrows, LeavesTheRightSideAlone) {
   w.program.state.phase = Phase::making;
   w.program.state.creationMode = CreationMode::computer;
   w.look();
-  QLabel* status = w.line.findChild<QLabel*>("Status");
+  auto* status = w.line.findChild<QLabel*>("Status");
   status->setAccessibleName("as it was");  // any word told anew would replace this
   for (int step = 0; step < 10; ++step) {
     w.program.state.cur = w.program.state.cur.moved(10, 0);

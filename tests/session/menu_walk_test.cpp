@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <set>
 
 #include "menus/enable_table.h"
 #include "menus/panels.h"
@@ -200,7 +201,7 @@ class Fidget {
   explicit Fidget(std::uint32_t seed) : random_(seed) {}
 
   void operator()(Program& p, BareDesktop& desktop) {
-    seen_[static_cast<std::size_t>(static_cast<int>(p.state.phase) + 6)] = true;
+    seen_.insert(p.state.phase);
     fault_ = fault_.empty() ? disagreement(p) : fault_;
     switch (below(12)) {
       case 0:
@@ -227,9 +228,7 @@ class Fidget {
   }
 
   [[nodiscard]] const std::string& fault() const { return fault_; }
-  [[nodiscard]] bool hasSeen(Phase phase) const {
-    return seen_[static_cast<std::size_t>(static_cast<int>(phase) + 6)];
-  }
+  [[nodiscard]] bool hasSeen(Phase phase) const { return seen_.contains(phase); }
 
  private:
   int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
@@ -276,7 +275,7 @@ class Fidget {
 
   std::mt19937 random_;
   std::string fault_;
-  std::array<bool, 12> seen_{};
+  std::set<Phase> seen_;
 };
 
 bool isAtRest(const Program& p) {

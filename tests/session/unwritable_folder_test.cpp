@@ -166,7 +166,7 @@ TEST(ASessionAmongNamesThatAreNoPlainFiles, WritesToNoneAndTellsEachOnce) {
     for (const std::string& name : {names[0], names[1], names[2], names[3], names[4]})
       expected.push_back("Error: " + name + " is not a plain file; nothing is written to it.");
     expected.emplace_back("Error: bad file name.");  // what could not be saved is said each time
-    expected.push_back("Error: wave.pat is not a plain file; nothing is written to it.");
+    expected.emplace_back("Error: wave.pat is not a plain file; nothing is written to it.");
     EXPECT_EQ(s.desktop.messages, expected);
     EXPECT_EQ(elsewhere.get("mine"), "precious");
     EXPECT_FALSE(fs::exists(elsewhere.path() / "made"));

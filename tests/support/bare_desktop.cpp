@@ -27,7 +27,7 @@ void BareDesktop::menu(Item item) {
   });
 }
 
-void BareDesktop::enter(ControlId box, std::string text) {
+void BareDesktop::enter(ControlId box, const std::string& text) {
   act([box, text](Program& p) { input::textTyped(p, box, text); });
   act([box](Program& p) { input::enterPressed(p, box); });
 }

@@ -38,7 +38,7 @@ class BareDesktop : public Platform {
   void click(ControlId button);
   /// Chooses an item that a person can choose; otherwise the run is `refused`.
   void menu(Item item);
-  void enter(ControlId box, std::string text);
+  void enter(ControlId box, const std::string& text);
 
   void doEvents(Program& program, Pace pace) override;
   std::int64_t quietPumps(const Program& program) override { return quiet ? quiet(program) : 0; }

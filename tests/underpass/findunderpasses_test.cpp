@@ -55,7 +55,8 @@ struct Field : World {
     std::size_t columns = (map[0].size() + 1) / 2;
     std::size_t rows = (map.size() + 1) / 2;
     if (vertical) std::swap(columns, rows);
-    return Text(rows, std::string(columns, '.'));
+    Text cells(rows, std::string(columns, '.'));
+    return cells;
   }
   bool allows(int level) {
     state.difficultyLevel = level;
