@@ -356,9 +356,44 @@ def name():
     return picture
 
 
+LETTERS = {  # five by five blocks, each letter in one piece
+    "A": "##### #...# ##### #...# #...#", "C": "##### #.... #.... #.... #####", "E": "##### #.... ####. #.... #####",
+    "G": "##### #.... #..## #...# #####", "H": "#...# #...# ##### #...# #...#", "L": "#.... #.... #.... #.... #####",
+    "M": "##.## ##### #.#.# #...# #...#", "N": "##..# ###.# #.### #..## #..##", "O": "##### #...# #...# #...# #####",
+    "P": "##### #...# ##### #.... #....", "R": "##### #...# ##### #.##. #..##",
+}
+
+
+def words():
+    """Twenty letters that do not touch: each has a maze of its own."""
+    picture, block = Picture((254, 254, 254)), 24
+    colours = (NAVY, MAROON, GREEN, PURPLE, TEAL, OLIVE)
+    for line, word in enumerate(("APPLE", "GRAPE", "MELON", "PEACH")):
+        for place, letter in enumerate(word):
+            for down, row in enumerate(LETTERS[letter].split()):
+                for across, ink in enumerate(row):
+                    left, top = 32 + 152 * place + block * across, 24 + 144 * line + block * down
+                    if ink == "#":
+                        picture.box(left, top, left + block, top + block, colours[(5 * line + place) % 6])
+    return picture
+
+
+def panes():
+    """A hundred panes in lead as thick as three cells, so that no walker comes from one to the next."""
+    lead = (52, 52, 60)
+    picture = Picture(lead)
+    colours = (NAVY, TEAL, PURPLE, MAROON, OLIVE, GREEN, SILVER)
+    for row in range(10):
+        for column in range(10):
+            left, top = 23 + 77 * column, 23 + 57 * row
+            colour = colours[min(abs(2 * row - 9), 9) // 2 + min(abs(2 * column - 9), 9) // 2 - 2]
+            picture.box(left, top, left + 61, top + 41, colour)
+    return picture
+
+
 PICTURES = {
     "balloon": balloon, "cat": cat, "snail": snail, "window": window, "butterfly": butterfly, "octopus": octopus,
-    "name": name,
+    "name": name, "words": words, "panes": panes,
 }
 
 

@@ -73,7 +73,7 @@ class Look {
           goOnFrom(beside, number, cell);
         } else if (mayBeEntered(beside, cell)) {
           return true;
-        } else if (s.mazeKind == MazeKind::regular) {
+        } else {
           hopOver(beside, cell);
         }
       }
@@ -104,12 +104,15 @@ class Look {
            canBeJoined(program_, way_.corner(cell), way_.corner(from));
   }
 
-  /// Over one cell that is no background.
+  /// The walk back goes over one cell that is not carved: in the regular kind over what is no background, in
+  /// the 3-d kind over anything, in pipes not at all.
   void hopOver(CellPlace cell, CellPlace from) {
+    const MazeKind kind = program_.state.mazeKind;
+    if (kind == MazeKind::pipe) return;
     const CellCorner corner = way_.corner(cell);
+    if (kind == MazeKind::regular && program_.pixels().background(corner.left, corner.top)) return;
     const CellPlace beyond = oneOn(cell, from);
-    if (!way_.holds(beyond) || program_.pixels().background(corner.left, corner.top)) return;
-    if (isCarvedAt(program_, way_, beyond)) take(beyond);
+    if (way_.holds(beyond) && isCarvedAt(program_, way_, beyond)) take(beyond);
   }
 
   Program& program_;

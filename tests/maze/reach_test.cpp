@@ -56,14 +56,18 @@ TEST(TheLook, GoesThroughWallsAsTheWalkBackDoes) {
   EXPECT_TRUE(walk.canReach());
 }
 
-TEST(TheLook, HopsOverOneCellOfBorderInTheRegularKindAlone) {
+TEST(TheLook, HopsOverOneCellAsTheWalkBackDoesInItsKind) {
   EXPECT_TRUE(Walk({"*#*.", "####"}).canReach());
   EXPECT_FALSE(Walk({"*##*.", "#####"}).canReach());
-  EXPECT_FALSE(Walk({"*#*.", "####"}, MazeKind::threeD).canReach());
+  EXPECT_TRUE(Walk({"*#*.", "####"}, MazeKind::threeD).canReach());
+  EXPECT_FALSE(Walk({"*##*.", "#####"}, MazeKind::threeD).canReach());
+  EXPECT_FALSE(Walk({"*####", "#####", "##*..", "#####"}, MazeKind::pipe).canReach());
   // A cell that is half carved and half background is no border, and nothing free.
   Walk ground({"*.*.", "####"});
   ground.w.canvas.fill(24, 14, 26, 16, kBlue);
   EXPECT_FALSE(ground.canReach());
+  ground.w.state.mazeKind = MazeKind::threeD;
+  EXPECT_TRUE(ground.canReach());
 }
 
 TEST(TheLook, KnowsThatTheFinishSendsTheWalkerToTheOrigin) {
@@ -237,7 +241,8 @@ bool reachesByHand(const Program& program) {
       if (pixels.maze(nx, ny)) {
         const bool finish = nx == s.finish.left && ny == s.finish.top;
         next.push_back(finish ? Place{s.walker.walkStart.left, s.walker.walkStart.top} : Place{nx, ny});
-      } else if (s.mazeKind == MazeKind::regular && !pixels.background(nx, ny) &&
+      } else if (s.mazeKind != MazeKind::pipe &&
+                 (s.mazeKind == MazeKind::threeD || !pixels.background(nx, ny)) &&
                  pixels.maze(nx + dx, ny + dy)) {
         next.emplace_back(nx + dx, ny + dy);
       }
