@@ -20,9 +20,10 @@ std::array<CellPlace, 4> neighbours(CellPlace cell);
 bool canBeJoined(const Program& program, CellCorner cell, CellCorner beside);
 
 /// The look: whether the walker can still get to free ground over carved ground, as far as it is known to
-/// wander: from cell to cell through walls, from the finish to the origin, over one cell of border, in the 3-d
-/// kind over any one cell. A flood over more cells than passes were waited is given up, so that it never
-/// costs more than the wait; nor is it known where a walker beside the way can get to. The answer is yes then.
+/// wander: from cell to cell through walls, from the finish to the origin, over one cell of border, in the
+/// 3-d kind over any one cell. A flood over more cells than passes were waited is given up, so that it never
+/// costs more than the wait; nor is it known where a walker beside the way can get to. The answer is yes
+/// then.
 bool canReachFreeGround(Program& program);
 
 /// Looks for free cells from which no carved ground can be reached over free cells.
