@@ -38,10 +38,9 @@ class StillDesktop : public Platform {
     if (found == pictures.end()) return Fault{Fault::Kind::notFound, path.string()};
     return found->second;
   }
-  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
-                           Overwrite /*how*/) override {
+  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override {
     pictures[path.filename().string()] = picture;
-    return Done{};
+    return FileMark{};
   }
   Outcome<Done> printForm(const Bitmap& /*picture*/) override { return Done{}; }
   Outcome<PagesWent> printAlone(const Bitmap& /*picture*/) override { return PagesWent{}; }

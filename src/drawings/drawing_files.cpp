@@ -73,9 +73,7 @@ Outcome<Done> savePair(Program& program, const std::string& base) {
     recoverPair(paths);
     return written.fault();
   }
-  if (auto written =
-          program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap(), Overwrite::atOnce);
-      !written) {
+  if (auto written = program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap()); !written) {
     recoverPair(paths);
     return written.fault();
   }
@@ -204,11 +202,11 @@ void tellIfUnwritable(Program& program) {
 }
 
 void keep(Program& program, const Bitmap& picture) {
-  if (program.pictures.save(kLastDrawing, picture, Overwrite::atOnce)) return;
+  if (program.pictures.save(kLastDrawing, picture)) return;
   tellIfUnwritable(program);
   const fs::path data = otherPlace(program);
   if (data.empty()) return;
-  const auto kept = program.platform.saveBitmap(picture, data / kLastDrawing, Overwrite::atOnce);
+  const auto kept = program.platform.saveBitmap(picture, data / kLastDrawing);
   if (kept) return;
   program.files->tellIfNoPlainFile(kept.fault());
   program.files->tell("Error: the drawing can be kept neither in this folder nor in " + data.string() +

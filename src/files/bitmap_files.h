@@ -5,7 +5,7 @@
 
 #include "canvas/bitmap.h"
 #include "canvas/outcome.h"
-#include "files/overwrite.h"
+#include "files/plain_file.h"
 
 namespace gridwright {
 
@@ -17,10 +17,10 @@ class BitmapFiles {
   /// \returns a Fault, and nothing else happens, when it cannot be opened or is not whole.
   virtual Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) = 0;
 
-  /// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself
-  /// fails in the middle of one written in place. To what is no plain file nothing is written.
-  virtual Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
-                                   Overwrite how) = 0;
+  /// Writes a 24-bit bitmap file beside its name and renames it: what was there or the new one is there,
+  /// whole, at any moment, also on failure. To what is no plain file nothing is written. \returns the mark of
+  /// the file that was written, or a Fault.
+  virtual Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) = 0;
 };
 
 }  // namespace gridwright

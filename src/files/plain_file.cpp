@@ -34,6 +34,11 @@ struct stat about(const OpenFile& file) {
   return known;
 }
 
+FileMark markIn(const struct stat& known) {
+  return {known.st_dev, known.st_ino, static_cast<std::uintmax_t>(known.st_size), known.st_mtim.tv_sec,
+          known.st_mtim.tv_nsec};
+}
+
 /// Whether the name leads to this open file, and no other name does.
 bool isNamed(const fs::path& path, const OpenFile& file) {
   const struct stat open = about(file);
@@ -141,19 +146,21 @@ Outcome<Done> writePlainFile(const fs::path& path, std::string_view bytes) {
   return Done{};
 }
 
-bool writeOverSameLength(const fs::path& path, std::string_view bytes) {
-  const OpenFile file(::open(path.c_str(), O_WRONLY | O_NOFOLLOW | kOwnWay));
-  const struct stat known = about(file);
-  return S_ISREG(known.st_mode) && known.st_nlink == 1 &&
-         static_cast<std::uintmax_t>(known.st_size) == bytes.size() && writeAll(file, bytes);
+std::optional<FileMark> markOf(const fs::path& path) {
+  struct stat known {};
+  if (::lstat(path.c_str(), &known) != 0 || !S_ISREG(known.st_mode)) return std::nullopt;
+  return markIn(known);
 }
 
-Outcome<Done> replacePlainFile(const fs::path& path, std::string_view bytes) {
+Outcome<FileMark> replacePlainFile(const fs::path& path, std::string_view bytes) {
   if (isNoPlainFile(path)) return notPlain(path);
   const fs::path building = buildingName(path);
   const auto file = openHeld(building);
   if (!file) return file.fault();
-  if (writeAll(file.value(), bytes) && ::rename(building.c_str(), path.c_str()) == 0) return Done{};
+  if (writeAll(file.value(), bytes)) {
+    const FileMark mark = markIn(about(file.value()));  // from here on everybody can reach it by its name
+    if (::rename(building.c_str(), path.c_str()) == 0) return mark;
+  }
   ::unlink(building.c_str());
   return notWritable(path);
 }

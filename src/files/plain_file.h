@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -58,13 +59,21 @@ bool writeAll(const OpenFile& file, std::string_view bytes);
 /// Writes the bytes over what was there; they may be cut off by a full disk. Faults as above.
 Outcome<Done> writePlainFile(const std::filesystem::path& path, std::string_view bytes);
 
-/// Writes the bytes over those of a file that is just as long and has no other name.
-/// \returns false where no such file is, or it was not all written.
-bool writeOverSameLength(const std::filesystem::path& path, std::string_view bytes);
+/// What tells the state of a file: another one under its name, or the same one written to since, has another
+/// mark. A write within one tick of the file system's clock, some milliseconds, is not told by it.
+struct FileMark {
+  std::uintmax_t device = 0, number = 0, bytes = 0;
+  std::int64_t seconds = 0, nanoseconds = 0;  ///< When its bytes were last changed.
+  friend bool operator==(const FileMark&, const FileMark&) = default;
+};
+
+/// The mark of the plain file that bears the name; nothing where there is none.
+std::optional<FileMark> markOf(const std::filesystem::path& path);
 
 /// Writes the bytes by way of a file beside it that is renamed: the old bytes or the new ones are there,
 /// whole, at any moment, and on failure nothing is left behind. Faults as above.
-Outcome<Done> replacePlainFile(const std::filesystem::path& path, std::string_view bytes);
+/// \returns the mark of the file with just these bytes, whatever another hand does to it meanwhile.
+Outcome<FileMark> replacePlainFile(const std::filesystem::path& path, std::string_view bytes);
 
 /// What a file is called until it is whole.
 std::filesystem::path buildingName(std::filesystem::path path);

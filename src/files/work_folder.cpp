@@ -68,7 +68,9 @@ Outcome<Done> WorkFolder::writeText(std::string_view name, std::string_view text
 }
 
 Outcome<Done> WorkFolder::replaceText(std::string_view name, std::string_view text) {
-  return replacePlainFile(resolve(name), text);
+  const auto replaced = replacePlainFile(resolve(name), text);
+  if (!replaced) return replaced.fault();
+  return Done{};
 }
 
 bool WorkFolder::takesFiles() const {

@@ -1,6 +1,5 @@
 #include "files/work_pictures.h"
 
-#include <system_error>
 #include <utility>
 
 #include "files/bitmap_files.h"
@@ -8,43 +7,34 @@
 
 namespace gridwright {
 
-std::optional<WorkPictures::Stamp> WorkPictures::stampOf(const std::filesystem::path& path) {
-  std::error_code noTime;
-  std::error_code noSize;
-  const Stamp stamp{std::filesystem::last_write_time(path, noTime), std::filesystem::file_size(path, noSize)};
-  if (noTime || noSize) return std::nullopt;
-  return stamp;
-}
-
-bool WorkPictures::isAsWritten(const Copy& copy, const std::filesystem::path& path) {
-  return !copy.lastWriteFailed && copy.written && copy.written == stampOf(path);
-}
-
-bool WorkPictures::save(std::string_view name, Bitmap picture, Overwrite how) {
+bool WorkPictures::save(std::string_view name, Bitmap picture) {
   Copy& copy = copies_[std::string(name)];
   const std::filesystem::path path = folder_.resolve(name);
-  if (isAsWritten(copy, path) && copy.picture == picture) return true;
+  if (copy.isIn(path) && copy.picture == picture) return true;
   copy.picture = std::move(picture);
-  const auto saved = bitmaps_.saveBitmap(copy.picture, path, how);
-  if (!saved) folder_.tellIfNoPlainFile(saved.fault());
+  copy.file.reset();
+  const auto saved = bitmaps_.saveBitmap(copy.picture, path);
   copy.lastWriteFailed = !saved;
-  copy.written = stampOf(path);
+  if (saved) {
+    copy.file = saved.value();
+  } else {
+    folder_.tellIfNoPlainFile(saved.fault());
+  }
   return !copy.lastWriteFailed;
 }
 
 const Bitmap& WorkPictures::load(std::string_view name) {
-  const auto kept = copies_.find(name);
-  const bool known = kept != copies_.end();
-  if (known && kept->second.lastWriteFailed) return kept->second.picture;
+  Copy& copy = copies_[std::string(name)];
+  if (copy.lastWriteFailed) return copy.picture;
   const std::filesystem::path path = folder_.resolve(name);
-  if (known && isAsWritten(kept->second, path)) return kept->second.picture;
-  fromFile_ = {};
-  if (auto read = bitmaps_.loadBitmap(path)) {
-    fromFile_ = std::move(read.value());
-  } else if (known) {
-    return kept->second.picture;
-  }
-  return fromFile_;
+  if (copy.isIn(path)) return copy.picture;
+  const auto before = markOf(path);
+  auto read = bitmaps_.loadBitmap(path);
+  if (!read) return copy.picture;
+  copy.picture = std::move(read.value());
+  copy.file.reset();
+  if (before == markOf(path)) copy.file = before;  // else it was changed while it was read
+  return copy.picture;
 }
 
 }  // namespace gridwright

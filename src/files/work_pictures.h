@@ -1,13 +1,13 @@
 // The pictures in progress: "drawing1.bmp" and its fellows in the working folder.
 //
-// A picture is read from its file. If that cannot be read, or its last write failed, the copy kept in
-// memory stands in: a full disk or a deleted file loses nothing. Failures are quiet, but for a name that
-// is no plain file's. A file that is
-// still as it was written is not decoded again, because the copy is the same picture, nor written
+// A picture is read from its file, and written beside its name and renamed: a program that is killed leaves
+// the old picture or the new one, whole. Of each name the picture that was last written or read is kept in
+// memory. If the file cannot be read, or its last write failed, the copy stands in: a full disk or a deleted
+// file loses nothing. Failures are quiet, but for a name that is no plain file's. A file that is still as it
+// was written or read, by its mark, is not decoded again, because the copy is the same picture, nor written
 // again when it would get the same picture.
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -15,7 +15,7 @@
 #include <string_view>
 
 #include "canvas/bitmap.h"
-#include "files/overwrite.h"
+#include "files/plain_file.h"
 
 namespace gridwright {
 
@@ -27,30 +27,21 @@ class WorkPictures {
   WorkPictures(BitmapFiles& bitmaps, WorkFolder& folder) : bitmaps_(bitmaps), folder_(folder) {}
 
   /// \returns whether the picture is in its file now.
-  bool save(std::string_view name, Bitmap picture, Overwrite how = Overwrite::inPlace);
+  bool save(std::string_view name, Bitmap picture);
   /// The picture, or an empty one that was never written; it stands until the next call.
   const Bitmap& load(std::string_view name);
 
  private:
-  /// What tells that a file was touched since.
-  struct Stamp {
-    std::filesystem::file_time_type time;
-    std::uintmax_t size = 0;
-    friend bool operator==(const Stamp&, const Stamp&) = default;
-  };
   struct Copy {
     Bitmap picture;
     bool lastWriteFailed = false;
-    std::optional<Stamp> written;
+    std::optional<FileMark> file;  ///< Of the file that holds just this picture.
+    [[nodiscard]] bool isIn(const std::filesystem::path& path) const { return file && file == markOf(path); }
   };
-
-  static std::optional<Stamp> stampOf(const std::filesystem::path& path);
-  static bool isAsWritten(const Copy& copy, const std::filesystem::path& path);
 
   BitmapFiles& bitmaps_;
   WorkFolder& folder_;
   std::map<std::string, Copy, std::less<>> copies_;
-  Bitmap fromFile_;
 };
 
 }  // namespace gridwright

@@ -43,7 +43,6 @@ TEST(WhatIsNoPlainFile, IsNeverWrittenThroughNorReplaced) {
     EXPECT_EQ(writePlainFile(path, "new").fault().kind, kNotPlain);
     EXPECT_EQ(replacePlainFile(path, "new").fault().kind, kNotPlain);
     EXPECT_EQ(openForNewContent(path).fault().kind, kNotPlain);
-    EXPECT_FALSE(writeOverSameLength(path, "12345678"));
     EXPECT_TRUE(isNoPlainFile(path));
     EXPECT_EQ(elsewhere.get("mine"), "precious");
     EXPECT_FALSE(fs::exists(elsewhere.path() / "made")) << "where a link points that leads nowhere";
@@ -154,14 +153,39 @@ TEST(AReplacedFile, IsWholeHoweverManyReplaceIt) {
   EXPECT_EQ(cut, 0);
 }
 
-TEST(AFileOfTheSameLength, IsWrittenOverAndNoOther) {
+TEST(AMark, IsThatOfTheFileWithTheBytesThatWereWritten) {
   const TempFolder temp;
-  temp.put("a", "12345");
-  EXPECT_FALSE(writeOverSameLength(temp.path() / "a", "123456"));
-  EXPECT_FALSE(writeOverSameLength(temp.path() / "none", ""));
-  EXPECT_FALSE(fs::exists(temp.path() / "none"));
-  EXPECT_TRUE(writeOverSameLength(temp.path() / "a", "abcde"));
-  EXPECT_EQ(temp.get("a"), "abcde");
+  const fs::path path = temp.path() / "a";
+  const auto written = replacePlainFile(path, "12345");
+  ASSERT_TRUE(written);
+  EXPECT_EQ(markOf(path), written.value());
+  EXPECT_EQ(written.value().bytes, 5U);
+}
+
+TEST(AMark, IsAnotherOnceAnotherHandHasWrittenReplacedOrRemovedTheFile) {
+  const TempFolder temp;
+  const fs::path path = temp.path() / "a";
+  const FileMark first = replacePlainFile(path, "12345").value();
+  fs::last_write_time(path, fs::last_write_time(path) + std::chrono::nanoseconds(1));
+  EXPECT_NE(markOf(path), first) << "written to";
+  const FileMark second = replacePlainFile(path, "12345").value();
+  fs::copy_file(path, temp.path() / "other");
+  fs::last_write_time(temp.path() / "other", fs::last_write_time(path));
+  fs::rename(temp.path() / "other", path);
+  EXPECT_NE(markOf(path), second) << "another file, as long and as old";
+  fs::remove(path);
+  EXPECT_EQ(markOf(path), std::nullopt);
+}
+
+TEST(AMark, IsNoneForWhatIsNoPlainFile) {
+  for (const NoPlainFile kind : kNoPlainFiles) {
+    SCOPED_TRACE(nameOf(kind));
+    const TempFolder temp;
+    const TempFolder elsewhere;
+    elsewhere.put("mine", "precious");
+    put(kind, temp.path() / "a", elsewhere.path() / "mine");
+    EXPECT_EQ(markOf(temp.path() / "a"), std::nullopt);
+  }
 }
 
 }  // namespace

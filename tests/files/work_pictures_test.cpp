@@ -1,11 +1,21 @@
 #include "files/work_pictures.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
 #include <chrono>
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <random>
+#include <thread>
+#include <utility>
 
 #include "files/work_place.h"
+#include "support/as_nobody.h"
 #include "support/disk_desktop.h"
 #include "support/full_disk.h"
 #include "support/no_plain_files.h"
@@ -75,12 +85,20 @@ TEST(TheCopyInMemory, KeepsEveryColourExactly) {
 /// Pictures in a real folder, and how often one was written.
 struct PicturesOnDisk {
   struct Counting : DiskDesktop {
-    Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
-                             Overwrite how) override {
+    Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override {
       ++written;
-      return DiskDesktop::saveBitmap(picture, path, how);
+      const auto saved = DiskDesktop::saveBitmap(picture, path);
+      if (meanwhile) meanwhile();
+      return saved;
     }
-    int written = 0;
+    Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override {
+      ++read;
+      auto loaded = DiskDesktop::loadBitmap(path);
+      if (meanwhile) meanwhile();
+      return loaded;
+    }
+    int written = 0, read = 0;
+    std::function<void()> meanwhile;  ///< What another hand does before the caller goes on.
   };
   /// \returns how many files a save has written.
   int save(const Bitmap& picture) {
@@ -115,6 +133,56 @@ TEST(AWorkPictureThatAnotherHandHasTouched, IsWrittenAgain) {
   EXPECT_TRUE(std::filesystem::exists(path));
 }
 
+TEST(AWorkPictureThatAnotherHandReplacedByOneAsLongAndAsOld, IsReadAndIsWrittenAgain) {
+  PicturesOnDisk p;
+  const auto path = p.temp.path() / "drawing4.bmp";
+  p.save(kOne);
+  const auto replace = [&] {
+    const auto time = std::filesystem::last_write_time(path);
+    ASSERT_TRUE(writeBitmapFile(kOther, path));  // a new file under the name
+    std::filesystem::last_write_time(path, time);
+  };
+  replace();
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  EXPECT_EQ(p.save(kOne), 1);
+  replace();
+  EXPECT_EQ(p.save(kOne), 1);
+  EXPECT_TRUE(samePicture(readBitmapFile(path).value(), kOne));
+}
+
+TEST(AWorkPictureThatAnotherHandReplacesAtOnce, IsNotTakenForTheOneThatWasWritten) {
+  PicturesOnDisk p;
+  const auto path = p.temp.path() / "drawing4.bmp";
+  p.desktop.meanwhile = [&] { ASSERT_TRUE(writeBitmapFile(kOther, path)); };
+  p.save(kOne);
+  p.desktop.meanwhile = nullptr;
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  EXPECT_EQ(p.save(kOne), 1);
+}
+
+TEST(AWorkPictureThatWasReadFromTheDisk, IsNeitherReadNorWrittenAgain) {
+  PicturesOnDisk p;
+  const auto path = p.temp.path() / "drawing4.bmp";
+  ASSERT_TRUE(writeBitmapFile(kOther, path));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  EXPECT_EQ(p.desktop.read, 1);
+  EXPECT_EQ(p.save(kOther), 0);
+  std::filesystem::remove(path);
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther)) << "the copy stands in";
+  EXPECT_EQ(p.save(kOther), 1);
+}
+
+TEST(AWorkPictureThatAnotherHandReplacesWhileItIsRead, IsReadAgain) {
+  PicturesOnDisk p;
+  const auto path = p.temp.path() / "drawing4.bmp";
+  ASSERT_TRUE(writeBitmapFile(kOther, path));
+  p.desktop.meanwhile = [&] { ASSERT_TRUE(writeBitmapFile(kOne, path)); };
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  p.desktop.meanwhile = nullptr;
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOne));
+}
+
 TEST(AWorkPictureThatCouldNotBeWritten, IsTriedAgain) {
   PicturesOnDisk p;
   p.save(kOne);
@@ -146,20 +214,68 @@ TEST(AWorkPictureUnderANameThatIsNoPlainFiles, ComesFromMemoryAndIsToldOnce) {
   }
 }
 
-TEST(AWorkPictureTornInTheMiddle, ComesFromMemoryUntilItIsWhole) {
+TEST(AWorkPictureThatTheDiskCutsOff, ComesFromMemoryAndLeavesTheOlderFileWhole) {
   PicturesOnDisk p;
   const Bitmap first = plainBitmap(60, 40, kNavy);
   const Bitmap second = plainBitmap(60, 40, kRed);
   p.save(first);
   {
-    const FullDisk full(3000);  // the disk gives up in the middle of the file that is written over
+    const FullDisk full(3000);  // the disk gives up in the middle of the new file
     p.save(second);
     EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), second));
   }
-  EXPECT_FALSE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), second));
+  EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), first));
+  EXPECT_FALSE(std::filesystem::exists(p.temp.path() / "drawing4.bmp.building"));
   EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), second));
   EXPECT_EQ(p.save(second), 1) << "not taken for one that is on disk already";
   EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), second));
+}
+
+TEST(AFolderThatCannotBeWritten, KeepsItsPictureWhileTheNewOneComesFromMemory) {
+  PicturesOnDisk p;
+  p.save(kOne);
+  {
+    const ReadOnly readOnly(p.temp.path());
+    p.save(kOther);
+    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+    EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), kOne));
+  }
+  EXPECT_EQ(p.save(kOther), 1) << "it can be written again";
+}
+
+/// Writes picture after picture, each all of one colour, until it is killed; says when the first is there.
+[[noreturn]] void writeForEver(const std::filesystem::path& path, int says) {
+  DiskDesktop desktop;
+  WorkFolder folder(path);
+  WorkPictures pictures{desktop, folder};
+  for (int n = 1;; n = n % 200 + 1) {
+    pictures.save("drawing1.bmp", plainBitmap(400, 300, n));
+    if (says >= 0 && ::write(std::exchange(says, -1), "!", 1) != 1) std::abort();
+  }
+}
+
+TEST(AProgramKilledAtAnyMoment, LeavesTheOldWorkPictureOrTheNewOneWhole) {
+  const TempFolder temp;
+  std::mt19937 moments(1);
+  std::array<int, 2> written{};
+  ASSERT_EQ(::pipe(written.data()), 0);
+  for (int kill = 0; kill < 300; ++kill) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) writeForEver(temp.path(), written[1]);
+    char first = 0;  // however slow the machine is, the kill comes among the writes
+    ASSERT_EQ(::read(written[0], &first, 1), 1);
+    std::this_thread::sleep_for(std::chrono::microseconds(moments() % 5000));
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    const auto picture = readBitmapFile(temp.path() / "drawing1.bmp");
+    ASSERT_TRUE(picture) << "kill " << kill;
+    ASSERT_EQ(picture.value(), plainBitmap(400, 300, picture.value().pixels.front())) << "kill " << kill;
+    WorkFolder(temp.path()).removeLeftOvers();  // as at the next start
+    EXPECT_FALSE(std::filesystem::exists(temp.path() / "drawing1.bmp.building")) << "kill " << kill;
+  }
+  ::close(written[0]);
+  ::close(written[1]);
 }
 
 TEST(AWholeSession, LosesNothingWhenNoPictureAndNoStepFileCanBeWritten) {

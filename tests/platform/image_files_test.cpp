@@ -148,22 +148,7 @@ ino_t fileNumber(const std::filesystem::path& path) {
   return about.st_ino;
 }
 
-TEST(APictureWrittenInPlace, TakesTheSameFileWhereItsLengthIsTheSame) {
-  const TempFolder temp;
-  const auto path = temp.path() / "out.bmp";
-  ASSERT_TRUE(writeBitmapFile(motley(31, 17, 200), path, Overwrite::inPlace));
-  const ino_t first = fileNumber(path);
-  const Bitmap picture = motley(31, 17, 5);
-  ASSERT_TRUE(writeBitmapFile(picture, path, Overwrite::inPlace));
-  EXPECT_EQ(fileNumber(path), first);
-  EXPECT_TRUE(samePicture(readBitmapFile(path).value(), picture));
-  const Bitmap larger = motley(40, 17, 5);
-  ASSERT_TRUE(writeBitmapFile(larger, path, Overwrite::inPlace));
-  EXPECT_NE(fileNumber(path), first);
-  EXPECT_TRUE(samePicture(readBitmapFile(path).value(), larger));
-}
-
-TEST(APictureWrittenAtOnce, IsANewFile) {
+TEST(APictureWrittenOverAnother, IsANewFile) {
   const TempFolder temp;
   const auto path = temp.path() / "out.bmp";
   ASSERT_TRUE(writeBitmapFile(motley(31, 17, 200), path));
@@ -173,12 +158,12 @@ TEST(APictureWrittenAtOnce, IsANewFile) {
   EXPECT_NE(fileNumber(path), first);
 }
 
-TEST(APictureWrittenInPlace, LeavesAFileAloneThatHasAnotherNameToo) {
+TEST(APictureWrittenOverAnother, LeavesTheFileAloneThatHasAnotherNameToo) {
   const TempFolder temp;
   const Bitmap mine = motley(31, 17, 200);
   ASSERT_TRUE(writeBitmapFile(mine, temp.path() / "mine.bmp"));
   std::filesystem::create_hard_link(temp.path() / "mine.bmp", temp.path() / "linked.bmp");
-  ASSERT_TRUE(writeBitmapFile(motley(31, 17, 5), temp.path() / "linked.bmp", Overwrite::inPlace));
+  ASSERT_TRUE(writeBitmapFile(motley(31, 17, 5), temp.path() / "linked.bmp"));
   EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "linked.bmp").value(), motley(31, 17, 5)));
   EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "mine.bmp").value(), mine));
 }
@@ -191,11 +176,9 @@ TEST(APicture, IsWrittenToNothingButAPlainFile) {
     const Bitmap mine = motley(31, 17, 200);
     ASSERT_TRUE(writeBitmapFile(mine, elsewhere.path() / "mine.bmp"));
     put(kind, temp.path() / "out.bmp", elsewhere.path() / "mine.bmp");
-    for (const Overwrite how : {Overwrite::atOnce, Overwrite::inPlace}) {
-      const auto written = writeBitmapFile(motley(31, 17, 5), temp.path() / "out.bmp", how);
-      ASSERT_FALSE(written);
-      EXPECT_EQ(written.fault().kind, Fault::Kind::notPlain);
-    }
+    const auto written = writeBitmapFile(motley(31, 17, 5), temp.path() / "out.bmp");
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.fault().kind, Fault::Kind::notPlain);
     EXPECT_TRUE(samePicture(readBitmapFile(elsewhere.path() / "mine.bmp").value(), mine));
     EXPECT_TRUE(isNoPlainFile(temp.path() / "out.bmp"));
   }

@@ -80,12 +80,11 @@ Outcome<Bitmap> BareDesktop::loadBitmap(const std::filesystem::path& path) {
   return *found;
 }
 
-Outcome<Done> BareDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
-                                      Overwrite /*how*/) {
+Outcome<FileMark> BareDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
   if (savesFail) return Fault{Fault::Kind::notWritable, path.string()};
   saves.push_back(path.filename().string());
   bitmaps[saves.back()] = picture;
-  return Done{};
+  return FileMark{};
 }
 
 const Bitmap* BareDesktop::file(const std::string& name) const {

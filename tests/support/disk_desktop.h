@@ -9,8 +9,8 @@ namespace gridwright::test {
 class DiskDesktop : public BareDesktop {
  public:
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override { return readBitmapFile(path); }
-  Outcome<Done> saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) override {
-    return writeBitmapFile(picture, path, how);
+  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override {
+    return writeBitmapFile(picture, path);
   }
 };
 

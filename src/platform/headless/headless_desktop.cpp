@@ -290,9 +290,8 @@ Outcome<Bitmap> HeadlessDesktop::loadBitmap(const std::filesystem::path& path) {
   return readBitmapFile(path);
 }
 
-Outcome<Done> HeadlessDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
-                                          Overwrite how) {
-  return writeBitmapFile(picture, path, how);
+Outcome<FileMark> HeadlessDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
+  return writeBitmapFile(picture, path);
 }
 
 Outcome<Done> HeadlessDesktop::printForm(const Bitmap& picture) {

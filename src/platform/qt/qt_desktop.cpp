@@ -258,8 +258,8 @@ void QtDesktop::messageBox(std::string_view text) {
 
 Outcome<Bitmap> QtDesktop::loadBitmap(const std::filesystem::path& path) { return readBitmapFile(path); }
 
-Outcome<Done> QtDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) {
-  return writeBitmapFile(picture, path, how);
+Outcome<FileMark> QtDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
+  return writeBitmapFile(picture, path);
 }
 
 std::uint32_t QtDesktop::clockSeed() {

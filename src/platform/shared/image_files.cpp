@@ -45,10 +45,8 @@ QImage imageOf(const Bitmap& picture) {
   return image;
 }
 
-Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) {
-  const std::string bytes = encodeBitmapFile(picture);
-  if (how == Overwrite::inPlace && writeOverSameLength(path, bytes)) return Done{};
-  return replacePlainFile(path, bytes);
+Outcome<FileMark> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path) {
+  return replacePlainFile(path, encodeBitmapFile(picture));
 }
 
 void turnPageTo(QPagedPaintDevice& device, const Bitmap& picture) {

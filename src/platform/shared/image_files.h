@@ -6,7 +6,6 @@
 
 #include "canvas/bitmap.h"
 #include "canvas/outcome.h"
-#include "files/overwrite.h"
 #include "files/plain_file.h"
 
 class QImage;
@@ -19,10 +18,9 @@ namespace gridwright {
 /// Decodes a bitmap file by content to exact 24-bit colour, alpha dropped, cut at 1000 by 1000.
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
 
-/// Writes a 24-bit bitmap file. On failure what was there stays as it was, unless the disk itself fails
-/// in the middle of one written in place. Nothing is written to what is no plain file: a notPlain Fault.
-Outcome<Done> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path,
-                              Overwrite how = Overwrite::atOnce);
+/// Writes a 24-bit bitmap file, by `replacePlainFile`: what was there or the new one is there, whole, at any
+/// moment. Nothing is written to what is no plain file: a notPlain Fault.
+Outcome<FileMark> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path);
 
 QImage imageOf(const Bitmap& picture);
 
