@@ -38,7 +38,8 @@ class StillDesktop : public Platform {
     if (found == pictures.end()) return Fault{Fault::Kind::notFound, path.string()};
     return found->second;
   }
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override {
+  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                               Overwrite /*how*/) override {
     pictures[path.filename().string()] = picture;
     return FileMark{};
   }

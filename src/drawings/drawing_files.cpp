@@ -73,7 +73,9 @@ Outcome<Done> savePair(Program& program, const std::string& base) {
     recoverPair(paths);
     return written.fault();
   }
-  if (auto written = program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap()); !written) {
+  if (auto written =
+          program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap(), Overwrite::atOnce);
+      !written) {
     recoverPair(paths);
     return written.fault();
   }
@@ -202,11 +204,11 @@ void tellIfUnwritable(Program& program) {
 }
 
 void keep(Program& program, const Bitmap& picture) {
-  if (program.pictures.save(kLastDrawing, picture)) return;
+  if (program.pictures.save(kLastDrawing, picture, Overwrite::atOnce)) return;
   tellIfUnwritable(program);
   const fs::path data = otherPlace(program);
   if (data.empty()) return;
-  const auto kept = program.platform.saveBitmap(picture, data / kLastDrawing);
+  const auto kept = program.platform.saveBitmap(picture, data / kLastDrawing, Overwrite::atOnce);
   if (kept) return;
   program.files->tellIfNoPlainFile(kept.fault());
   program.files->tell("Error: the drawing can be kept neither in this folder nor in " + data.string() +

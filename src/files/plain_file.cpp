@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <random>
 #include <system_error>
 #include <utility>
@@ -32,6 +33,17 @@ struct stat about(const OpenFile& file) {
   struct stat known {};
   if (::fstat(file.descriptor(), &known) != 0) known = {};
   return known;
+}
+
+/// A whole file takes its name. Where two files change names none is renamed over another, and the file
+/// system has nothing to hurry with; the old file is gone before it was ever on the disk.
+bool takePlace(const fs::path& building, const fs::path& path, Overwrite how) {
+  if (how == Overwrite::unhurried &&
+      ::renameat2(AT_FDCWD, building.c_str(), AT_FDCWD, path.c_str(), RENAME_EXCHANGE) == 0) {
+    ::unlink(building.c_str());
+    return true;
+  }
+  return ::rename(building.c_str(), path.c_str()) == 0;
 }
 
 FileMark markIn(const struct stat& known) {
@@ -152,14 +164,14 @@ std::optional<FileMark> markOf(const fs::path& path) {
   return markIn(known);
 }
 
-Outcome<FileMark> replacePlainFile(const fs::path& path, std::string_view bytes) {
+Outcome<FileMark> replacePlainFile(const fs::path& path, std::string_view bytes, Overwrite how) {
   if (isNoPlainFile(path)) return notPlain(path);
   const fs::path building = buildingName(path);
   const auto file = openHeld(building);
   if (!file) return file.fault();
   if (writeAll(file.value(), bytes)) {
     const FileMark mark = markIn(about(file.value()));  // from here on everybody can reach it by its name
-    if (::rename(building.c_str(), path.c_str()) == 0) return mark;
+    if (takePlace(building, path, how)) return mark;
   }
   ::unlink(building.c_str());
   return notWritable(path);

@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "canvas/outcome.h"
+#include "files/overwrite.h"
 
 namespace gridwright {
 
@@ -73,7 +74,8 @@ std::optional<FileMark> markOf(const std::filesystem::path& path);
 /// Writes the bytes by way of a file beside it that is renamed: the old bytes or the new ones are there,
 /// whole, at any moment, and on failure nothing is left behind. Faults as above.
 /// \returns the mark of the file with just these bytes, whatever another hand does to it meanwhile.
-Outcome<FileMark> replacePlainFile(const std::filesystem::path& path, std::string_view bytes);
+Outcome<FileMark> replacePlainFile(const std::filesystem::path& path, std::string_view bytes,
+                                   Overwrite how = Overwrite::atOnce);
 
 /// What a file is called until it is whole.
 std::filesystem::path buildingName(std::filesystem::path path);

@@ -7,13 +7,13 @@
 
 namespace gridwright {
 
-bool WorkPictures::save(std::string_view name, Bitmap picture) {
+bool WorkPictures::save(std::string_view name, Bitmap picture, Overwrite how) {
   Copy& copy = copies_[std::string(name)];
   const std::filesystem::path path = folder_.resolve(name);
   if (copy.isIn(path) && copy.picture == picture) return true;
   copy.picture = std::move(picture);
   copy.file.reset();
-  const auto saved = bitmaps_.saveBitmap(copy.picture, path);
+  const auto saved = bitmaps_.saveBitmap(copy.picture, path, how);
   copy.lastWriteFailed = !saved;
   if (saved) {
     copy.file = saved.value();

@@ -153,6 +153,27 @@ TEST(AReplacedFile, IsWholeHoweverManyReplaceIt) {
   EXPECT_EQ(cut, 0);
 }
 
+TEST(AFileReplacedWithoutHurry, IsTheNewOneAndLeavesNothingBehind) {
+  const TempFolder temp;
+  const fs::path path = temp.path() / "a";
+  for (const char* bytes : {"first", "another length", "third"}) {
+    const auto written = replacePlainFile(path, bytes, Overwrite::unhurried);
+    ASSERT_TRUE(written);
+    EXPECT_EQ(temp.get("a"), bytes);
+    EXPECT_EQ(markOf(path), written.value());
+    EXPECT_FALSE(fs::exists(buildingName(path)));
+  }
+}
+
+TEST(AFileReplacedWithoutHurry, LeavesTheOldOneAloneUnderAnotherNameThatItHas) {
+  const TempFolder temp;
+  temp.put("mine", "old");
+  fs::create_hard_link(temp.path() / "mine", temp.path() / "a");
+  ASSERT_TRUE(replacePlainFile(temp.path() / "a", "new", Overwrite::unhurried));
+  EXPECT_EQ(temp.get("mine"), "old");
+  EXPECT_EQ(temp.get("a"), "new");
+}
+
 TEST(AMark, IsThatOfTheFileWithTheBytesThatWereWritten) {
   const TempFolder temp;
   const fs::path path = temp.path() / "a";

@@ -85,9 +85,10 @@ TEST(TheCopyInMemory, KeepsEveryColourExactly) {
 /// Pictures in a real folder, and how often one was written.
 struct PicturesOnDisk {
   struct Counting : DiskDesktop {
-    Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override {
+    Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                                 Overwrite how) override {
       ++written;
-      const auto saved = DiskDesktop::saveBitmap(picture, path);
+      const auto saved = DiskDesktop::saveBitmap(picture, path, how);
       if (meanwhile) meanwhile();
       return saved;
     }

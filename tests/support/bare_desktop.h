@@ -53,7 +53,8 @@ class BareDesktop : public Platform {
   void raise() override { ++raised; }
   void messageBox(std::string_view text) override { messages.emplace_back(text); }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
+  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                               Overwrite how) override;
   Outcome<Done> printForm(const Bitmap& picture) override {
     if (pages.size() == pagesKept) return Fault{Fault::Kind::notWritable, "page"};
     pages.push_back(picture);

@@ -290,8 +290,9 @@ Outcome<Bitmap> HeadlessDesktop::loadBitmap(const std::filesystem::path& path) {
   return readBitmapFile(path);
 }
 
-Outcome<FileMark> HeadlessDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
-  return writeBitmapFile(picture, path);
+Outcome<FileMark> HeadlessDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                                              Overwrite how) {
+  return writeBitmapFile(picture, path, how);
 }
 
 Outcome<Done> HeadlessDesktop::printForm(const Bitmap& picture) {

@@ -54,7 +54,8 @@ class HeadlessDesktop : public Platform {
   void raise() override {}
   void messageBox(std::string_view text) override { lastMessage_ = text; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path) override;
+  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                               Overwrite how) override;
   Outcome<Done> printForm(const Bitmap& picture) override;
   Outcome<PagesWent> printAlone(const Bitmap& picture) override;
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }

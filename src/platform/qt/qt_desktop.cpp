@@ -258,8 +258,9 @@ void QtDesktop::messageBox(std::string_view text) {
 
 Outcome<Bitmap> QtDesktop::loadBitmap(const std::filesystem::path& path) { return readBitmapFile(path); }
 
-Outcome<FileMark> QtDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path) {
-  return writeBitmapFile(picture, path);
+Outcome<FileMark> QtDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+                                        Overwrite how) {
+  return writeBitmapFile(picture, path, how);
 }
 
 std::uint32_t QtDesktop::clockSeed() {

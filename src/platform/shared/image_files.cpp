@@ -45,8 +45,8 @@ QImage imageOf(const Bitmap& picture) {
   return image;
 }
 
-Outcome<FileMark> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path) {
-  return replacePlainFile(path, encodeBitmapFile(picture));
+Outcome<FileMark> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) {
+  return replacePlainFile(path, encodeBitmapFile(picture), how);
 }
 
 void turnPageTo(QPagedPaintDevice& device, const Bitmap& picture) {

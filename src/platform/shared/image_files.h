@@ -20,7 +20,8 @@ Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
 
 /// Writes a 24-bit bitmap file, by `replacePlainFile`: what was there or the new one is there, whole, at any
 /// moment. Nothing is written to what is no plain file: a notPlain Fault.
-Outcome<FileMark> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path);
+Outcome<FileMark> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path,
+                                  Overwrite how = Overwrite::atOnce);
 
 QImage imageOf(const Bitmap& picture);
 
