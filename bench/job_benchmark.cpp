@@ -8,15 +8,12 @@
 // Baseline: GCC 12 -O3, 2 shared cores, 2026-11-20
 //   plain book 15 ms a maze, job 35 ms, ratio 2.3; 43 MB, growth 0.1 MB; 22 KB a page
 #include <benchmark/benchmark.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <string>
 
+#include "measured_process.h"
 #include "plain_walk.h"
 #include "platform/shared/image_files.h"
 
@@ -24,69 +21,19 @@ namespace gridwright::bench {
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
 
-constexpr int kWidth = 800;
-constexpr int kHeight = 600;
-constexpr int kWall = 10;
-
-double millisecondsSince(Clock::time_point begin) {
-  return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
-}
-
-/// A folder with a picture that is all background but for its frame.
-struct Folder {
-  Folder() {
-    fs::create_directories(path);
-    Bitmap picture = plainBitmap(kWidth, kHeight, kPalette[14]);
-    for (int y = 4; y < kHeight - 4; ++y) {
-      for (int x = 4; x < kWidth - 4; ++x)
-        picture.pixels[static_cast<std::size_t>(y) * kWidth + static_cast<std::size_t>(x)] = kPalette[1];
-    }
-    if (!writeBitmapFile(picture, path / "full.bmp")) std::abort();
-  }
-  ~Folder() { fs::remove_all(path); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-
-  fs::path path = fs::temp_directory_path() / "gridwright-bench-job";
-};
-
-struct Spent {
-  double milliseconds = 0, megabytes = 0;
-  bool succeeded = false;
-};
-
-/// Runs the program on a script as a process of its own, and says what it took.
-Spent runProgram(const Folder& folder, const fs::path& script) {
-  const auto begin = Clock::now();
-  const pid_t child = ::fork();
-  if (child == 0) {
-    ::execl(GRIDWRIGHT_HEADLESS, GRIDWRIGHT_HEADLESS, "--work", folder.path.c_str(), "--pdf",
-            (folder.path / "book.pdf").c_str(), script.c_str(), nullptr);
-    ::_exit(127);
-  }
-  int status = 0;
-  rusage used{};
-  const bool ended = ::wait4(child, &status, 0, &used) == child && WIFEXITED(status);
-  return {millisecondsSince(begin), static_cast<double>(used.ru_maxrss) / 1024,
-          ended && WEXITSTATUS(status) == 0};
-}
-
-Spent printMazes(const Folder& folder, int mazes) {
-  const fs::path script = folder.path / "book.txt";
-  std::ofstream(script) << "seed 7\nclick Command2\nmenu importdrawing\ntype Text8 \"full\"\nenter Text8\n"
-                           "menu cgenerate\nmenu printwithsolutions\ntype Text3 \""
-                        << mazes << "\"\nenter Text3\nmenu createreg\nuntil printTotal 0\nimage last.bmp\n";
-  return runProgram(folder, script);
+Spent printMazes(const ProcessFolder& folder, int mazes) {
+  return folder.run("menu cgenerate\nmenu printwithsolutions\ntype Text3 \"" + std::to_string(mazes) +
+                        "\"\nenter Text3\nmenu createreg\nuntil printTotal 0\nimage last.bmp\n",
+                    {"--pdf", (folder.path() / "book.pdf").string()});
 }
 
 /// The last page of the job, twice a maze, and the walk.
-double plainBook(const Folder& folder, int mazes) {
-  const Bitmap page = readBitmapFile(folder.path / "last.bmp").value();
-  PlainWalk walk(kWidth, kHeight, kWall);
-  const auto begin = Clock::now();
-  PdfDocument book(folder.path / "plain.pdf");
+double plainBook(const ProcessFolder& folder, int mazes) {
+  const Bitmap page = readBitmapFile(folder.path() / "last.bmp").value();
+  PlainWalk walk(kProcessWidth, kProcessHeight, kProcessWall);
+  const auto begin = std::chrono::steady_clock::now();
+  PdfDocument book(folder.path() / "plain.pdf");
   for (int maze = 0; maze < mazes; ++maze) {
     benchmark::DoNotOptimize(walk.carve(static_cast<std::uint32_t>(maze)));
     for (int side = 0; side < 2; ++side) {
@@ -98,7 +45,7 @@ double plainBook(const Folder& folder, int mazes) {
 }
 
 void job(benchmark::State& state) {
-  const Folder folder;
+  const ProcessFolder folder("gridwright-bench-job");
   const int mazes = static_cast<int>(state.range(0));
   const Spent few = printMazes(folder, mazes / 10);
   double spent = 0;
@@ -119,7 +66,7 @@ void job(benchmark::State& state) {
   state.counters["MB"] = megabytes;
   state.counters["MB_growth"] = megabytes - few.megabytes;
   state.counters["KB_a_page"] =
-      static_cast<double>(fs::file_size(folder.path / "book.pdf")) / 1024 / 2 / mazes;
+      static_cast<double>(fs::file_size(folder.path() / "book.pdf")) / 1024 / 2 / mazes;
 }
 BENCHMARK(job)->Arg(100)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
 
