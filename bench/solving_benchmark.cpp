@@ -8,6 +8,7 @@
 #include <chrono>
 
 #include "measured_world.h"
+#include "plain_follower.h"
 #include "solve/solvingmaze.h"
 
 namespace gridwright::bench {
@@ -36,6 +37,22 @@ bool endsAtTheFinish(const MeasuredWorld& world) {
   return s.phase == Phase::solved && s.cur.sameCorner(s.finish) && s.solver.pathLength > 0;
 }
 
+/// The same maze by the plainest wall follower, its answer checked once a maze.
+PlainFollower plainFollower(MeasuredWorld& world) {
+  const ProgramState& s = world.program.state;
+  world.program.canvas.fill(s.start, s.startColor);
+  world.program.canvas.fill(s.finish, s.finishColor);
+  const Colour carved = world.program.canvas.point(s.cur.left, s.cur.top);
+  return {
+      world.program.canvas.image(), s.wallWidth, s.start, s.finish, {carved, s.startColor, s.finishColor}};
+}
+
+double follow(PlainFollower& plain) {
+  const auto begin = std::chrono::steady_clock::now();
+  benchmark::DoNotOptimize(plain.follow());
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
 void solving(benchmark::State& state) {
   MeasuredWorld world(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
                       static_cast<int>(state.range(2)));
@@ -44,15 +61,21 @@ void solving(benchmark::State& state) {
   s.finishColor = kPalette[12] - 1;
   double made = 0;
   double solved = 0;
+  double followed = 0;
   std::uint32_t seed = 0;
   for (auto _ : state) {
     made += world.secondsToMake(++seed);
+    PlainFollower plain = plainFollower(world);
+    followed += follow(plain);
     const double took = solve(world);
     if (!endsAtTheFinish(world)) return state.SkipWithError("a maze without its answer is not timed");
+    if (plain.pixels() != world.program.canvas.image()) return state.SkipWithError("another trail");
     solved += took;
     state.SetIterationTime(took);
   }
   state.counters["ratio_to_making"] = solved / made;
+  state.counters["plain_ms"] = followed * 1000 / static_cast<double>(state.iterations());
+  state.counters["ratio"] = solved / followed;
 }
 
 BENCHMARK(solving)

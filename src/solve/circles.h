@@ -19,6 +19,14 @@ class Repetition {
   /// To be asked once a pass. \returns whether the state of an earlier pass has come back.
   bool isComplete(const ProgramState& state);
 
+  /// For passes that are taken without asking: no more than so many, none with the probe where a circle may
+  /// close, and they are counted.
+  [[nodiscard]] std::int64_t passesBeforeKept() const { return nextKept_ - passes_ - 1; }
+  [[nodiscard]] bool mayCloseAt(int probeX, int probeY) const {
+    return kept_.walk.probeX == probeX && kept_.walk.probeY == probeY;
+  }
+  void passOver(std::int64_t passes) { passes_ += passes; }
+
  private:
   struct State {
     WalkMark walk;

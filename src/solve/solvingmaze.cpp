@@ -6,6 +6,7 @@
 #include "solve/crossing.h"
 #include "solve/finish_search.h"
 #include "solve/firstnoxy.h"
+#include "solve/follow.h"
 #include "solve/placesandf.h"
 #include "solve/play.h"
 #include "solve/probe.h"
@@ -199,6 +200,32 @@ void waitSolved(Program& program) {
   } while (goesOn(program));
 }
 
+namespace {
+
+enum class Pass { ended, works, waits };
+
+/// A pass up to its yield, or several. \returns whether the loop has ended, and else its pace.
+Pass passToYield(Program& program, Repetition& repetition) {
+  ProgramState& s = program.state;
+  if (follow(program, repetition)) return Pass::works;
+  if (!beforeStep(program)) return Pass::ended;
+  if (standsOnFinish(s)) {
+    reachFinish(program);
+    if (!answerIsDue(s)) waitSolved(program);
+    return Pass::ended;
+  }
+  const bool moved = cellChanged(s);
+  walkOn(program);
+  const bool circles = walkCircles(program, repetition);
+  if (circles && !isSearching(s)) {
+    stopWithoutWay(program);
+    return Pass::ended;
+  }
+  return s.paused || circles || (s.playMode != PlayMode::off && !moved) ? Pass::waits : Pass::works;
+}
+
+}  // namespace
+
 void solvingmaze(Program& program) {
   ProgramState& s = program.state;
   s.solver.pathUnderpasses = s.solver.bestPathUnderpasses = s.solver.underpassLock = 0;
@@ -208,19 +235,10 @@ void solvingmaze(Program& program) {
   s.solver.startReturns = 0;
   Repetition repetition;
   for (;;) {
-    if (!beforeStep(program)) return;
-    if (standsOnFinish(s)) {
-      reachFinish(program);
-      if (!answerIsDue(s)) waitSolved(program);
-      return;
-    }
-    const bool moved = cellChanged(s);
-    walkOn(program);
+    const Pass pass = passToYield(program, repetition);
+    if (pass == Pass::ended) return;
     const bool searching = isSearching(s);
-    const bool circles = walkCircles(program, repetition);
-    if (circles && !searching) return stopWithoutWay(program);
-    const bool waits = s.paused || circles || (s.playMode != PlayMode::off && !moved);
-    yield(program, waits ? Pace::idle : Pace::working);
+    yield(program, pass == Pass::waits ? Pace::idle : Pace::working);
     if (s.keyBusy || s.paused) forgetWhatWasSeen(s, repetition);
     noteMarkerGround(program);
     if (searching && isSearching(s) && leavesSolver(s.phase)) s.playMode = s.chosenPlayMode;

@@ -6,10 +6,6 @@ namespace gridwright {
 
 namespace {
 
-bool isEndColour(const ProgramState& s, Colour colour) {
-  return colour == s.startColor || colour == s.finishColor;
-}
-
 /// A passage that a trail taken back went through: what the wall's own colour was is read at its
 /// side, and repaired when the middle differs.
 struct Passage {
@@ -64,13 +60,13 @@ void strokeBetweenCells(Program& program) {
 
 }  // namespace
 
-bool isWay(const Program& program, int x, int y) {
-  const Colour pixel = program.canvas.point(x, y);
-  return program.colours.isMaze(pixel) || isEndColour(program.state, pixel);
-}
-
 int centreX(const ProgramState& state, const Square& box) { return box.left + state.wallWidth / 2 - 1; }
 int centreY(const ProgramState& state, const Square& box) { return box.top + state.wallHeight / 2 - 1; }
+
+bool showsTrail(const Program& program, const Square& cell) {
+  const ProgramState& s = program.state;
+  return program.canvas.point(centreX(s, cell), centreY(s, cell)) == s.startColor;
+}
 
 void closedCellTest(Program& program) {
   ProgramState& s = program.state;
@@ -108,7 +104,7 @@ void updateTrail(Program& program) {
     const Colour corner = program.canvas.point(s.cur.left, s.cur.top);
     if (!isEndColour(s, corner)) s.mazeColor = corner;
   }
-  if (program.canvas.point(centreX(s, s.cur), centreY(s, s.cur)) == s.startColor) {
+  if (showsTrail(program, s.cur)) {
     s.solver.trailPaint = s.mazeColor;
     if (changed && s.testCount != 0) s.solver.pathLength -= 2;
   }

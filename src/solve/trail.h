@@ -6,8 +6,15 @@
 
 namespace gridwright {
 
+inline bool isEndColour(const ProgramState& state, Colour colour) {
+  return colour == state.startColor || colour == state.finishColor;
+}
+
 /// A pixel the solver may go over: an end square, the trail, or carved ground. The rest is wall.
-bool isWay(const Program& program, int x, int y);
+inline bool isWay(const Program& program, int x, int y) {
+  const Colour pixel = program.canvas.point(x, y);
+  return program.colours.isMaze(pixel) || isEndColour(program.state, pixel);
+}
 
 /// Centre of a cell box, rounded as everywhere.
 int centreX(const ProgramState& state, const Square& box);
@@ -21,6 +28,9 @@ void closedCellTest(Program& program);
 
 /// The line through a previous cell that a crossing passed, along the walk's direction.
 void strokeThroughClosedCell(Program& program, Colour colour);
+
+/// Whether the trail, or what is taken for it, lies on a cell's centre.
+bool showsTrail(const Program& program, const Square& cell);
 
 /// Draws the trail up to the current cell, or takes it back where the walk retraces it.
 void updateTrail(Program& program);

@@ -18,39 +18,11 @@
 #include "menus/menu_rules.h"
 #include "state/field_names.h"
 #include "state/grid.h"
+#include "support/whole_look.h"
 #include "support/world.h"
 
 namespace gridwright::test {
 namespace {
-
-/// All that can be looked at, as one number: the record, the pixels of both planes, the draws to come.
-class Look {
- public:
-  explicit Look(const Program& program) {
-    for (const FieldName& field : fieldNames()) add(field.read(program));
-    const WalkerState& w = program.state.walker;
-    add(w.passesSinceCarved);
-    add(w.freeCellMetSinceStep ? 1 : 0);
-    add(static_cast<std::int64_t>(w.channelPosition));
-    const Canvas& canvas = program.canvas;
-    for (int y = 0; y < canvas.scaleHeight(); ++y) {
-      for (int x = 0; x < canvas.scaleWidth(); ++x) {
-        add(canvas.row(0, y)[x]);
-        add(canvas.shownRow(y)[x]);
-      }
-    }
-    Random draws = program.random;
-    for (int i = 0; i < 3; ++i) add(draws.oneTo(1'000'000'000));
-  }
-  [[nodiscard]] std::uint64_t number() const { return number_; }
-
- private:
-  void add(std::int64_t value) {
-    number_ = (number_ ^ static_cast<std::uint64_t>(value)) * 1099511628211U;
-    number_ ^= number_ >> 31;
-  }
-  std::uint64_t number_ = 1469598103934665603U;
-};
 
 /// What the walker is let loose on.
 struct Ground {
@@ -128,7 +100,7 @@ TEST_P(BothWays, ShowTheSameWheneverTheDesktopLooks) {
       SCOPED_TRACE(std::string(ground.name) + ", seed " + std::to_string(seed));
       std::vector<std::uint64_t> seen{0};
       Beginning plain(ground, setting, seed);
-      plain.w.desktop.everyPump = [&](const Program& p) { seen.push_back(Look(p).number()); };
+      plain.w.desktop.everyPump = [&](const Program& p) { seen.push_back(WholeLook(p).number()); };
       plain.make();
 
       Beginning wandering(ground, setting, seed);
@@ -140,12 +112,12 @@ TEST_P(BothWays, ShowTheSameWheneverTheDesktopLooks) {
       };
       std::int64_t different = 0;
       desktop.everyPump = [&](const Program& p) {
-        different += seen.at(static_cast<std::size_t>(desktop.pumps)) != Look(p).number();
+        different += seen.at(static_cast<std::size_t>(desktop.pumps)) != WholeLook(p).number();
       };
       wandering.make();
       ASSERT_EQ(different, 0);
       ASSERT_EQ(desktop.pumps, plain.w.desktop.pumps);
-      ASSERT_EQ(Look(wandering.w.program).number(), Look(plain.w.program).number());
+      ASSERT_EQ(WholeLook(wandering.w.program).number(), WholeLook(plain.w.program).number());
       passed += desktop.passed;
       pumps += desktop.pumps;
     }
