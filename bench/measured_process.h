@@ -25,8 +25,24 @@ inline double millisecondsSince(std::chrono::steady_clock::time_point begin) {
 inline constexpr const char* kImport =
     "seed 7\nclick Command2\nmenu importdrawing\ntype Text8 \"full\"\nenter Text8\n";
 
+/// The processor's time alone: what other programs take meanwhile does not count.
+inline double millisecondsIn(const rusage& used) {
+  const auto milliseconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+  };
+  return milliseconds(used.ru_utime) + milliseconds(used.ru_stime);
+}
+
+/// The processor's time of this process so far.
+inline double millisecondsSoFar() {
+  rusage used{};
+  ::getrusage(RUSAGE_SELF, &used);
+  return millisecondsIn(used);
+}
+
+/// By the clock and by the processor.
 struct Spent {
-  double milliseconds = 0, megabytes = 0;
+  double milliseconds = 0, processor = 0, megabytes = 0;
   bool succeeded = false;
 };
 
@@ -68,7 +84,7 @@ class ProcessFolder {
     int status = 0;
     rusage used{};
     const bool ended = ::wait4(child, &status, 0, &used) == child && WIFEXITED(status);
-    return {millisecondsSince(begin), static_cast<double>(used.ru_maxrss) / 1024,
+    return {millisecondsSince(begin), millisecondsIn(used), static_cast<double>(used.ru_maxrss) / 1024,
             ended && WEXITSTATUS(status) == 0};
   }
 
