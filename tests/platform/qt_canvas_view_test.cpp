@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QPaintEvent>
 #include <QPixmap>
 #include <QTest>
 #include <vector>
@@ -40,6 +41,45 @@ TEST(TheView, HasOnlyWhatChangedOnTheScreenAnew) {
   EXPECT_TRUE(view.showChanges(canvas));
   EXPECT_EQ(view.picture().pixel(150, 150), screenColour(kPalette[2]));
   EXPECT_EQ(view.picture().pixel(201, 200), screenColour(kPalette[1]));
+}
+
+/// What a view was asked to paint, one region an event.
+class PaintedParts : public QObject {
+ public:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) regions.push_back(static_cast<QPaintEvent*>(event)->region());
+    return false;
+  }
+  std::vector<QRegion> regions;
+};
+
+TEST(AStrokeInTheView, IsPaintedAloneAndNowAndThenWithTheOneBefore) {
+  CanvasView view(nullptr);
+  view.resize(800, 600);
+  view.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+  Canvas canvas;
+  canvas.fill(0, 0, 799, 599, kPalette[1]);
+  view.showChanges(canvas);
+  PaintedParts painted;
+  view.installEventFilter(&painted);
+  int withTheOneBefore = 0;
+  QRect before;
+  for (int i = 0; i < 200; ++i) {
+    const QRect stroke(i % 20 * 40, i / 20 * 40, 9, 9);
+    canvas.fill(stroke.left(), stroke.top(), stroke.right(), stroke.bottom(), kPalette[2]);
+    ASSERT_TRUE(view.showChanges(canvas));
+    ASSERT_EQ(painted.regions.size(), static_cast<std::size_t>(i) + 1) << "at once";
+    const QRegion& region = painted.regions.back();
+    if (region == QRegion(stroke) + before && i > 0) {
+      ++withTheOneBefore;
+    } else {
+      EXPECT_EQ(region, QRegion(stroke));
+    }
+    before = stroke;
+  }
+  EXPECT_GT(withTheOneBefore, 2);
+  EXPECT_LT(withTheOneBefore, 20);
 }
 
 TEST(TheCanvasSize, FollowsTheViewBetween800By600And1000By1000) {

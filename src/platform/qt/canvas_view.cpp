@@ -14,6 +14,8 @@ namespace gridwright {
 
 namespace {
 
+constexpr int kMostRemembered = 32;
+
 QRgb screenColour(Colour colour) { return qRgb(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
 
 }  // namespace
@@ -97,8 +99,22 @@ bool CanvasView::showChanges(Canvas& canvas) {
     return true;
   }
   if (changed.isEmpty()) return false;
-  repaint(placeOf(changed).toAlignedRect());
+  repaintStroke(placeOf(changed).toAlignedRect());
   return true;
+}
+
+/// Qt remembers as a region what the window system may still be reading, and asks of each part that is
+/// painted whether it lies in there; only one that does makes it wait for the window system, once, and forget
+/// them all. A maze never paints twice in one place, so each stroke would be slower than the one before: now
+/// and then one is painted with its predecessor.
+void CanvasView::repaintStroke(const QRect& changed) {
+  QRegion part(changed);
+  if (++strokesRemembered_ == kMostRemembered) {
+    part += lastStroke_;
+    strokesRemembered_ = 0;
+  }
+  lastStroke_ = changed;
+  repaint(part);
 }
 
 // Everything is laid out in screen pixels here: with a broken scale factor Qt's own coordinates hit them

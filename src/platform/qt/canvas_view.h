@@ -52,10 +52,13 @@ class CanvasView : public QWidget {
   [[nodiscard]] QPoint origin() const;  ///< Of the Canvas in the view, in screen pixels.
   [[nodiscard]] QSize screenSize() const;
   QRect copyChanges(const Canvas& canvas, const Canvas::Dirty& part);
+  void repaintStroke(const QRect& changed);
 
   QImage picture_;  // the shown plane as Qt paints it
   uchar* pixels_;   // its memory, which nobody shares
   Size canvasSize_ = kSmallest;
+  QRect lastStroke_;           // in the view's coordinates
+  int strokesRemembered_ = 0;  // by Qt, see repaintStroke
 };
 
 }  // namespace gridwright
