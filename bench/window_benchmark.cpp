@@ -3,6 +3,8 @@
 //
 // Baseline: GCC 12 -O3, 2 shared cores, Xvfb with openbox, 2026-11-20
 //   79 by 59 cells 1.06, 199 by 199 cells 1.09
+//   a window that shows each stroke, against the same one minimised, 79 by 59 cells: 12 to 16 (33 while
+//   each stroke was slower than the last), 10 to 13 microseconds a stroke (43).
 #include <benchmark/benchmark.h>
 
 #include <QApplication>

@@ -1,9 +1,6 @@
 #include "canvas/bitmap_encode.h"
 
-#include <array>
-#include <bit>
 #include <cstdint>
-#include <cstring>
 
 namespace gridwright {
 
@@ -19,23 +16,11 @@ void appendNumber(std::string& bytes, std::uint32_t value, int count) {
 
 /// The pixels as bytes blue, green, red.
 void packRow(const Colour* in, std::size_t width, char* out) {
-  const auto blueGreenRed = [in](std::size_t x) {
-    const auto pixel = static_cast<std::uint32_t>(in[x]);
-    return (pixel >> 16 & 0xFF) | (pixel & 0xFF00) | (pixel & 0xFF) << 16;
-  };
-  std::size_t x = 0;
-  if constexpr (std::endian::native == std::endian::little) {
-    for (; x + 4 <= width; x += 4, out += 12) {  // four pixels are three words
-      const std::array<std::uint32_t, 4> p = {blueGreenRed(x), blueGreenRed(x + 1), blueGreenRed(x + 2),
-                                              blueGreenRed(x + 3)};
-      const std::array<std::uint32_t, 3> words = {p[0] | p[1] << 24, p[1] >> 8 | p[2] << 16,
-                                                  p[2] >> 16 | p[3] << 8};
-      std::memcpy(out, words.data(), sizeof words);
-    }
-  }
-  for (; x < width; ++x, out += 3) {
-    const std::uint32_t pixel = blueGreenRed(x);
-    for (std::size_t i = 0; i < 3; ++i) out[i] = static_cast<char>(pixel >> 8 * i);
+  for (std::size_t x = 0; x < width; ++x, out += 3) {
+    const Colour pixel = in[x];  // read once: to the compiler, each byte written may change it
+    out[0] = static_cast<char>(pixel >> 16);
+    out[1] = static_cast<char>(pixel >> 8);
+    out[2] = static_cast<char>(pixel);
   }
 }
 

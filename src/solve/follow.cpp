@@ -107,8 +107,8 @@ class Following {
   Repetition& repetition_;
   Probe probe_{};
   bool isAnEnd_ = false;
-  Colour ground_ = 0;  // a colour that is a way: that of the present cell, if it is carved
-  std::int64_t passes_ = 0;   // over, and not told yet
+  Colour ground_ = 0;        // a colour that is a way: that of the present cell, if it is carved
+  std::int64_t passes_ = 0;  // over, and not told yet
 };
 
 }  // namespace
