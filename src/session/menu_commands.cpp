@@ -15,6 +15,7 @@
 #include "patterns/pattern_sets.h"
 #include "patterns/random_patterns.h"
 #include "patterns/random_size.h"
+#include "printing/page.h"
 #include "printing/print_job.h"
 #include "printing/print_window.h"
 #include "session/defaults.h"
@@ -110,6 +111,7 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::mazes3d1, mazes3d1},
     {Item::rmazes, rmazes},
     {Item::newwallsize, newwallsize},
+    {Item::whiteground, whiteground},
 });
 
 }  // namespace

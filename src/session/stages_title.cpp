@@ -23,6 +23,7 @@ void enableTitles(Program& program, bool on) {
     program.menus.setEnabled(title, on);
     if (on) program.menus.setVisible(title, true);
   }
+  program.menus.setVisible(Item::filet, on);
 }
 
 /// The title picture, 800 by 600: the one beside the installed program, else painted here.

@@ -17,6 +17,7 @@ struct MenuTip {
 };
 
 inline constexpr auto kMenuTips = std::to_array<MenuTip>({
+    {Item::whiteground, "pages without the ground round the picture, which prints white"},
     {Item::importdrawing, "a bitmap from this folder becomes the drawing"},
     {Item::rmazes, "an empty drawing; press / and then ., move to where you begin, press / again"},
     {Item::mazes3d1, "an empty drawing for mazes that pass under themselves; to draw, press / and then ."},

@@ -1,8 +1,9 @@
-// The 120 items of the menu bar: names, captions and places as data that the compiler checks, and
-// the model of what each looks like now. Rules write the model; the tenants mirror it to widgets and
-// nobody asks a widget for the truth.
+// The items of the menu bar, the 120 that people know and ours: names, captions and places as data that
+// the compiler checks, and the model of what each looks like now. Rules write the model; the tenants mirror
+// it to widgets and nobody asks a widget for the truth.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bitset>
 #include <cstddef>
@@ -15,14 +16,15 @@ namespace gridwright {
 
 enum class Item : int {
 #define ROW(item, parent, caption, start) item,
+#define OURS ROW
 #include "state/menu_rows.inc"
+#undef OURS
 #undef ROW
   count,
   bar = -1,  ///< The menu bar itself, parent of the titles.
 };
 
 inline constexpr std::size_t kItemCount = static_cast<std::size_t>(Item::count);
-static_assert(kItemCount == 120, "the tree has 120 items");
 
 enum class ItemStart { plain, checked, disabled, hidden, hiddenAndDisabled };
 
@@ -31,13 +33,20 @@ struct MenuRow {
   Item parent;
   std::string_view caption;
   ItemStart start;
+  bool isOurs = false;  ///< Stands beside the 120.
 };
 
 inline constexpr std::array<MenuRow, kItemCount> kMenuRows = {{
 #define ROW(item, parent, caption, start) {#item, Item::parent, caption, ItemStart::start},
+#define OURS(item, parent, caption, start) {#item, Item::parent, caption, ItemStart::start, true},
 #include "state/menu_rows.inc"
+#undef OURS
 #undef ROW
 }};
+
+static_assert(std::count_if(kMenuRows.begin(), kMenuRows.end(),
+                            [](const MenuRow& row) { return !row.isOurs; }) == 120,
+              "one of the 120 items is gone, or a new one stands among them: give it a row of OURS");
 
 consteval bool parentsStandAbove() {
   for (std::size_t row = 0; row < kItemCount; ++row) {

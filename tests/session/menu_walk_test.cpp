@@ -59,6 +59,7 @@ const std::array kRows = {
     Row{Item::resetpattern, "x.....", true},
     Row{Item::makeidentical, "x.....", true},
     Row{Item::quit2, "xxxxxx", true},
+    Row{Item::whiteground, ".xxxxx"},
 };
 
 bool colourPanel(const Program& p) {
@@ -72,8 +73,9 @@ bool wanted(const Program& p, const Row& row) {
   if (row.phases[phase + 1] != 'x') return false;
   if (s.editedPattern != 0 && !row.inEditor) return false;
   if (s.paused && (!row.underTextPanel || colourPanel(p))) return false;
-  const bool prints = row.item == Item::printwithsolutions || row.item == Item::printnosolutions;
-  return !prints || s.print.printTotal == 0;
+  const bool besideNoRun =
+      row.item == Item::printwithsolutions || row.item == Item::printnosolutions || rowOf(row.item).isOurs;
+  return !besideNoRun || s.print.printTotal == 0;
 }
 
 /// The first item on which model and table differ, or nothing.

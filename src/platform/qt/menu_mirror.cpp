@@ -16,12 +16,14 @@ struct Mnemonic {
   Item title;
   char letter;
 };
-constexpr std::array kMnemonics = {Mnemonic{Item::drawingt, 'O'}, Mnemonic{Item::printoptions, 'P'},
-                                   Mnemonic{Item::maze, 'M'},     Mnemonic{Item::mazemodes, 'S'},
-                                   Mnemonic{Item::patterns, 't'}, Mnemonic{Item::help, 'I'}};
+constexpr std::array kMnemonics = {Mnemonic{Item::filet, 'F'},        Mnemonic{Item::drawingt, 'O'},
+                                   Mnemonic{Item::printoptions, 'P'}, Mnemonic{Item::maze, 'M'},
+                                   Mnemonic{Item::mazemodes, 'S'},    Mnemonic{Item::patterns, 't'},
+                                   Mnemonic{Item::help, 'I'}};
 
 /// Items that can bear a tick. They keep its place free, so that a menu does not shift when one moves.
 constexpr auto kMarkable = std::to_array<Item>({
+    Item::whiteground,
     Item::createreg,
     Item::create3d,
     Item::create3dpipe,

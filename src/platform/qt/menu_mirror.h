@@ -17,7 +17,7 @@ namespace gridwright {
 
 class MenuMirror {
  public:
-  /// Builds all 120 items.
+  /// Builds all items.
   MenuMirror(QMenuBar& bar, InputQueue& inputs);
 
   /// Brings every item in line with the model, if that has changed since.
@@ -35,7 +35,7 @@ class MenuMirror {
   std::uint64_t shown_ = 0;
 };
 
-/// What Qt is told so that a person reads the caption: ampersands doubled, and for the six titles one
+/// What Qt is told so that a person reads the caption: ampersands doubled, and for the titles one
 /// put before the letter that opens them together with Alt.
 QString menuText(Item item, std::string_view caption);
 
