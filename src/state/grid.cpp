@@ -1,5 +1,7 @@
 #include "state/grid.h"
 
+#include "canvas/free_cell.h"
+
 namespace gridwright {
 
 bool isPlaced(const Square& q) {
@@ -35,9 +37,8 @@ void followWindow(Program& program, Size client) {
 }
 
 void pitchFromKind(ProgramState& state) {
-  const int times = state.mazeKind == MazeKind::pipe ? 2 : 1;
-  state.stepX = times * state.wallWidth;
-  state.stepY = times * state.wallHeight;
+  state.stepX = pitchOf(state.wallWidth, state.mazeKind);
+  state.stepY = pitchOf(state.wallHeight, state.mazeKind);
 }
 
 Square firstCell(const ProgramState& state) {
@@ -45,9 +46,7 @@ Square firstCell(const ProgramState& state) {
 }
 
 bool isFreeCell(const Program& program, const CellGrid& grid, Corner cell) {
-  const Pixels pixels = program.pixels();
-  return pixels.background(cell.x + 1, cell.y + 1) &&
-         pixels.allFree(cell.x, cell.y, cell.x + grid.wallWidth - 1, cell.y + grid.wallHeight - 1);
+  return isFreeCell(program.pixels(), grid, cell);
 }
 
 Square normalised(const ProgramState& state, const Square& square) {
