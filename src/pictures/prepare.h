@@ -64,6 +64,7 @@ struct Prepared {
   Outlines outlines = Outlines::thin;  ///< What automatic came to.
   RegionCount count;
   Size cutFrom{};  ///< How large the picture is, where not all of it came onto the Canvas; else 0 by 0.
+  Size taken{};    ///< How much of it the Canvas takes then.
 };
 
 /// A picture under preparation. It remembers the steps that a change of settings leaves alone, so that a
@@ -89,7 +90,7 @@ Prepared prepare(const Picture& picture, const PrepareSettings& settings, const 
                  PictureWork& work);
 
 /// The line of what would come of it, and of what was cut: "2,156 cells in 3 regions; 12 areas too small for
-/// a cell", and with a cut " (the picture is 1200x900; the Canvas takes 800x600 of it)".
+/// a cell", and where something was cut "; the picture is 1200x900, the Canvas takes 780x580 of it".
 std::string prepareLine(const Prepared& prepared);
 
 }  // namespace gridwright

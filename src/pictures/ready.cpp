@@ -26,6 +26,12 @@ bool isReady(const Bitmap& picture, const ColourSets& sets) {
          std::all_of(picture.pixels.begin(), picture.pixels.end(), standsInADrawing);
 }
 
+bool isReady(const Picture& picture, const ColourSets& sets) {
+  const Layer& layer = picture.whole;
+  return picture.isWholeAsItIs() && picture.middle.colours.pixels.empty() && layer.clear.empty() &&
+         isReady(layer.colours, sets);
+}
+
 ColourSets startingSets() {
   ColourSets sets;
   for (int slot = 0; slot < kSlots; ++slot) sets.classify(slot, slot < kFirstBorder);

@@ -6,6 +6,7 @@
 
 #include "canvas/canvas.h"
 #include "canvas/free_cell.h"
+#include "pictures/pixel_walk.h"
 
 namespace gridwright {
 
@@ -44,37 +45,15 @@ Cells freeCells(const Pixels& pixels, const CellGrid& grid) {
   return cells;
 }
 
-/// Gives what `holds` and hangs together by its sides with a place each to `visit`, once.
-template <class Holds, class Visit>
-void flood(int width, int height, std::size_t from, Holds holds, Visit visit) {
-  const auto w = static_cast<std::size_t>(width);
-  std::vector<std::size_t> open{from};
-  visit(from);
-  while (!open.empty()) {
-    const std::size_t at = open.back();
-    open.pop_back();
-    const std::size_t x = at % w;
-    const std::size_t y = at / w;
-    const auto take = [&](bool inside, std::size_t next) {
-      if (!inside || !holds(next)) return;
-      visit(next);
-      open.push_back(next);
-    };
-    take(x > 0, at - 1);
-    take(x + 1 < w, at + 1);
-    take(y > 0, at - w);
-    take(y + 1 < static_cast<std::size_t>(height), at + w);
-  }
-}
-
 /// Numbers the regions. \returns how many there are.
 int numberRegions(Cells& cells) {
   int regions = 0;
   for (std::size_t i = 0; i < cells.numbers.size(); ++i) {
     if (cells.numbers[i] != -1) continue;
     ++regions;
-    flood(
-        cells.columns, cells.rows, i, [&](std::size_t at) { return cells.numbers[at] == -1; },
+    floodFrom(
+        {cells.columns, cells.rows}, i,
+        [&](std::size_t /*from*/, std::size_t to) { return cells.numbers[to] == -1; },
         [&](std::size_t at) { cells.numbers[at] = regions; });
   }
   return regions;
@@ -97,7 +76,7 @@ void coverWithCells(RegionMap& map, const Cells& cells, const CellGrid& grid, in
 }
 
 /// Marks the areas in which no cell lies. \returns how many there are.
-int markSmall(RegionMap& map, const std::vector<std::uint8_t>& free, int width, int height) {
+int markSmall(RegionMap& map, const std::vector<std::uint8_t>& free, Size size) {
   constexpr std::uint8_t kSeen = 2;
   std::vector<std::uint8_t> left = free;
   std::vector<std::size_t> area;
@@ -106,8 +85,8 @@ int markSmall(RegionMap& map, const std::vector<std::uint8_t>& free, int width, 
     if (left[i] != 1) continue;
     area.clear();
     bool holdsCell = false;
-    flood(
-        width, height, i, [&](std::size_t at) { return left[at] == 1; },
+    floodFrom(
+        size, i, [&](std::size_t /*from*/, std::size_t to) { return left[to] == 1; },
         [&](std::size_t at) {
           left[at] = kSeen;
           area.push_back(at);
@@ -138,7 +117,7 @@ RegionMap mapRegions(const Bitmap& picture, const ColourSets& given, const CellG
   std::vector<std::uint8_t> free(picture.pixels.size());
   std::transform(picture.pixels.begin(), picture.pixels.end(), free.begin(),
                  [&](Colour pixel) { return std::uint8_t{sets.isFree(pixel)}; });
-  map.count.tooSmall = markSmall(map, free, picture.width, picture.height);
+  map.count.tooSmall = markSmall(map, free, {picture.width, picture.height});
   return map;
 }
 

@@ -16,13 +16,14 @@ namespace gridwright {
 /// \param fitTo where an SVG is to fit; it has no pixels of its own. Each side 1 to 1000.
 /// \returns a Fault whose words are a line for a person, with the file's name: nothing plain bears the name,
 /// it is no picture or is cut, it has more than 32 million pixels. Nothing is waited for, and nothing that
-/// the file names is opened. Needs no application object, and may be called from any thread.
+/// the file names is opened. An SVG with words needs a QGuiApplication, for its fonts. May be called from
+/// any thread.
 Outcome<Picture> readPicture(const std::filesystem::path& path, Size fitTo);
 
 /// The same from bytes, with the name by which a line calls them.
 Outcome<Picture> readPictureBytes(std::string_view bytes, Size fitTo, std::string_view name);
 
 /// A picture that Qt has decoded already, from the clipboard say.
-Outcome<Picture> pictureOf(QImage image, std::string_view name);
+Outcome<Picture> pictureOf(const QImage& image, std::string_view name);
 
 }  // namespace gridwright
