@@ -33,9 +33,6 @@ inline constexpr Colour yellow = 65535;
 inline constexpr Colour white = 16777215;
 }  // namespace qb
 
-/// Paper: looks and prints white, and no maze enters it, since it is in no colour set.
-inline constexpr Colour kPaper = 16711422;
-
 /// The square that shows where the walker stands in a maze made by hand. Three off black, so that it
 /// is told from a black background or border.
 inline constexpr Colour kCursorColour = kPalette[0] + 3;

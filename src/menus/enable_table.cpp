@@ -38,7 +38,13 @@ struct Rule {
 };
 
 constexpr auto kTable = std::to_array<Rule>({
+    {Item::openpicture, kWorking, kBesideNoRun},
+    {Item::openrecent, kWorking, kBesideNoRun},
+    {Item::openexample, kWorking, kBesideNoRun},
+    {Item::pastepicture, kWorking, kBesideNoRun},
+    {Item::preparepicture, kDrawing, kBesideNoRun},
     {Item::whiteground, kWorking, kBesideNoRun},
+    {Item::showregions, kDrawing, kBesideNoRun},
     {Item::importdrawing, kDrawing, kNothing},
     {Item::ndrawing, kDrawing, kNothing},
     {Item::sdrawing, kDrawing, kNothing},

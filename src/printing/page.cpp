@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "pictures/ready.h"
+
 namespace gridwright {
 
 namespace {

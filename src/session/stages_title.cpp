@@ -52,6 +52,7 @@ Stage processStartStage(Program& program) {
 Stage titleStage(Program& program) {
   ProgramState& s = program.state;
   program.controls.setCaption("Gridwright-by Orrin Vale");
+  program.whenDrawing = nullptr;
   s.startColor = qb::lightMagenta;
   s.cur = s.start = s.finish = {};
   markOne(program.menus, {Item::usepattern, Item::dontusepattern, Item::crnd1}, Item::usepattern);

@@ -32,6 +32,10 @@ void measureGrid(Program& program) {
   s.gridBottom = lastGridLine(s.wallHeight, s.stepY, s.canvasHeight);
 }
 
+Size canvasFor(Size client) {
+  return {std::clamp(client.width, 1, Canvas::kSide), std::clamp(client.height, 1, Canvas::kSide)};
+}
+
 void followWindow(Program& program, Size client) {
   if (program.platform.windowState() != WindowState::minimised) program.canvas.resize(client);
 }

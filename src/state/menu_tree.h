@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace gridwright {
 
@@ -62,8 +63,11 @@ constexpr Item itemAt(std::size_t row) { return static_cast<Item>(row); }
 /// The item of a name, or nothing.
 std::optional<Item> itemNamed(std::string_view name);
 
-/// Whether an item opens a submenu.
+/// Whether an item opens a submenu of other items.
 bool hasChildren(Item item);
+
+/// Whether an item opens a submenu of entries, which are no items but words that change as the program runs.
+constexpr bool hasEntries(Item item) { return item == Item::openrecent || item == Item::openexample; }
 
 class MenuModel {
  public:
@@ -77,6 +81,9 @@ class MenuModel {
   /// Words that help with an item, shown beside it; may be empty.
   [[nodiscard]] const std::string& tip(Item item) const { return tips_[index(item)]; }
 
+  /// What an item with entries holds now, in order; an entry is chosen by its place.
+  [[nodiscard]] const std::vector<std::string>& entries(Item item) const { return entries_[index(item)]; }
+
   /// Whether a person can choose the item: it and all above it are shown and enabled.
   [[nodiscard]] bool available(Item item) const;
 
@@ -85,6 +92,7 @@ class MenuModel {
   void setChecked(Item item, bool on) { set(checked_, item, on); }
   void setCaption(Item item, std::string_view caption);
   void setTip(Item item, std::string_view tip);
+  void setEntries(Item item, std::vector<std::string> entries);
 
   /// Grows with every change; a tenant whose widgets show an older one brings them in line.
   [[nodiscard]] std::uint64_t revision() const { return revision_; }
@@ -107,6 +115,7 @@ class MenuModel {
   Bits enabled_, visible_, checked_;
   std::array<std::string, kItemCount> captions_;
   std::array<std::string, kItemCount> tips_;
+  std::array<std::vector<std::string>, kItemCount> entries_;
   std::uint64_t revision_ = 1;
 };
 

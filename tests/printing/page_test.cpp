@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "pictures/ready.h"
 #include "session/input.h"
 #include "support/world.h"
 
