@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "files/work_folder.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/pictures/read_picture.h"
 #include "session/input.h"
@@ -62,6 +61,13 @@ bool readSetting(std::string_view word, PrepareSettings& settings) {
   return static_cast<bool>(numbers);
 }
 
+/// An entry is called by its words, or by the name that they begin with, with its ending or without.
+bool isCalled(std::string_view words, std::string_view name) {
+  if (!words.starts_with(name)) return false;
+  const std::string_view rest = words.substr(name.size());
+  return rest.empty() || rest.front() == '.' || rest.front() == ',';
+}
+
 }  // namespace
 
 /// A path of the script: absolute, or in the working folder.
@@ -85,9 +91,8 @@ HeadlessDesktop::Turn HeadlessDesktop::menuEntry(Program& program, Item item) {
   const auto count = static_cast<std::int64_t>(entries.size());
   std::int64_t entry = 0;
   if (line_->hasText) {
-    const auto named = std::find_if(entries.begin(), entries.end(), [&](const std::string& words) {
-      return words == line_->text || baseName(words) == line_->text;
-    });
+    const auto named = std::find_if(entries.begin(), entries.end(),
+                                    [&](const std::string& words) { return isCalled(words, line_->text); });
     if (named == entries.end()) refuse("no such entry: " + line_->text);
     entry = named - entries.begin();
   } else {

@@ -76,6 +76,8 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
 
 PreparePage::PreparePage(QWidget* parent)
     : QWidget(parent), before_(new PictureBox(this)), after_(new PictureBox(this)), line_(new QLabel(this)) {
+  before_->setObjectName("before");
+  after_->setObjectName("after");
   auto* column = new QVBoxLayout(this);
   auto* pictures = new QHBoxLayout;
   pictures->addWidget(titled("The picture", before_, this), 1);
