@@ -1,8 +1,11 @@
 #include "pictures/areas.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <limits>
+#include <numeric>
+#include <utility>
 
 #include "pictures/pixel_walk.h"
 
@@ -10,8 +13,19 @@ namespace gridwright {
 
 namespace {
 
+constexpr double kHardlyApart = 9;  // as colours look
+constexpr int kWidestRim = 9;       // pixels
+constexpr double kDetour = 1.15;    // how much longer the way over a mixture may be than the straight one
+
 const Lab& lookOf(const Areas& areas, std::uint8_t label) {
   return label == kPaperLabel ? areas.paper : areas.colours[label];
+}
+
+/// Pixels by label.
+std::vector<std::size_t> countsOf(const Areas& areas) {
+  std::vector<std::size_t> counts(256, 0);
+  for (const std::uint8_t label : areas.labels) ++counts[label];
+  return counts;
 }
 
 /// 1 where a piece of a label, paper not counted, is at least so large.
@@ -58,6 +72,102 @@ Speck speckAt(const Areas& areas, const Mask& kept, Mask& seen, std::size_t from
   return speck;
 }
 
+/// Which labels look like a mixture of two others.
+class Betweens {
+ public:
+  explicit Betweens(const Areas& areas) : count_(areas.colours.size() + 1), table_(count_ * count_ * count_) {
+    for (std::size_t own = 0; own + 1 < count_; ++own) {
+      for (std::size_t one = 0; one < count_; ++one) {
+        for (std::size_t other = 0; other < count_; ++other) {
+          const auto look = [&](std::size_t i) { return i + 1 == count_ ? areas.paper : areas.colours[i]; };
+          table_[index(own, one, other)] = isBetween(areas.colours[own], look(one), look(other));
+        }
+      }
+    }
+  }
+
+  [[nodiscard]] bool operator()(std::uint8_t own, std::uint8_t one, std::uint8_t other) const {
+    return table_[index(own, std::min<std::size_t>(one, count_ - 1),
+                        std::min<std::size_t>(other, count_ - 1))];
+  }
+
+ private:
+  static bool isBetween(const Lab& own, const Lab& one, const Lab& other) {
+    const double all = apart(one, other);
+    return all > kHardlyApart && apart(one, own) + apart(own, other) < kDetour * all;
+  }
+  [[nodiscard]] std::size_t index(std::size_t own, std::size_t one, std::size_t other) const {
+    return (own * count_ + one) * count_ + other;
+  }
+
+  std::size_t count_;  ///< The labels, and paper last.
+  std::vector<bool> table_;
+};
+
+/// Narrow strips of one label, found row by row and column by column.
+class Strips {
+ public:
+  Strips(const Areas& areas, const Betweens& between)
+      : areas_(areas),
+        between_(between),
+        counts_(countsOf(areas)),
+        becomes_(areas.labels),
+        isLine_(areas.labels.size(), 0) {}
+
+  /// Takes the labels in a row or column, `count` of them from `first`, each `step` further on.
+  void look(std::size_t first, std::size_t step, int count) {
+    int begin = 0;  // of the strip, once it has one
+    bool isBegun = false;
+    for (int i = 1; i < count; ++i) {
+      const std::size_t at = first + step * static_cast<std::size_t>(i);
+      if (areas_.labels[at] == areas_.labels[at - step]) continue;
+      if (isBegun && i - begin <= kWidestRim) takeStrip(first, step, begin, i);
+      begin = i;
+      isBegun = true;
+    }
+  }
+
+  /// \returns the labels without rims.
+  [[nodiscard]] std::vector<std::uint8_t> withoutRims() const {
+    std::vector<std::uint8_t> labels = areas_.labels;
+    for (std::size_t at = 0; at < labels.size(); ++at) {
+      if (isLine_[at] == 0) labels[at] = becomes_[at];
+    }
+    return labels;
+  }
+
+ private:
+  void takeStrip(std::size_t first, std::size_t step, int begin, int end) {
+    const std::size_t from = first + step * static_cast<std::size_t>(begin);
+    const std::size_t beyond = first + step * static_cast<std::size_t>(end);
+    const std::uint8_t own = areas_.labels[from];
+    const std::uint8_t one = areas_.labels[from - step];
+    const std::uint8_t other = areas_.labels[beyond];
+    if (own == kPaperLabel) return;
+    const bool isRim = one != other && between_(own, one, other);
+    const std::uint8_t into = isRim ? intoWhich(own, one, other) : own;
+    for (std::size_t at = from; at != beyond; at += step) {
+      if (one == other) isLine_[at] = 1;
+      if (isRim) becomes_[at] = into;
+    }
+  }
+
+  /// Into the nearer one, but never into a smaller colour: two strips beside each other would change places.
+  [[nodiscard]] std::uint8_t intoWhich(std::uint8_t own, std::uint8_t one, std::uint8_t other) const {
+    const bool mayOne = counts_[one] > counts_[own];
+    const bool mayOther = counts_[other] > counts_[own];
+    if (!mayOne || !mayOther) return mayOne ? one : mayOther ? other : own;
+    const Lab& look = areas_.colours[own];
+    return apart(look, lookOf(areas_, one)) <= apart(look, lookOf(areas_, other)) ? one : other;
+  }
+
+  const Areas& areas_;
+  const Betweens& between_;
+  std::vector<std::size_t> counts_;
+  std::vector<std::uint8_t> becomes_;
+  Mask isLine_;
+};
+
 /// Whether edges between colours run along the label for the most part.
 bool drawsTheEdges(const Areas& areas, std::uint8_t label) {
   std::size_t own = 0;
@@ -89,6 +199,38 @@ Mask maskOf(const Areas& areas, std::uint8_t label) {
   return mask;
 }
 
+void joinAlike(Areas& areas) {
+  const std::vector<std::size_t> counts = countsOf(areas);
+  std::vector<std::size_t> largestFirst(areas.colours.size());
+  std::iota(largestFirst.begin(), largestFirst.end(), std::size_t{0});
+  std::stable_sort(largestFirst.begin(), largestFirst.end(),
+                   [&](std::size_t one, std::size_t other) { return counts[one] > counts[other]; });
+  std::array<std::uint8_t, 256> becomes{};
+  std::iota(becomes.begin(), becomes.end(), std::uint8_t{0});
+  for (auto label = largestFirst.begin(); label != largestFirst.end(); ++label) {
+    const auto alike = std::find_if(largestFirst.begin(), label, [&](std::size_t larger) {
+      return apart(areas.colours[*label], areas.colours[larger]) < kHardlyApart;
+    });
+    if (alike != label) becomes.at(*label) = becomes.at(*alike);
+  }
+  for (std::uint8_t& label : areas.labels) label = becomes.at(label);
+}
+
+void removeRims(Areas& areas) {
+  constexpr int kStrips = 4;  // beside one another, each a mixture of what it lies between
+  const Betweens between(areas);
+  for (int round = 0; round < kStrips; ++round) {
+    Strips strips(areas, between);
+    const auto width = static_cast<std::size_t>(areas.size.width);
+    for (int y = 0; y < areas.size.height; ++y) strips.look(placeOf(areas.size, 0, y), 1, areas.size.width);
+    for (int x = 0; x < areas.size.width; ++x)
+      strips.look(placeOf(areas.size, x, 0), width, areas.size.height);
+    std::vector<std::uint8_t> labels = strips.withoutRims();
+    if (labels == areas.labels) return;
+    areas.labels = std::move(labels);
+  }
+}
+
 void removeSpecks(Areas& areas, int least, PictureWork& work) {
   Mask kept = largePieces(areas, least, work);
   // A speck among specks waits until one of them has become something.
@@ -111,8 +253,7 @@ void removeSpecks(Areas& areas, int least, PictureWork& work) {
 }
 
 std::uint8_t linesOf(const Areas& areas, int cell, PictureWork& work) {
-  std::vector<std::size_t> counts(256, 0);
-  for (const std::uint8_t label : areas.labels) ++counts[label];
+  const std::vector<std::size_t> counts = countsOf(areas);
   std::uint8_t darkest = kPaperLabel;
   for (std::size_t label = 0; label < areas.colours.size(); ++label) {
     if (counts[label] == 0) continue;

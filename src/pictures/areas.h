@@ -22,6 +22,13 @@ struct Areas {
 /// The pixels of one label.
 Mask maskOf(const Areas& areas, std::uint8_t label);
 
+/// Labels whose colours can hardly be told apart become one.
+void joinAlike(Areas& areas);
+
+/// A narrow strip between two colours, of a colour between theirs, is what a camera or a soft edge has left:
+/// its pixels go to the nearer of the two. A line has the same colour on both sides and stays.
+void removeRims(Areas& areas);
+
 /// What hangs together in fewer than `least` pixels of one colour takes the one of the colours beside it that
 /// is nearest to its own: so a grey piece of a black line becomes line again, and never a gap.
 void removeSpecks(Areas& areas, int least, PictureWork& work);

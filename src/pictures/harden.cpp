@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 
 #include "pictures/pixel_walk.h"
@@ -14,8 +15,8 @@ constexpr int kFaintest = 32;   // a channel: how far from what is around it a l
 constexpr int kAboveNoise = 4;  // and how many times further than the picture's pixels do for the most part
 constexpr int kFlat = 20;       // a channel: colours that near make no edge
 
-/// The picture's noise: how far, a channel, its pixels lie from what is around them, for the most part.
-int noiseOf(const Bitmap& picture, const Bitmap& around) {
+/// How far, a channel, the picture's pixels lie from what is around them, for the most part.
+int roughnessOf(const Bitmap& picture, const Bitmap& around) {
   std::array<std::size_t, 256> counts{};
   for (std::size_t at = 0; at < picture.pixels.size(); ++at) {
     ++counts.at(static_cast<std::size_t>(channelsApart(picture.pixels[at], around.pixels[at])));
@@ -26,24 +27,73 @@ int noiseOf(const Bitmap& picture, const Bitmap& around) {
   return noise;
 }
 
-/// The darkest or the lightest of a pixel and its neighbours.
-Colour extremeAround(const Bitmap& picture, int x, int y, bool darkest) {
-  Colour best = picture.at(x, y);
-  for (int ny = std::max(0, y - 1); ny <= std::min(picture.height - 1, y + 1); ++ny) {
-    for (int nx = std::max(0, x - 1); nx <= std::min(picture.width - 1, x + 1); ++nx) {
-      const Colour colour = picture.at(nx, ny);
-      const int difference = brightnessOf(colour) - brightnessOf(best);
-      if (darkest ? difference < 0 : difference > 0) best = colour;
-    }
-  }
-  return best;
-}
-
 int squaresApart(Colour one, Colour other) {
   const int red = (one & 0xFF) - (other & 0xFF);
   const int green = (one >> 8 & 0xFF) - (other >> 8 & 0xFF);
   const int blue = (one >> 16 & 0xFF) - (other >> 16 & 0xFF);
   return red * red + green * green + blue * blue;
+}
+
+/// Whether a colour is what a lens or a soft edge makes of two others.
+bool isMixture(Colour mixed, Colour one, Colour other) {
+  constexpr double kDetour = 1.15;  // how much longer the way over it may be than the straight one
+  const auto distance = [](Colour a, Colour b) { return std::sqrt(static_cast<double>(squaresApart(a, b))); };
+  return distance(one, mixed) + distance(mixed, other) <= kDetour * distance(one, other);
+}
+
+/// A piece of line: pixels of the mask that hang together by sides or corners, all darker or all lighter than
+/// what is around them.
+std::vector<std::size_t> pieceAt(std::size_t from, Size size, std::vector<std::uint8_t>& sides) {
+  const std::uint8_t side = sides[from];
+  std::vector<std::size_t> piece{from};
+  sides[from] = 0;
+  for (std::size_t next = 0; next < piece.size(); ++next) {
+    const int x = static_cast<int>(piece[next] % static_cast<std::size_t>(size.width));
+    const int y = static_cast<int>(piece[next] / static_cast<std::size_t>(size.width));
+    for (int ny = std::max(0, y - 1); ny <= std::min(size.height - 1, y + 1); ++ny) {
+      for (int nx = std::max(0, x - 1); nx <= std::min(size.width - 1, x + 1); ++nx) {
+        const std::size_t at = placeOf(size, nx, ny);
+        if (sides[at] != side) continue;
+        sides[at] = 0;
+        piece.push_back(at);
+      }
+    }
+  }
+  return piece;
+}
+
+/// The colour that nine tenths of a piece are fainter than.
+Colour boldestOf(const Bitmap& picture, std::vector<std::size_t> piece, bool isDark) {
+  const auto nth = piece.begin() + static_cast<std::ptrdiff_t>(piece.size() / 10);
+  std::nth_element(piece.begin(), nth, piece.end(), [&](std::size_t one, std::size_t other) {
+    const int a = brightnessOf(picture.pixels[one]);
+    const int b = brightnessOf(picture.pixels[other]);
+    if (a != b) return isDark ? a < b : a > b;
+    return one < other;
+  });
+  return picture.pixels[*nth];
+}
+
+/// Lays the lines of the mask over `smooth`. One that runs a little askew is bold and faint by turns, and
+/// would come to pieces: what is a mixture of the piece's boldest colour and what is around it becomes bold.
+void solidify(const Bitmap& picture, Bitmap& smooth, const Mask& thin) {
+  constexpr std::uint8_t kDark = 1, kLight = 2;
+  const Size size{picture.width, picture.height};
+  std::vector<std::uint8_t> sides(thin.size(), 0);
+  for (std::size_t at = 0; at < thin.size(); ++at) {
+    if (thin[at] == 0) continue;
+    sides[at] = brightnessOf(picture.pixels[at]) < brightnessOf(smooth.pixels[at]) ? kDark : kLight;
+  }
+  for (std::size_t from = 0; from < sides.size(); ++from) {
+    if (sides[from] == 0) continue;
+    const bool isDark = sides[from] == kDark;
+    const std::vector<std::size_t> piece = pieceAt(from, size, sides);
+    const Colour bold = boldestOf(picture, piece, isDark);
+    for (const std::size_t at : piece) {
+      const Colour own = picture.pixels[at];
+      smooth.pixels[at] = isMixture(own, bold, smooth.pixels[at]) ? bold : own;
+    }
+  }
 }
 
 /// The nine colours of a pixel and its neighbours; at the edge the pixel stands for those that are missing.
@@ -73,12 +123,17 @@ Colour furthest(const std::array<Colour, 9>& colours, Colour from) {
   });
 }
 
-/// The side of the edge that the pixel in the middle is nearer to.
+/// The side of the edge that the pixel in the middle belongs to.
 Colour nearerSide(const std::array<Colour, 9>& colours) {
   const Colour own = colours[4];
   const Colour one = furthest(colours, own);
   const Colour other = furthest(colours, one);
-  return squaresApart(own, one) < squaresApart(own, other) ? one : other;
+  const bool oneIsDarker = brightnessOf(one) < brightnessOf(other);
+  const std::int64_t toDarker = squaresApart(own, oneIsDarker ? one : other);
+  const std::int64_t toLighter = squaresApart(own, oneIsDarker ? other : one);
+  // Half a pixel of ink counts as ink: a fine line that lies between two rows must not vanish from both.
+  constexpr int kInk = 2;
+  return (kInk * toLighter < toDarker) == oneIsDarker ? other : one;
 }
 
 /// Where two neighbours by a side differ: an edge runs there, or near.
@@ -112,23 +167,30 @@ std::vector<std::size_t> edgesOf(const Bitmap& picture) {
 
 }  // namespace
 
+bool isNoisy(const Bitmap& picture, const Mask& clear) {
+  constexpr int kNoisy = 5;  // a channel, from one pixel to the next, for the most part
+  std::array<std::size_t, 256> counts{};
+  std::size_t pairs = 0;
+  for (std::size_t at = 1; at < picture.pixels.size(); ++at) {
+    if (clear[at] != 0 || clear[at - 1] != 0) continue;
+    ++counts.at(static_cast<std::size_t>(channelsApart(picture.pixels[at], picture.pixels[at - 1])));
+    ++pairs;
+  }
+  std::size_t quiet = 0;
+  for (std::size_t i = 0; i < kNoisy; ++i) quiet += counts.at(i);
+  return quiet * 2 < pairs;
+}
+
 Bitmap withoutNoise(const Bitmap& picture, int side, int speck, PictureWork& work) {
   Bitmap smooth = work.smoothed(picture, side);
   const Size size{picture.width, picture.height};
-  const int least = std::max(kFaintest, kAboveNoise * noiseOf(picture, smooth));
+  const int least = std::max(kFaintest, kAboveNoise * roughnessOf(picture, smooth));
   Mask thin(picture.pixels.size());
   for (std::size_t at = 0; at < thin.size(); ++at) {
     thin[at] = channelsApart(picture.pixels[at], smooth.pixels[at]) > least ? 1 : 0;
   }
   thin = work.withoutSpecks(thin, size, speck);
-  for (int y = 0; y < size.height; ++y) {
-    for (int x = 0; x < size.width; ++x) {
-      const std::size_t at = placeOf(size, x, y);
-      if (thin[at] == 0) continue;
-      const bool isDark = brightnessOf(picture.pixels[at]) < brightnessOf(smooth.pixels[at]);
-      smooth.pixels[at] = extremeAround(picture, x, y, isDark);
-    }
-  }
+  solidify(picture, smooth, thin);
   return smooth;
 }
 

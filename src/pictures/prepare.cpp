@@ -25,7 +25,7 @@ constexpr Colour kOutline = kPalette[8];  // grey: of the colours that start as 
 struct Detail {
   int side, speck;
 };
-constexpr std::array<Detail, kFinest> kDetails = {{{7, 400}, {5, 150}, {5, 60}, {3, 24}, {3, 8}}};
+constexpr std::array<Detail, kFinest> kDetails = {{{7, 400}, {5, 120}, {5, 16}, {3, 10}, {3, 4}}};
 
 const Detail& detailOf(const PrepareSettings& settings) {
   return kDetails.at(static_cast<std::size_t>(settings.detail - kCoarsest));
@@ -95,22 +95,32 @@ struct Preparation::Steps {
 
   std::optional<std::pair<PrepareSettings, PrepareGround>> last;
   Placed onCanvas;
-  Layer hard;  ///< Without noise and soft edges, its paper clear.
+  bool noisy = false;
+  int softness = 2;  ///< Pixels that an edge may be soft on either side.
+  Layer hard;        ///< Without noise and soft edges, its paper clear.
   Colour paper = qb::white;
   Sorted sorted;
 
   void place(const PrepareSettings& settings, const PrepareGround& ground) {
-    onCanvas =
-        placed(picture, settings.asItsSize, ground.canvas, ground.wallSize, kDetails.at(2).speck, work);
+    constexpr int kSpeck = 16;   // pixels that are no subject
+    constexpr int kSoftest = 6;  // pixels on either side of an edge
+    onCanvas = placed(picture, settings.asItsSize, ground.canvas, ground.wallSize, kSpeck, work);
+    softness = std::clamp(1 + static_cast<int>(std::lround(onCanvas.enlarged)), 2, kSoftest);
+    noisy = isNoisy(onCanvas.layer.colours, onCanvas.layer.clear);
+    if (!noisy) hardenEdges(onCanvas.layer.colours, softness);
   }
 
-  void harden(const PrepareSettings& settings) {
-    const Detail& detail = detailOf(settings);
-    hard.colours = withoutNoise(onCanvas.layer.colours, detail.side, detail.speck, work);
-    constexpr int kSoftest = 6;  // pixels on either side of an edge
-    hardenEdges(hard.colours, std::clamp(1 + static_cast<int>(std::lround(onCanvas.enlarged)), 2, kSoftest));
+  void smooth(const PrepareSettings& settings) {
+    hard.colours = withoutNoise(onCanvas.layer.colours, detailOf(settings).side, speckOf(settings), work);
+    if (noisy) hardenEdges(hard.colours, softness);
     hard.clear = onCanvas.layer.clear;
     clearPaper();
+  }
+
+  /// What grain leaves is larger than what a pen does.
+  [[nodiscard]] int speckOf(const PrepareSettings& settings) const {
+    constexpr int kTimes = 4;
+    return detailOf(settings).speck * (noisy ? kTimes : 1);
   }
 
   /// The edge at which paper begins is the picture's own, not the Canvas's.
@@ -128,6 +138,34 @@ struct Preparation::Steps {
     }
   }
 
+  /// By label, the mean of the colours that it stands for.
+  [[nodiscard]] std::vector<Colour> meansOf(const Areas& areas) const {
+    std::vector<std::array<std::int64_t, 4>> sums(areas.colours.size());
+    for (std::size_t at = 0; at < areas.labels.size(); ++at) {
+      if (areas.labels[at] == kPaperLabel) continue;
+      auto& [count, red, green, blue] = sums[areas.labels[at]];
+      const Colour colour = hard.colours.pixels[at];
+      ++count;
+      red += colour & 0xFF;
+      green += colour >> 8 & 0xFF;
+      blue += colour >> 16 & 0xFF;
+    }
+    std::vector<Colour> means;
+    for (const auto& [count, red, green, blue] : sums) {
+      const auto mean = [all = std::max<std::int64_t>(count, 1)](std::int64_t sum) {
+        return static_cast<Colour>(sum / all);
+      };
+      means.push_back(mean(red) | mean(green) << 8 | mean(blue) << 16);
+    }
+    return means;
+  }
+
+  void joinByMeans(Areas& areas) {
+    sorted.colours = meansOf(areas);
+    for (std::size_t i = 0; i < sorted.colours.size(); ++i) areas.colours[i] = labOf(sorted.colours[i]);
+    joinAlike(areas);
+  }
+
   void sort(const PrepareSettings& settings) {
     const Segments segments = work.segmented(hard.colours, settings.colours);
     Areas areas{hard.size(), segments.labels, {}, labOf(paper)};
@@ -135,8 +173,11 @@ struct Preparation::Steps {
     for (std::size_t at = 0; at < areas.labels.size(); ++at) {
       if (hard.clear[at] != 0) areas.labels[at] = kPaperLabel;
     }
-    removeSpecks(areas, detailOf(settings).speck, work);
-    sorted = {std::move(areas), segments.colours};
+    removeRims(areas);
+    joinByMeans(areas);
+    removeSpecks(areas, speckOf(settings), work);
+    joinByMeans(areas);
+    sorted.areas = std::move(areas);
   }
 };
 
@@ -203,7 +244,7 @@ Prepared Preparation::make(const PrepareSettings& given, const PrepareGround& gr
                       steps.last->first.asItsSize != settings.asItsSize;
   const bool isOtherDetail = isAnew || steps.last->first.detail != settings.detail;
   if (isAnew) steps.place(settings, ground);
-  if (isOtherDetail) steps.harden(settings);
+  if (isOtherDetail) steps.smooth(settings);
   if (isOtherDetail || steps.last->first.colours != settings.colours) steps.sort(settings);
   steps.last = {settings, ground};
 

@@ -114,7 +114,7 @@ def soft_lines():
     def paint(draw):
         draw.ellipse(big(80, 80, 500, 500), outline="black", width=SOFT)
         draw.line(big(120, 180, 460, 400), fill="black", width=SOFT)
-        draw.line([(480 * SOFT, 260 * SOFT), (760 * SOFT, 120 * SOFT), (800 * SOFT, 560 * SOFT), (440 * SOFT, 455 * SOFT)],
+        draw.line([(480 * SOFT, 260 * SOFT), (760 * SOFT, 120 * SOFT), (800 * SOFT, 560 * SOFT), (425 * SOFT, 425 * SOFT)],
                   fill="black", width=SOFT)
 
     regions("soft_lines", (80, 80, 800, 560), [(330, 200), (200, 400), (650, 300)])
@@ -123,7 +123,7 @@ def soft_lines():
 
 def word(text, size, ground="white", ink="black"):
     font = ImageFont.load_default()
-    width, height = font.getsize(text)
+    width, height = font.getbbox(text)[2:]
     letters = Image.new("L", (width, height), 0)
     ImageDraw.Draw(letters).text((0, 0), text, font=font, fill=255)
     # Large steps become slopes: as letters of a word processor, soft at their edges.

@@ -99,7 +99,7 @@ Segments LeptonicaWork::segmented(const Bitmap& picture, int most) {
   Segments segments;
   if (picture.pixels.empty()) return segments;
   const PixPointer pix = pixOf(picture);
-  constexpr int kNearest = 16;  // how far apart, a channel, colours are that may stand for themselves
+  constexpr int kNearest = 40;  // how far apart, a channel, colours are that may stand for themselves
   const PixPointer result = owned(pixColorSegment(pix.get(), kNearest, most, 0, most, 0));
   PIXCMAP* map = pixGetColormap(result.get());
   for (int i = 0; i < pixcmapGetCount(map); ++i) {
