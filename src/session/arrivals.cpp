@@ -90,8 +90,14 @@ void pictureRead(Program& program, Outcome<Picture> picture, const Arrival& arri
                [shared, example = arrival.isExample](Program& p) { showPicture(p, shared, example); });
 }
 
+/// What has no size of its own is drawn as large as it can be needed: the panel maximises the window.
+Size sizeToReadFor(Program& program) {
+  const bool isLargest = program.platform.windowState() == WindowState::maximised;
+  return isLargest ? canvasFor(program.platform.clientSize()) : Size{Canvas::kSide, Canvas::kSide};
+}
+
 void readBeside(Program& program, Arrival arrival) {
-  const Size fit = canvasFor(program.platform.clientSize());
+  const Size fit = sizeToReadFor(program);
   program.platform.workBeside(program, [arrival = std::move(arrival), fit]() -> Finish {
     auto picture = std::make_shared<Outcome<Picture>>(arrival.read(fit));
     return [picture, arrival](Program& p) { pictureRead(p, std::move(*picture), arrival); };

@@ -21,18 +21,16 @@ void WorkThread::ask(Work work) {
     const std::lock_guard lock(mutex_);
     waiting_ = std::move(work);
     outcome_.reset();
+    isThere_ = false;
   }
   asked_.notify_one();
 }
 
 std::optional<Finish> WorkThread::takeOutcome() {
+  if (!hasOutcome()) return std::nullopt;
   const std::lock_guard lock(mutex_);
+  isThere_ = false;
   return std::exchange(outcome_, std::nullopt);
-}
-
-bool WorkThread::hasOutcome() {
-  const std::lock_guard lock(mutex_);
-  return outcome_.has_value();
 }
 
 void WorkThread::run() {
@@ -46,6 +44,7 @@ void WorkThread::run() {
     lock.lock();
     if (waiting_ || ending_) continue;
     outcome_ = std::move(outcome);
+    isThere_ = true;
     lock.unlock();
     onDone_();
     lock.lock();

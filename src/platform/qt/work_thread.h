@@ -1,6 +1,7 @@
 // Work beside the window: one thread that does the newest work and forgets what was asked for before it.
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
@@ -26,7 +27,8 @@ class WorkThread {
 
   /// The outcome of the newest work, once; nothing while that is under way.
   std::optional<Finish> takeOutcome();
-  [[nodiscard]] bool hasOutcome();
+  /// Costs next to nothing, since a busy loop asks in every pass.
+  [[nodiscard]] bool hasOutcome() const { return isThere_.load(std::memory_order_acquire); }
 
  private:
   void run();
@@ -36,6 +38,7 @@ class WorkThread {
   std::condition_variable asked_;
   std::optional<Work> waiting_;
   std::optional<Finish> outcome_;
+  std::atomic<bool> isThere_ = false;  // whether `outcome_` is
   bool ending_ = false;
   std::thread thread_;  // last: it begins when all the others stand
 };
