@@ -18,8 +18,6 @@ struct MenuTip {
 
 inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::openpicture, "a picture of any format, or a drawing, from any folder"},
-    {Item::openrecent, "the last ten that were opened or dropped here"},
-    {Item::openexample, "pictures to begin with, and the pattern sets of this folder"},
     {Item::pastepicture, "the picture that another program has copied"},
     {Item::preparepicture, "few colours, clear outlines and white paper for what is on the Canvas"},
     {Item::showregions, "the regions of this drawing in colours, and how many cells they have"},

@@ -35,7 +35,8 @@ class DragSource : public QWidget {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QList<QUrl> addresses;
-  for (const QString& word : QApplication::arguments().mid(1)) addresses.append(QUrl::fromUserInput(word, "/"));
+  for (const QString& word : QApplication::arguments().mid(1))
+    addresses.append(QUrl::fromUserInput(word, "/"));
   DragSource source(addresses);
   source.show();
   return QApplication::exec();
