@@ -104,8 +104,12 @@ void readBeside(Program& program, Arrival arrival) {
   });
 }
 
-PictureReader readerOf(Program& program, const fs::path& file) {
-  return [&door = program.platform, file](Size fit) { return door.readPicture(file, fit); };
+void fileBeside(Program& program, const fs::path& file, bool isExample) {
+  Arrival arrival;
+  arrival.read = [&door = program.platform, file](Size fit) { return door.readPicture(file, fit); };
+  if (!isExample) arrival.file = file;
+  arrival.isExample = isExample;
+  readBeside(program, std::move(arrival));
 }
 
 void drawingArrived(Program& program, const fs::path& file) {
@@ -122,7 +126,7 @@ void drawingArrived(Program& program, const fs::path& file) {
 
 void fileArrived(Program& program, const fs::path& file) {
   if (equalButForCase(file.extension().string(), ".maze")) return drawingArrived(program, file);
-  readBeside(program, {readerOf(program, file), file});
+  fileBeside(program, file, false);
 }
 
 /// The one that came with the program; where there is none, the working folder's, where it was laid out.
@@ -197,7 +201,7 @@ void openExample(Program& program, int entry) {
   if (std::find(kExamples.begin(), kExamples.end(), name) == kExamples.end()) {
     loadSet(program, baseName(name));
   } else {
-    readBeside(program, {readerOf(program, examplePicture(program, name)), {}, true});
+    fileBeside(program, examplePicture(program, name), true);
   }
 }
 

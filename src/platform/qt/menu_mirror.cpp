@@ -127,9 +127,10 @@ void MenuMirror::listEntries(Item item, const std::vector<std::string>& entries)
   if (entries_[row] == entries && !menu->isEmpty()) return;
   entries_[row] = entries;
   menu->clear();
-  for (std::size_t place = 0; place < entries.size(); ++place) {
-    QAction* action = menu->addAction(QString::fromStdString(entries[place]).replace("&", "&&"));
-    QObject::connect(action, &QAction::triggered, menu, [this, item, entry = static_cast<int>(place)] {
+  int place = 0;
+  for (const std::string& words : entries) {
+    QAction* action = menu->addAction(QString::fromStdString(words).replace("&", "&&"));
+    QObject::connect(action, &QAction::triggered, menu, [this, item, entry = place++] {
       inputs_.byPerson([item, entry](Program& program) { input::menuEntryClick(program, item, entry); });
     });
   }

@@ -2,6 +2,7 @@
 // ready.
 #include <QClipboard>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
@@ -70,10 +71,8 @@ void QtDesktop::mirrorPictures(const Program& program) {
 // The thread wakes up the loop, which looks for the outcome when Qt has come back.
 void QtDesktop::workBeside(Program& /*program*/, Work work) {
   if (!beside_) {
-    beside_ = std::make_unique<WorkThread>([] {
-      QMetaObject::invokeMethod(
-          qApp, [] {}, Qt::QueuedConnection);
-    });
+    beside_ =
+        std::make_unique<WorkThread>([] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::User)); });
   }
   beside_->ask(std::move(work));
 }
