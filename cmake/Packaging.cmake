@@ -9,6 +9,8 @@ install(PROGRAMS ${packaging}/gridwright-start DESTINATION ${CMAKE_INSTALL_BINDI
 
 get_property(content GLOBAL PROPERTY GRIDWRIGHT_CONTENT)
 install(FILES ${content} DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright)
+get_property(examples GLOBAL PROPERTY GRIDWRIGHT_EXAMPLES)
+install(FILES ${examples} DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright/examples)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/patterns DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright FILES_MATCHING
         PATTERN "*pat")
 
@@ -74,6 +76,8 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Plugins that Qt looks for when it reads a picture: no program is linked with them, as they are with that for SVG.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-user-dirs")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

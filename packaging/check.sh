@@ -52,6 +52,9 @@ done < <(sed -n 's|.*width="\([0-9]*\)" height="\([0-9]*\)">.*/\([^/<]*\)<.*|\1 
 for picture in title example1 example11 credit1 credit2; do
   [[ -s $share/gridwright/$picture.bmp ]] || complain "no picture $picture"
 done
+for picture in balloon butterfly cat name octopus snail window; do
+  [[ -s $share/gridwright/examples/$picture.bmp ]] || complain "no example $picture"
+done
 for size in 16 32 48 64 128 256; do
   [[ -s $share/icons/hicolor/${size}x$size/apps/gridwright.png ]] || complain "no icon of size $size"
 done
@@ -77,6 +80,19 @@ mkdir "$root/tmp" "$home"
 start=$root/usr/bin/gridwright-start
 starts_in "$(started_in "$start")" "$home/Documents/Gridwright" "makes the folder of documents"
 starts_in "$(cd "$root/usr" && started_in bin/gridwright-start)" "$home/Documents/Gridwright" "by a relative path"
+folder=$home/Documents/Gridwright
+for file in "$share"/gridwright/examples/*.bmp "$share"/gridwright/patterns/*pat; do
+  cmp -s "$file" "$folder/${file##*/}" || complain "gridwright-start lays out no ${file##*/}"
+done
+echo mine >"$folder/cat.bmp" && rm "$folder/snail.bmp" && ln -s "$root/nowhere" "$folder/snail.bmp"
+started_in "$start" >/dev/null
+[[ $(cat "$folder/cat.bmp") == mine ]] || complain "gridwright-start writes over a person's picture"
+[[ ! -e $root/nowhere ]] || complain "gridwright-start writes through a link"
+# What it is started with, as the program gets it.
+printf '#!/bin/sh\nprintf "%%s|" "$@"\n' >"$root/usr/bin/gridwright"
+given=$(cd "$root/usr" && started_in "$start" "a cat.png" /tmp/lion.maze)
+[[ $given == "$root/usr/a cat.png|/tmp/lion.maze|" ]] || complain "gridwright-start hands on $given"
+printf '#!/bin/sh\npwd -P\n' >"$root/usr/bin/gridwright"
 ln -s "$start" "$root/start"
 starts_in "$(cd "$root" && started_in ./start)" "$home/Documents/Gridwright" "through a link"
 # A file where the folder should be cannot be written into by anybody, root included.

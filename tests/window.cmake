@@ -5,3 +5,12 @@ add_test(NAME window.walk
     ${PROJECT_SOURCE_DIR}/examples/patterns/spirals.pat
   WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 set_tests_properties(window.walk PROPERTIES TIMEOUT 300)
+
+find_package(Qt6 REQUIRED COMPONENTS Widgets)
+add_executable(drag-source window/drag_source.cpp)
+target_link_libraries(drag-source PRIVATE Qt6::Widgets)
+add_test(NAME window.arrivals
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/arrivals.py $<TARGET_FILE:gridwright>
+    $<TARGET_FILE:drag-source>
+  WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set_tests_properties(window.arrivals PROPERTIES TIMEOUT 300)

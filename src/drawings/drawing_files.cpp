@@ -94,6 +94,12 @@ std::vector<std::string> plainFiles(const WorkFolder& folder, const std::string&
   return names;
 }
 
+Outcome<DrawingRecord> readRecord(const WorkFolder& folder, const std::string& base) {
+  const auto text = isNameForDrawing(base) ? folder.readText(base + std::string(kRecordEnding))
+                                           : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
+  return text ? parseDrawing(text.value()) : Outcome<DrawingRecord>(text.fault());
+}
+
 void refreshLists(Program& program) {
   for (const ControlId list : {ControlId::File1, ControlId::File2}) refreshList(program, list, kRecordEnding);
 }
@@ -170,10 +176,7 @@ void ldrawing(Program& program) {
 void loadEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text4].text);
   closePanel(program, kLoadPanel);
-  const std::string recordName = base + std::string(kRecordEnding);
-  const auto text = isNameForDrawing(base) ? program.files->readText(recordName)
-                                           : Outcome<std::string>(Fault{Fault::Kind::notFound, base});
-  const auto drawing = text ? parseDrawing(text.value()) : Outcome<DrawingRecord>(text.fault());
+  const auto drawing = readRecord(*program.files, base);
   if (!drawing) {
     program.platform.messageBox("Error: can't find file.");
     return;
@@ -183,8 +186,29 @@ void loadEntered(Program& program) {
     program.platform.messageBox("Error: can't find bitmap.");
     return;
   }
+  takeDrawing(program, {drawing.value(), picture.value()});
+}
+
+Outcome<SavedDrawing> readDrawing(Program& program, const fs::path& record) {
+  const WorkFolder folder(record.parent_path());
+  const std::string name = record.filename().string();
+  const std::string base = record.stem().string();
+  const auto drawing = readRecord(folder, base);
+  if (!drawing) {
+    const bool broken = drawing.fault().kind == Fault::Kind::malformed;
+    return Fault{drawing.fault().kind, name + (broken ? " is no Gridwright drawing" : " cannot be opened")};
+  }
+  const fs::path bitmap = pairOf(folder, base).bitmap;
+  auto picture = program.platform.loadBitmap(bitmap);
+  if (!picture)
+    return Fault{picture.fault().kind,
+                 name + " has no picture: " + bitmap.filename().string() + " beside it cannot be read"};
+  return SavedDrawing{drawing.value(), std::move(picture.value())};
+}
+
+void takeDrawing(Program& program, const SavedDrawing& drawing) {
   keepLastDrawing(program);
-  install(program, drawing.value(), picture.value());
+  install(program, drawing.record, drawing.picture);
 }
 
 void loadEscaped(Program& program) { closePanel(program, kLoadPanel); }

@@ -5,9 +5,11 @@
 // over is taken over at the next look, one that was not is forgotten.
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
+#include "drawings/drawing_record.h"
 #include "state/program.h"
 
 namespace gridwright {
@@ -19,6 +21,18 @@ void saveEscaped(Program& program);
 void ldrawing(Program& program);  ///< "Load Gridwright Drawing"
 void loadEntered(Program& program);
 void loadEscaped(Program& program);
+
+struct SavedDrawing {
+  DrawingRecord record;
+  Bitmap picture;
+};
+
+/// A drawing in any folder, by its record's path, with the bitmap of its name beside it. Only reads.
+/// \returns a Fault with one line for a person.
+Outcome<SavedDrawing> readDrawing(Program& program, const std::filesystem::path& record);
+
+/// A drawing that was read comes back, in the drawing phase; what was drawn goes to last-drawing.bmp.
+void takeDrawing(Program& program, const SavedDrawing& drawing);
 
 /// Whether a name may be a drawing's: not empty, no separator, none of the program's own pictures.
 bool isNameForDrawing(std::string_view base);

@@ -79,7 +79,6 @@ void importdrawing(Program& program) {
 }
 
 void importEntered(Program& program) {
-  ProgramState& s = program.state;
   const std::string typed = program.controls[ControlId::Text8].text;
   const std::string base = baseName(typed);
   closePanel(program, kImportPanel);
@@ -91,10 +90,15 @@ void importEntered(Program& program) {
     tellWhyNot(program, picture.fault(), typed, base);
     return;
   }
+  takePicture(program, picture.value());
+}
+
+void takePicture(Program& program, const Bitmap& picture) {
+  ProgramState& s = program.state;
   keepLastDrawing(program);
-  program.canvas.setPicture(picture.value());
+  program.canvas.setPicture(picture);
   s.drawing.skipPaintOnce = s.drawing.firstPaint = true;
-  tellCut(program, picture.value(), program.platform.maximise());
+  tellCut(program, picture, program.platform.maximise());
   s.mazeMadeOnce = true;
   showCreateItems(program);
 }

@@ -11,4 +11,8 @@ void importdrawing(Program& program);  ///< "Import Bitmap"
 void importEntered(Program& program);
 void importEscaped(Program& program);
 
+/// A picture becomes the drawing, whatever way it came, in the drawing phase: what was drawn goes to
+/// last-drawing.bmp, the window is maximised, and all kinds can be made now. Tells when it is cut.
+void takePicture(Program& program, const Bitmap& picture);
+
 }  // namespace gridwright

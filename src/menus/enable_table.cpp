@@ -28,6 +28,7 @@ enum Need : unsigned {
   kNoPrintRun = 1U << 4,      // while `printTotal` is 0
   kPrintRun = 1U << 5,        // while `printMode` is not 0
   kRefreshDue = 1U << 6,      // while a maze is part of every maze
+  kBesideNoRun = 1U << 7,     // while neither a run is set up nor patterns are made for a maze
 };
 
 struct Rule {
@@ -37,6 +38,13 @@ struct Rule {
 };
 
 constexpr auto kTable = std::to_array<Rule>({
+    {Item::openpicture, kWorking, kBesideNoRun},
+    {Item::openrecent, kWorking, kBesideNoRun},
+    {Item::openexample, kWorking, kBesideNoRun},
+    {Item::pastepicture, kWorking, kBesideNoRun},
+    {Item::preparepicture, kDrawing, kBesideNoRun},
+    {Item::whiteground, kWorking, kBesideNoRun},
+    {Item::showregions, kDrawing, kBesideNoRun},
     {Item::importdrawing, kDrawing, kNothing},
     {Item::ndrawing, kDrawing, kNothing},
     {Item::sdrawing, kDrawing, kNothing},
@@ -91,6 +99,7 @@ bool holds(const Program& program, const Rule& rule) {
   if (s.paused && !has(kUnderAnyPanel) && !(has(kUnderTextPanel) && !colourPanelOpen(program))) return false;
   if (s.editedPattern != 0 && !has(kWhileEditing)) return false;
   if (has(kNoPrintRun) && s.print.printTotal != 0) return false;
+  if (has(kBesideNoRun) && (s.print.printTotal != 0 || s.editor.preparing)) return false;
   if (has(kPrintRun) && s.print.printMode == PrintMode::none) return false;
   return !has(kRefreshDue) || s.nrefreshDue;
 }
@@ -112,6 +121,18 @@ std::uint64_t keyOf(const Program& program) {
   return key;
 }
 
+constexpr std::uint64_t kHeldBack = ~std::uint64_t{0} - 1;  // no key of any values
+
+/// Patterns made before a maze change no menu but the items that stand beside no such work; the table is
+/// written anew when they are made.
+void holdBack(MenuModel& menus) {
+  if (menus.enableKey == kHeldBack) return;
+  menus.enableKey = kHeldBack;
+  for (const Rule& rule : kTable) {
+    if ((rule.needs & kBesideNoRun) != 0) menus.setEnabled(rule.item, false);
+  }
+}
+
 }  // namespace
 
 bool tableLists(Item item) { return ruleOf(item) != nullptr; }
@@ -131,7 +152,7 @@ void applyEnableTable(Program& program) {
 bool enableTableStands(const Program& program) { return program.menus.enableKey == keyOf(program); }
 
 void applyEnableTableIfChanged(Program& program) {
-  if (program.state.editor.preparing) return;  // patterns made before a maze change no menu
+  if (program.state.editor.preparing) return holdBack(program.menus);
   if (!enableTableStands(program)) applyEnableTable(program);
 }
 

@@ -21,8 +21,23 @@ void hidePanel(Program& program, const Panel& panel) {
 
 }  // namespace
 
+void holdWindow(Program& program) { program.state.panelOpen = program.state.paused = true; }
+
+void holdWindowOverScreen(Program& program) {
+  program.state.panels.panelKeptRedraw = program.canvas.autoRedraw();
+  program.canvas.setAutoRedraw(false);
+  holdWindow(program);
+}
+
+void releaseWindow(Program& program) {
+  std::optional<bool>& kept = program.state.panels.panelKeptRedraw;
+  if (kept) program.canvas.setAutoRedraw(*kept);
+  kept.reset();
+  program.state.panelOpen = program.state.paused = false;
+}
+
 void openPanel(Program& program, const Panel& panel, std::string_view content) {
-  program.state.panelOpen = program.state.paused = true;
+  holdWindow(program);
   program.controls.show(panel.label);
   program.controls.show(panel.box);
   if (panel.list) program.controls.show(*panel.list);
@@ -31,16 +46,12 @@ void openPanel(Program& program, const Panel& panel, std::string_view content) {
 }
 
 void openPanelOverScreen(Program& program, const Panel& panel, std::string_view content) {
-  program.state.panels.panelKeptRedraw = program.canvas.autoRedraw();
-  program.canvas.setAutoRedraw(false);
+  holdWindowOverScreen(program);
   openPanel(program, panel, content);
 }
 
 void closePanel(Program& program, const Panel& panel) {
-  if (program.state.panels.panelKeptRedraw)
-    program.canvas.setAutoRedraw(*program.state.panels.panelKeptRedraw);
-  program.state.panels.panelKeptRedraw.reset();
-  program.state.panelOpen = program.state.paused = false;
+  releaseWindow(program);
   hidePanel(program, panel);
   program.controls.setText(panel.box, "");
   program.controls.setFocus(std::nullopt);

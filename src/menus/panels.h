@@ -23,13 +23,22 @@ inline constexpr Panel kLoadSetPanel{ControlId::Text6, ControlId::Label9, Contro
 inline constexpr Panel kPrintPanel{ControlId::Text3, ControlId::Label1, std::nullopt};
 inline constexpr Panel kImportPanel{ControlId::Text8, ControlId::Label11, ControlId::File5};
 
-/// Holds the window: the running loop stands still, and the long list of commands is off.
+/// What every panel begins with: the running loop stands still, and the long list of commands is off.
+void holdWindow(Program& program);
+
+/// The same, with strokes going to the screen alone until the window is given back.
+void holdWindowOverScreen(Program& program);
+
+/// Gives the window back, and the drawing mode that the holding kept.
+void releaseWindow(Program& program);
+
+/// Holds the window, and shows the panel.
 void openPanel(Program& program, const Panel& panel, std::string_view content);
 
 /// The same, with strokes going to the screen alone until the panel closes.
 void openPanelOverScreen(Program& program, const Panel& panel, std::string_view content);
 
-/// Gives the window back, and the drawing mode that the opening kept.
+/// Hides the panel, and gives the window back.
 void closePanel(Program& program, const Panel& panel);
 
 void hideTextPanels(Program& program);

@@ -133,6 +133,10 @@ void loadpatterns(Program& program) {
 void loadSetEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text6].text);
   closeSetPanel(program, kLoadSetPanel);
+  loadSet(program, base);
+}
+
+void loadSet(Program& program, const std::string& base) {
   finishOpenPattern(program);
   const auto text = staysInFolder(base) ? program.files->readText(fileName(program, base))
                                         : Outcome<std::string>(Fault{Fault::Kind::notFound, base});

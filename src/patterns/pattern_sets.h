@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "state/program.h"
 
@@ -14,6 +15,9 @@ void saveSetEscaped(Program& program);
 void loadpatterns(Program& program);  ///< "Load pattern"
 void loadSetEntered(Program& program);
 void loadSetEscaped(Program& program);
+
+/// Loads the set of this base name in the present kind; a message says when it cannot be.
+void loadSet(Program& program, const std::string& base);
 
 /// Left, right, up, down.
 using PatternSet = std::array<Steps, 4>;

@@ -5,6 +5,7 @@
 
 #include "menus/menu_rules.h"
 #include "menus/panels.h"
+#include "printing/page.h"
 #include "printing/run_words.h"
 #include "solve/finish_search.h"
 #include "solve/firstnoxy.h"
@@ -37,7 +38,7 @@ void goOnToNextMaze(ProgramState& s) {
 
 /// A page that cannot be kept ends the job, which tells it. \returns whether it was kept.
 bool printPage(Program& program) {
-  if (program.platform.printForm(program.canvas.shownImage())) return true;
+  if (program.platform.printForm(pageOf(program))) return true;
   endJob(program);
   return false;
 }

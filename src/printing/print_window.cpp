@@ -1,11 +1,12 @@
 #include "printing/print_window.h"
 
+#include "printing/page.h"
 #include "printing/run_words.h"
 
 namespace gridwright {
 
 void printfff(Program& program) {
-  tellPrinted(program, "the window is printed", program.platform.printAlone(program.canvas.shownImage()));
+  tellPrinted(program, "the window is printed", program.platform.printAlone(pageOf(program)));
 }
 
 }  // namespace gridwright

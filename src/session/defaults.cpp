@@ -68,6 +68,7 @@ void forgetEverything(Program& program) {
   s.ends = {};
   s.solver = {};
   s.print = {};
+  program.menus.setChecked(Item::whiteground, false);
   s.drawing = {};
   s.editor = {};
   s.files = {};

@@ -7,10 +7,13 @@
 #include "menus/enable_table.h"
 #include "menus/panels.h"
 #include "printing/print_job.h"
+#include "session/arrivals.h"
 #include "session/keys.h"
 #include "session/main_loop.h"
 #include "session/menu_commands.h"
 #include "session/panel_entries.h"
+#include "session/prepare_panel.h"
+#include "session/show_regions.h"
 #include "session/slideshow.h"
 #include "session/title.h"
 #include "state/grid.h"
@@ -26,6 +29,13 @@ bool isLive(const Program& program, ControlId id) {
 /// While a maze is prepared by a loop of its own, only leaving is possible.
 bool isHeldBack(const ProgramState& s, Item item) {
   return s.editor.preparing && item != Item::quit2 && item != Item::stopallprintings;
+}
+
+/// A click that closes the view of regions chooses nothing.
+bool canBeChosen(Program& program, Item item) {
+  if (hideRegions(program)) return false;
+  applyEnableTableIfChanged(program);
+  return !program.state.keyBusy && program.menus.available(item);
 }
 
 struct Button {
@@ -54,6 +64,7 @@ constexpr std::array kLists = {
 }  // namespace
 
 void keyDown(Program& program, int code) {
+  if (hideRegions(program)) return;
   ProgramState& s = program.state;
   if (s.paused || program.controls.focus() || s.keyBusy) return;
   s.keyBusy = true;
@@ -61,10 +72,8 @@ void keyDown(Program& program, int code) {
 }
 
 void menuClick(Program& program, Item item) {
-  applyEnableTableIfChanged(program);
-  if (program.state.keyBusy || !program.menus.available(item)) return;
   const Command command = commandOf(item);
-  if (command == nullptr) return;
+  if (command == nullptr || !canBeChosen(program, item)) return;
   if (isHeldBack(program.state, item)) {
     program.notices.tell("Not now: random patterns are being made for the next maze");
     return;
@@ -73,7 +82,19 @@ void menuClick(Program& program, Item item) {
   command(program);
 }
 
-void mouseDown(Program& program, int button) { slideMouse(program, button); }
+void menuEntryClick(Program& program, Item item, int entry) {
+  const EntryCommand command = entryCommandOf(item);
+  const auto count = static_cast<int>(program.menus.entries(item).size());
+  if (command == nullptr || entry < 0 || entry >= count || !canBeChosen(program, item)) return;
+  program.state.keyBusy = true;
+  command(program, entry);
+}
+
+void menuLookedAt(Program& program) { listArrivals(program); }
+
+void mouseDown(Program& program, int button) {
+  if (!hideRegions(program)) slideMouse(program, button);
+}
 
 void timerTick(Program& program, ControlId timer) { slideTimer(program, timer); }
 
@@ -126,7 +147,34 @@ void listClick(Program& program, ControlId list, int entry) {
   program.controls.setFocus(row->box);
 }
 
+void filesBrought(Program& program, const std::vector<std::filesystem::path>& files) {
+  hideRegions(program);
+  filesArrived(program, files);
+}
+
+void nothingBrought(Program& program) {
+  hideRegions(program);
+  nothingArrived(program);
+}
+
+void pasteAsked(Program& program) {
+  hideRegions(program);
+  pasteArrived(program);
+}
+
+void viewDismissed(Program& program) { hideRegions(program); }
+
+void preparationChanged(Program& program, const PrepareSettings& settings) {
+  changePreparation(program, settings);
+}
+
+void preparedAccepted(Program& program) { usePrepared(program); }
+void pictureAcceptedAsItIs(Program& program) { usePictureAsItIs(program); }
+void preparationCancelled(Program& program) { cancelPreparation(program); }
+
 void resized(Program& program, Size size) {
+  hideRegions(program);
+  preparationResized(program);
   const ProgramState& s = program.state;
   if (s.phase != Phase::title && s.phase != Phase::drawing) return;
   if (s.editedPattern == 0) followWindow(program, size);

@@ -4,6 +4,9 @@
 // window do not ask.
 #pragma once
 
+#include <filesystem>
+#include <vector>
+
 #include "state/program.h"
 
 namespace gridwright::input {
@@ -14,6 +17,12 @@ void keyDown(Program& program, int code);
 
 /// Chooses an item. One that is disabled, hidden or only informs does nothing.
 void menuClick(Program& program, Item item);
+
+/// Chooses an entry of an item that has some, by its place from 0, under the same rules.
+void menuEntryClick(Program& program, Item item, int entry);
+
+/// A person is about to look at the menu: its entries are brought up to date.
+void menuLookedAt(Program& program);
 
 /// A mouse button went down on the Canvas: 1 left, 2 right.
 void mouseDown(Program& program, int button);
@@ -38,6 +47,23 @@ void escapePressed(Program& program, ControlId control);
 
 /// Chooses an entry of a shown file list: it goes into the panel's box, which gets the focus.
 void listClick(Program& program, ControlId list, int entry);
+
+/// Files came from outside, dropped on the window or given when the program was started; or something that
+/// is no file of this computer. Lost when a command was taken in this pump already.
+void filesBrought(Program& program, const std::vector<std::filesystem::path>& files);
+void nothingBrought(Program& program);
+
+/// Something is pasted onto the window, at the title too. Lost when a command was taken in this pump already.
+void pasteAsked(Program& program);
+
+/// Any key or click while the view of regions stands, also one that no phase knows: it closes that.
+void viewDismissed(Program& program);
+
+/// What a person does in the panel that makes a picture ready; nothing while it is closed.
+void preparationChanged(Program& program, const PrepareSettings& settings);
+void preparedAccepted(Program& program);
+void pictureAcceptedAsItIs(Program& program);
+void preparationCancelled(Program& program);
 
 /// The window's client area has a new size: the Canvas follows at the title and in drawing only.
 void resized(Program& program, Size size);

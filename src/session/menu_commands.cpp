@@ -15,11 +15,15 @@
 #include "patterns/pattern_sets.h"
 #include "patterns/random_patterns.h"
 #include "patterns/random_size.h"
+#include "printing/page.h"
 #include "printing/print_job.h"
 #include "printing/print_window.h"
+#include "session/arrivals.h"
 #include "session/defaults.h"
 #include "session/maze_commands.h"
+#include "session/prepare_panel.h"
 #include "session/setting_commands.h"
+#include "session/show_regions.h"
 #include "solve/finish_methods.h"
 #include "solve/placesandf.h"
 #include "solve/play.h"
@@ -110,6 +114,11 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::mazes3d1, mazes3d1},
     {Item::rmazes, rmazes},
     {Item::newwallsize, newwallsize},
+    {Item::openpicture, openpicture},
+    {Item::pastepicture, pastepicture},
+    {Item::preparepicture, preparepicture},
+    {Item::whiteground, whiteground},
+    {Item::showregions, showregions},
 });
 
 }  // namespace
@@ -118,6 +127,11 @@ Command commandOf(Item item) {
   const auto* row =
       std::find_if(kCommands.begin(), kCommands.end(), [&](const Row& r) { return r.item == item; });
   return row == kCommands.end() ? nullptr : row->command;
+}
+
+EntryCommand entryCommandOf(Item item) {
+  if (item == Item::openrecent) return openRecent;
+  return item == Item::openexample ? openExample : nullptr;
 }
 
 }  // namespace gridwright

@@ -8,9 +8,11 @@
 #include "maze/makemaze2.h"
 #include "menus/menu_rules.h"
 #include "menus/pump.h"
+#include "menus/status_words.h"
 #include "patterns/random_patterns.h"
 #include "printing/print_job.h"
 #include "printing/run_words.h"
+#include "session/arrivals.h"
 #include "session/stages.h"
 #include "solve/default_ends.h"
 #include "solve/ends_after_maze.h"
@@ -107,6 +109,16 @@ void captionSolving(Program& program) {
                                   : "Gridwright-(user is solving maze)");
 }
 
+/// A maze opens into a ground of its corridors' colour.
+void tellOfGround(Program& program) {
+  const ProgramState& s = program.state;
+  if (s.creationMode == CreationMode::user || s.session.resumeMaze) return;
+  const Colour ground = program.canvas.point(1, 1);
+  if (!program.colours.isMaze(ground)) return;
+  program.notices.tell("the ground of this picture is " + colourWords(ground) +
+                       ", the colour of corridors: File › Prepare this picture makes it ready");
+}
+
 /// Phases that no stage waits for: commands still work, and the first that has a stage goes on.
 Stage waitForAStage(Program& program) {
   const auto hasStage = [&] {
@@ -134,6 +146,7 @@ Stage drawingStage(Program& program) {
   program.canvas.setAutoRedraw(false);
   giveBrushBack(s);
   s.drawing.skipPaintOnce = true;  // each way here measures: the Canvas and the grid may be others now
+  takeWhatWaited(program);
   drawpicture(program);
   if (s.phase == Phase::quitToTitle) return Stage::title;
   program.canvas.resize(program.platform.maximise());
@@ -177,6 +190,7 @@ Stage makingStage(Program& program) {
   repairEndColours(program);
   captionMaking(program);
   s.minimizedNow = false;
+  tellOfGround(program);
   endJobWhenDone(program);
   tellRun(program);
   s.phase = Phase::making;

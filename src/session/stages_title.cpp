@@ -23,6 +23,7 @@ void enableTitles(Program& program, bool on) {
     program.menus.setEnabled(title, on);
     if (on) program.menus.setVisible(title, true);
   }
+  program.menus.setVisible(Item::filet, on);
 }
 
 /// The title picture, 800 by 600: the one beside the installed program, else painted here.
@@ -51,6 +52,7 @@ Stage processStartStage(Program& program) {
 Stage titleStage(Program& program) {
   ProgramState& s = program.state;
   program.controls.setCaption("Gridwright-by Orrin Vale");
+  program.whenDrawing = nullptr;
   s.startColor = qb::lightMagenta;
   s.cur = s.start = s.finish = {};
   markOne(program.menus, {Item::usepattern, Item::dontusepattern, Item::crnd1}, Item::usepattern);

@@ -1,5 +1,7 @@
 #include "state/grid.h"
 
+#include "canvas/free_cell.h"
+
 namespace gridwright {
 
 bool isPlaced(const Square& q) {
@@ -30,14 +32,17 @@ void measureGrid(Program& program) {
   s.gridBottom = lastGridLine(s.wallHeight, s.stepY, s.canvasHeight);
 }
 
+Size canvasFor(Size client) {
+  return {std::clamp(client.width, 1, Canvas::kSide), std::clamp(client.height, 1, Canvas::kSide)};
+}
+
 void followWindow(Program& program, Size client) {
   if (program.platform.windowState() != WindowState::minimised) program.canvas.resize(client);
 }
 
 void pitchFromKind(ProgramState& state) {
-  const int times = state.mazeKind == MazeKind::pipe ? 2 : 1;
-  state.stepX = times * state.wallWidth;
-  state.stepY = times * state.wallHeight;
+  state.stepX = pitchOf(state.wallWidth, state.mazeKind);
+  state.stepY = pitchOf(state.wallHeight, state.mazeKind);
 }
 
 Square firstCell(const ProgramState& state) {
@@ -45,9 +50,7 @@ Square firstCell(const ProgramState& state) {
 }
 
 bool isFreeCell(const Program& program, const CellGrid& grid, Corner cell) {
-  const Pixels pixels = program.pixels();
-  return pixels.background(cell.x + 1, cell.y + 1) &&
-         pixels.allFree(cell.x, cell.y, cell.x + grid.wallWidth - 1, cell.y + grid.wallHeight - 1);
+  return isFreeCell(program.pixels(), grid, cell);
 }
 
 Square normalised(const ProgramState& state, const Square& square) {

@@ -22,6 +22,9 @@ CellGrid pipeGrid(const Program& program);
 /// `canvasHeight`, which belong together.
 void measureGrid(Program& program);
 
+/// The size of the Canvas in a window's client area.
+Size canvasFor(Size client);
+
 /// The Canvas follows the window's client area; a minimised window's size is none to follow, and it
 /// reports another when it comes back.
 void followWindow(Program& program, Size client);

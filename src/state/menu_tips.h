@@ -17,6 +17,11 @@ struct MenuTip {
 };
 
 inline constexpr auto kMenuTips = std::to_array<MenuTip>({
+    {Item::openpicture, "a picture of any format, or a drawing, from any folder"},
+    {Item::pastepicture, "the picture that another program has copied"},
+    {Item::preparepicture, "few colours, clear outlines and white paper for what is on the Canvas"},
+    {Item::showregions, "the regions of this drawing in colours, and how many cells they have"},
+    {Item::whiteground, "pages without the ground round the picture, which prints white"},
     {Item::importdrawing, "a bitmap from this folder becomes the drawing"},
     {Item::rmazes, "an empty drawing; press / and then ., move to where you begin, press / again"},
     {Item::mazes3d1, "an empty drawing for mazes that pass under themselves; to draw, press / and then ."},

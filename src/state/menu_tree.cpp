@@ -1,6 +1,7 @@
 #include "state/menu_tree.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "state/menu_tips.h"
 
@@ -39,6 +40,12 @@ bool MenuModel::available(Item item) const {
 void MenuModel::setCaption(Item item, std::string_view caption) {
   if (captions_[index(item)] == caption) return;
   captions_[index(item)] = caption;
+  ++revision_;
+}
+
+void MenuModel::setEntries(Item item, std::vector<std::string> entries) {
+  if (entries_[index(item)] == entries) return;
+  entries_[index(item)] = std::move(entries);
   ++revision_;
 }
 

@@ -5,12 +5,16 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "canvas/geometry.h"
 #include "canvas/outcome.h"
 #include "files/bitmap_files.h"
+#include "pictures/picture.h"
+#include "pictures/picture_work.h"
 #include "state/modes.h"
 
 namespace gridwright {
@@ -27,6 +31,20 @@ struct PagesWent {
   std::string where;           ///< Such as "to gridwright-0001.pdf, in /home/me"; may be empty.
   std::filesystem::path file;  ///< What a click on the notice opens; empty for none.
 };
+
+/// Reads a picture; one that can be drawn at any size as large as fits into a size. It may take a while, and
+/// it is called beside the program: it must know nothing of that.
+using PictureReader = std::function<Outcome<Picture>(Size fit)>;
+
+/// What was copied to be pasted: a file, or a picture without one.
+struct Pasted {
+  std::filesystem::path file;  ///< Empty for none.
+  PictureReader read;
+};
+
+/// What is to be done in the program with the outcome of work beside it, and that work.
+using Finish = std::function<void(Program&)>;
+using Work = std::function<Finish()>;
 
 /// What the running loop has in mind when it lets events run.
 enum class Pace {
@@ -81,6 +99,29 @@ class Platform : public BitmapFiles {
 
   /// Tells a person one line; returns when it was read.
   virtual void messageBox(std::string_view text) = 0;
+
+  /// A line was told that stands for a message: why something that came was not taken, or how big a maze
+  /// will be. A person has it before the eyes already; a script reads it as the last message.
+  virtual void told(std::string_view /*text*/) {}
+
+  /// Does `work` beside the program, where a desktop has a person who must not wait, and hands its outcome
+  /// to the program at the beginning of a pump that takes commands. Only the newest work counts: the
+  /// outcome of what was asked for before is dropped. The work must not touch the program.
+  virtual void workBeside(Program& program, Work work) = 0;
+
+  /// Reads a picture file of any format that is known here, and nothing but a plain file.
+  /// \returns a Fault with one line for a person. May be called beside the program.
+  virtual Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) = 0;
+
+  /// What pictures are worked on with; from any thread.
+  virtual PictureWork& pictureWork() = 0;
+
+  /// Asks a person for a picture or a drawing.
+  /// \returns nothing when there was no choice.
+  virtual std::optional<std::filesystem::path> choosePicture() = 0;
+
+  /// What could be pasted. \returns a Fault with one line for a person when that is no picture.
+  virtual Outcome<Pasted> pasted() = 0;
 
   /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
   /// \returns a Fault when it cannot be kept: the pages since the last end are lost then, as the end tells.

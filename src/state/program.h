@@ -5,8 +5,10 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "canvas/canvas.h"
 #include "canvas/colour_sets.h"
@@ -17,6 +19,7 @@
 #include "state/menu_tree.h"
 #include "state/notices.h"
 #include "state/platform.h"
+#include "state/prepare_panel.h"
 #include "state/program_state.h"
 #include "state/random.h"
 
@@ -42,6 +45,11 @@ struct Program {
   std::unique_ptr<WorkFolder> files;
   WorkPictures pictures;
   StepFiles steps;
+
+  PreparePanel prepare;
+  RegionsView regions;
+  std::vector<std::filesystem::path> recent;  ///< Opened from anywhere, the last first, at most ten.
+  std::function<void(Program&)> whenDrawing;  ///< Waits for the stage of drawing, which runs it once.
 
   /// Where a drawing is kept that the working folder does not take; empty for nowhere.
   std::filesystem::path dataFolder;

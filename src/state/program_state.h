@@ -164,6 +164,7 @@ struct PrintState {
   int withoutAnswer = 0;                         ///< Mazes of the job that no way leads through.
   PrintMode printKindPending = PrintMode::none;  ///< What the open panel asks for.
   PrintMode printKindSaved = PrintMode::none;
+  bool whiteGround = false;  ///< Pages show the picture without its ground, which prints white.
 };
 
 /// The pattern editor's own values.

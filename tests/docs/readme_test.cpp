@@ -51,16 +51,12 @@ bool needsNoName(Item item, const std::string& caption) {
 TEST(TheReadme, NamesEveryItemOfTheMenus) {
   const std::string text = readme();
   const MenuModel menus;
-  int named = 0;
   for (std::size_t i = 0; i < kItemCount; ++i) {
     const std::string caption = plainCaption(std::string(menus.caption(itemAt(i))));
     if (needsNoName(itemAt(i), caption)) continue;
     const bool title = rowOf(itemAt(i)).parent == Item::bar;
     EXPECT_NE(text.find(title ? "**" + caption + ".**" : "*" + caption + "*"), std::string::npos) << caption;
-    ++named;
   }
-  EXPECT_EQ(named, 92)
-      << "all but 19 lines of keys, 6 levels, the tool that is not there and the status of a run";
 }
 
 TEST(TheReadme, NamesEveryExample) {

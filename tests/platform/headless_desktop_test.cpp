@@ -345,5 +345,38 @@ TEST(Inputs, AreNeverLostAlthoughOnePumpTakesOne) {
             "");
 }
 
+TEST(APictureLine, ThatAPersonCouldNotGiveStopsTheScript) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing + "prepare colours=4\n").words, "s.txt:5: no picture is being prepared");
+  for (const std::string line : {"accept", "asitis", "cancel"}) {
+    const Ended ended = t.run(kDrawing + line + "\n");
+    EXPECT_EQ(ended.status, 2) << line;
+    EXPECT_EQ(ended.words, "s.txt:5: no picture is being prepared") << line;
+  }
+  EXPECT_EQ(t.run(kDrawing + "open\n").words, "s.txt:5: a word is missing");
+  EXPECT_EQ(t.run(kDrawing + "menu openrecent 1\n").words, "s.txt:5: no such entry: 1");
+  EXPECT_EQ(t.run(kDrawing + "menu openexample \"dog\"\n").words, "s.txt:5: no such entry: dog");
+  EXPECT_EQ(t.run(kDrawing + "menu openrecent\n").words, "s.txt:5: a word is missing");
+}
+
+TEST(AWordOfPrepare, MustBeOneOfItsSettings) {
+  Twin t;
+  t.put("plain.bmp", plainBitmap(60, 40, 0x336699));
+  for (const std::string word : {"colours=1", "colours=17", "colours=x", "detail=0", "detail=6",
+                                 "outlines=bold", "size=huge", "grow=1,x", "shape=round", "colours"}) {
+    const Ended ended = t.run("open plain.bmp\nprepare " + word + "\n");
+    EXPECT_EQ(ended.status, 2) << word;
+    EXPECT_EQ(ended.words, "s.txt:2: not understood: " + word);
+  }
+  EXPECT_EQ(t.run("open plain.bmp\nprepare colours=2 detail=5 outlines=none size=asitis grow=1,2\n").words,
+            "");
+}
+
+TEST(APath, MayHaveBlanksInQuotes) {
+  Twin t;
+  t.put("my cat.bmp", drawing({"...", "..."}));
+  EXPECT_EQ(t.run("open \"my cat.bmp\"\nexpect phase 0\nexpect pixel 15 15 8388608\n").words, "");
+}
+
 }  // namespace
 }  // namespace gridwright::test

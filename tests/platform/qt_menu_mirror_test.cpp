@@ -28,11 +28,11 @@ void expectInLine(const MenuMirror& mirror, const MenuModel& model) {
     // An action that is not shown calls itself disabled, whatever it was told.
     EXPECT_EQ(action->isEnabled(), model.enabled(item) && model.visible(item)) << rowOf(item).name;
     EXPECT_EQ(action->text(), menuText(item, model.caption(item))) << rowOf(item).name;
-    EXPECT_EQ(action->menu() != nullptr, hasChildren(item)) << rowOf(item).name;
+    EXPECT_EQ(action->menu() != nullptr, hasChildren(item) || hasEntries(item)) << rowOf(item).name;
   }
 }
 
-TEST(TheMenuBar, ShowsEachOfThe120ItemsAsItStartsInTheModel) {
+TEST(TheMenuBar, ShowsEachItemAsItStartsInTheModel) {
   Bar bar;
   const MenuModel model;
   bar.mirror.mirror(model);
@@ -94,8 +94,8 @@ TEST(ADisabledTitle, IsDisabledInTheBar) {
   MenuModel model;
   model.setEnabled(Item::maze, false);
   bar.mirror.mirror(model);
-  EXPECT_FALSE(bar.bar.actions()[2]->isEnabled());
-  EXPECT_TRUE(bar.bar.actions()[0]->isEnabled());
+  EXPECT_FALSE(bar.bar.actions()[3]->isEnabled());
+  EXPECT_TRUE(bar.bar.actions()[1]->isEnabled());
 }
 
 TEST(AnAmpersandInACaption, IsReadAsOne) {
@@ -112,7 +112,7 @@ TEST(EachTitle, HasALetterOfItsOwnAndKeepsItsWords) {
     EXPECT_TRUE(letters.insert(text[text.indexOf('&') + 1].toLower()).second) << rowOf(itemAt(row)).name;
     EXPECT_EQ(text.remove('&').toStdString(), rowOf(itemAt(row)).caption);
   }
-  EXPECT_EQ(letters.size(), 6U);
+  EXPECT_EQ(letters.size(), 7U);
 }
 
 }  // namespace

@@ -60,6 +60,13 @@ const std::array kRows = {
     Row{Item::resetpattern, "x.....", true},
     Row{Item::makeidentical, "x.....", true},
     Row{Item::quit2, "xxxxxx", true},
+    Row{Item::openpicture, ".xxxxx"},
+    Row{Item::openrecent, ".xxxxx"},
+    Row{Item::openexample, ".xxxxx"},
+    Row{Item::pastepicture, ".xxxxx"},
+    Row{Item::preparepicture, ".x...."},
+    Row{Item::whiteground, ".xxxxx"},
+    Row{Item::showregions, ".x...."},
 };
 
 bool colourPanel(const Program& p) {
@@ -73,8 +80,9 @@ bool wanted(const Program& p, const Row& row) {
   if (row.phases[phase + 1] != 'x') return false;
   if (s.editedPattern != 0 && !row.inEditor) return false;
   if (s.paused && (!row.underTextPanel || colourPanel(p))) return false;
-  const bool prints = row.item == Item::printwithsolutions || row.item == Item::printnosolutions;
-  return !prints || s.print.printTotal == 0;
+  const bool besideNoRun =
+      row.item == Item::printwithsolutions || row.item == Item::printnosolutions || rowOf(row.item).isOurs;
+  return !besideNoRun || s.print.printTotal == 0;
 }
 
 /// The first item on which model and table differ, or nothing.
@@ -215,11 +223,11 @@ class Fidget {
       case 7:
         return input::menuClick(p, item());
       case 8:
-        return box(p);
+        return p.prepare.open ? preparation(p) : box(p);
       case 9:
         return swatch(p);
       case 10:
-        return button(p);
+        return below(40) == 0 ? arrival(p, desktop) : button(p);
       default:
         if (below(20) != 0) return key(p);
         desktop.setClient({60 + below(140), 50 + below(110)});
@@ -260,6 +268,48 @@ class Fidget {
       return input::escapePressed(p, id);
     }
   }
+  void preparation(Program& p) {
+    PrepareSettings settings = p.prepare.settings;
+    switch (below(4)) {
+      case 0:
+        return input::preparedAccepted(p);
+      case 1:
+        return input::pictureAcceptedAsItIs(p);
+      case 2:
+        return input::preparationCancelled(p);
+      default:
+        settings.colours = below(20);
+        settings.detail = below(7);
+        settings.outlines = static_cast<Outlines>(below(4));
+        settings.asItsSize = below(2) == 0;
+        if (below(2) == 0) settings.grow = {below(4), below(4)};
+        return input::preparationChanged(p, settings);
+    }
+  }
+  void arrival(Program& p, BareDesktop& desktop) {
+    if (desktop.picturesElsewhere.empty()) {
+      const Bitmap ready = drawing({"....", "...."});
+      const Bitmap other = plainBitmap(70, 40, 0x123456);
+      desktop.picturesElsewhere["/ready.png"] = {{ready, {}}, {}, {ready.width, ready.height}};
+      desktop.picturesElsewhere["/other.png"] = {{other, {}}, {}, {other.width, other.height}};
+      desktop.clipboard = Pasted{"/other.png", {}};
+    }
+    const auto entry = [&] { return below(12); };
+    switch (below(6)) {
+      case 0:
+        return input::filesBrought(p, {"/ready.png"});
+      case 1:
+        return input::filesBrought(p, {"/other.png", "/ready.png"});
+      case 2:
+        return input::pasteAsked(p);
+      case 3:
+        return input::nothingBrought(p);
+      case 4:
+        return input::menuEntryClick(p, Item::openexample, entry());
+      default:
+        return input::menuEntryClick(p, Item::openrecent, entry());
+    }
+  }
   void swatch(Program& p) {
     const int first = static_cast<int>(ControlId::Check1);
     const int last = static_cast<int>(ControlId::Check17);
@@ -284,6 +334,7 @@ bool isAtRest(const Program& p) {
 
 /// The way back to a drawing that is open to everybody: out of panels, to the title, and on.
 void leadBack(Program& p, int turn) {
+  if (p.prepare.open) return input::preparationCancelled(p);
   for (const ControlId id : {ControlId::Text2, ControlId::Text7, ControlId::text1, ControlId::Text4,
                              ControlId::Text5, ControlId::Text6, ControlId::Text3, ControlId::Text8}) {
     if (p.controls[id].visible) return input::escapePressed(p, id);

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <set>
+#include <vector>
 
 #include "session/menu_commands.h"
 
@@ -66,15 +67,23 @@ TEST(ATipWhereADrawingBegins, HasDrawingTurnedOffBeforeTheColourChanges) {
     EXPECT_NE(menus.tip(item).find("press / and then ."), std::string::npos) << menus.tip(item);
 }
 
-TEST(TheTree, HasSixTitlesAndNoNameTwice) {
+TEST(TheTree, HasNoNameTwiceAndItsOwnTitleBeforeTheSixThatPeopleKnow) {
   std::set<std::string_view> names;
-  int titles = 0;
+  std::vector<std::string_view> titles;
   for (const MenuRow& row : kMenuRows) {
     names.insert(row.name);
-    titles += row.parent == Item::bar;
+    if (row.parent == Item::bar) titles.push_back(row.caption);
   }
-  EXPECT_EQ(names.size(), 120U);
-  EXPECT_EQ(titles, 6);
+  EXPECT_EQ(names.size(), kItemCount);
+  EXPECT_EQ(titles, (std::vector<std::string_view>{"File", "Options", "Print-Options", "Maze Options",
+                                                   "Maze Settings", "Patterns", "Instructions"}));
+}
+
+TEST(OurItems, StandBesideTheOthersUnderATitleOfTheirOwn) {
+  for (const MenuRow& row : kMenuRows) {
+    const bool underFile = row.name == "filet" || row.parent == Item::filet;
+    EXPECT_EQ(row.isOurs, underFile) << row.name;
+  }
 }
 
 TEST(EveryName, LeadsToItsItem) {
@@ -98,7 +107,8 @@ TEST(AtTheStart, TheseItemsAreHiddenOrDisabled) {
   const MenuModel menus;
   for (std::size_t i = 0; i < kItemCount; ++i) {
     const Item item = itemAt(i);
-    const bool hidden = item == Item::printing || item == Item::help || item == Item::fddf;
+    const bool hidden =
+        item == Item::printing || item == Item::help || item == Item::fddf || item == Item::filet;
     const bool disabled = item == Item::printing || item == Item::nrefresh || item == Item::crpattern ||
                           item == Item::keyspattern;
     EXPECT_EQ(menus.visible(item), !hidden) << kMenuRows[i].name;

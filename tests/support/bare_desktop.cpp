@@ -88,6 +88,21 @@ Outcome<FileMark> BareDesktop::saveBitmap(const Bitmap& picture, const std::file
   return FileMark{};
 }
 
+void BareDesktop::workBeside(Program& program, Work asked) {
+  if (worksLater) {
+    workUnderWay = std::move(asked);
+  } else {
+    asked()(program);
+  }
+}
+
+Outcome<Picture> BareDesktop::readPicture(const std::filesystem::path& path, Size /*fit*/) {
+  const auto found = picturesElsewhere.find(path);
+  if (found == picturesElsewhere.end())
+    return Fault{Fault::Kind::notFound, path.filename().string() + " is not there"};
+  return found->second;
+}
+
 const Bitmap* BareDesktop::file(const std::string& name) const {
   const auto found = bitmaps.find(name);
   return found == bitmaps.end() ? nullptr : &found->second;

@@ -8,6 +8,7 @@
 #include <functional>
 #include <limits>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@
 #include "state/menu_tree.h"
 #include "state/platform.h"
 #include "state/program.h"
+#include "support/plain_work.h"
 
 namespace gridwright::test {
 
@@ -52,6 +54,13 @@ class BareDesktop : public Platform {
   Size maximise() override;
   void raise() override { ++raised; }
   void messageBox(std::string_view text) override { messages.emplace_back(text); }
+  void told(std::string_view text) override { lines.emplace_back(text); }
+  /// Done at once, or kept in `workUnderWay`.
+  void workBeside(Program& program, Work work) override;
+  Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
+  PictureWork& pictureWork() override { return work; }
+  std::optional<std::filesystem::path> choosePicture() override { return chosen; }
+  Outcome<Pasted> pasted() override { return clipboard; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
                                Overwrite how) override;
@@ -78,8 +87,14 @@ class BareDesktop : public Platform {
 
   std::map<std::string, Bitmap> bitmaps;  ///< By file name, as a folder would hold them.
   std::vector<std::string> saves;         ///< Names in the order of writing.
-  std::vector<std::string> messages;
-  std::vector<WindowState> states;  ///< As the program set them.
+  std::vector<std::string> messages, lines;
+  std::map<std::filesystem::path, Picture> picturesElsewhere;  ///< What can be opened, by its path.
+  std::optional<std::filesystem::path> chosen;                 ///< In the dialog.
+  Outcome<Pasted> clipboard = Fault{Fault::Kind::notFound, "there is no picture to paste"};
+  PlainWork work;
+  bool worksLater = false;           ///< Work beside the program waits.
+  std::optional<Work> workUnderWay;  ///< The newest.
+  std::vector<WindowState> states;   ///< As the program set them.
   std::vector<Bitmap> pages;
   int documents = 0, alone = 0, raised = 0, maximised = 0;
   std::uint32_t seed = 1;

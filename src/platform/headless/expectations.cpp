@@ -74,7 +74,9 @@ void HeadlessDesktop::expectControl(const Program& program) {
 }
 
 void HeadlessDesktop::expectText(const Program& program) {
-  if (const auto item = itemNamed(word(2))) {
+  if (word(2) == "prepareline") {
+    compare("the line", program.prepare.line, text());
+  } else if (const auto item = itemNamed(word(2))) {
     compare("the caption", program.menus.caption(*item), text());
   } else if (const auto id = controlNamed(word(2))) {
     compare("the text", program.controls[*id].text, text());

@@ -87,7 +87,10 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"settle", &HeadlessDesktop::settle},     {"until", &HeadlessDesktop::until},
       {"expect", &HeadlessDesktop::expect},     {"show", &HeadlessDesktop::show},
       {"snapshot", &HeadlessDesktop::snapshot}, {"image", &HeadlessDesktop::image},
-      {"close", &HeadlessDesktop::close},
+      {"close", &HeadlessDesktop::close},       {"open", &HeadlessDesktop::open},
+      {"paste", &HeadlessDesktop::paste},       {"prepare", &HeadlessDesktop::prepare},
+      {"accept", &HeadlessDesktop::accept},     {"asitis", &HeadlessDesktop::asitis},
+      {"cancel", &HeadlessDesktop::cancel},
   });
   applyEnableTableIfChanged(program);
   const auto* verb =
@@ -154,6 +157,7 @@ HeadlessDesktop::Turn HeadlessDesktop::menu(Program& program, const ScriptLine&)
   if (!item) refuse("no such menu item: " + word(1));
   if (hasChildren(*item)) refuse(word(1) + " opens a submenu");
   if (!program.menus.available(*item)) refuse(word(1) + " is disabled or hidden");
+  if (hasEntries(*item)) return menuEntry(program, *item);
   input::menuClick(program, *item);
   return Turn::givePump;
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "platform/headless/script.h"
+#include "platform/pictures/leptonica_work.h"
 #include "platform/shared/image_files.h"
 #include "state/field_names.h"
 #include "state/platform.h"
@@ -31,6 +33,7 @@ struct HeadlessOptions {
   std::optional<std::filesystem::path> pagesFolder;  ///< Each page as page-0001.bmp and so on.
   std::filesystem::path contentFolder;               ///< Pictures that came with the program.
   std::optional<std::filesystem::path> pdfFile;      ///< All pages in one document.
+  std::function<void()> beforePictures = [] {};      ///< What reading a picture takes, for its fonts.
 };
 
 /// One line on pages that could not be saved, for standard error.
@@ -53,6 +56,13 @@ class HeadlessDesktop : public Platform {
   Size maximise() override;
   void raise() override {}
   void messageBox(std::string_view text) override { lastMessage_ = text; }
+  void told(std::string_view text) override { lastMessage_ = text; }
+  void workBeside(Program& program, Work work) override { work()(program); }
+  Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
+  PictureWork& pictureWork() override { return pictureWork_; }
+  /// Nobody is there to choose.
+  std::optional<std::filesystem::path> choosePicture() override { return std::nullopt; }
+  Outcome<Pasted> pasted() override;
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
                                Overwrite how) override;
@@ -94,6 +104,12 @@ class HeadlessDesktop : public Platform {
   Turn snapshot(Program& program, const ScriptLine& line);
   Turn image(Program& program, const ScriptLine& line);
   Turn close(Program& program, const ScriptLine& line);
+  Turn open(Program& program, const ScriptLine& line);
+  Turn paste(Program& program, const ScriptLine& line);
+  Turn prepare(Program& program, const ScriptLine& line);
+  Turn accept(Program& program, const ScriptLine& line);
+  Turn asitis(Program& program, const ScriptLine& line);
+  Turn cancel(Program& program, const ScriptLine& line);
 
   void expectPixel(const Program& program);
   void expectMenu(const Program& program);
@@ -108,6 +124,9 @@ class HeadlessDesktop : public Platform {
   [[nodiscard]] std::int64_t number(std::size_t i) const;
   [[nodiscard]] const std::string& text() const;
   [[nodiscard]] ControlId liveControl(const Program& program, ControlKind kind) const;
+  [[nodiscard]] std::filesystem::path pathWord(const Program& program) const;
+  Turn menuEntry(Program& program, Item item);
+  void holdPanelOpen(const Program& program) const;
   void savePicture(const Program& program, const Bitmap& picture);
   void keepPage(const Bitmap& picture);
 
@@ -118,6 +137,8 @@ class HeadlessDesktop : public Platform {
   HeadlessOptions options_;
   WindowState windowState_ = WindowState::normal;
   std::string lastMessage_;
+  std::filesystem::path clipboard_;  // the picture that the script pasted last
+  LeptonicaWork pictureWork_;
   std::uint32_t seed_ = 0;
 
   std::int64_t keysLeft_ = 0;  // of `key CODE COUNT`

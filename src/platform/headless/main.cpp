@@ -109,8 +109,13 @@ void keepFreedMemory() {
 int run(const CommandLine& line, const std::filesystem::path& workFolder, const std::string& source) {
   keepFreedMemory();
   std::unique_ptr<QGuiApplication> application;
-  if (line.options.pdfFile) application = applicationWithoutScreen();
-  HeadlessDesktop desktop(line.script, source, line.options);
+  const auto begin = [&application] {
+    if (!application) application = applicationWithoutScreen();
+  };
+  if (line.options.pdfFile) begin();
+  HeadlessOptions options = line.options;
+  options.beforePictures = begin;
+  HeadlessDesktop desktop(line.script, source, options);
   int status = 0;
   const EndSignals asked;
   auto program = std::make_unique<Program>(desktop, workFolder);

@@ -15,6 +15,7 @@ namespace gridwright {
 namespace {
 
 constexpr int kMostRemembered = 32;
+constexpr int kOverlayAlpha = 190;  // the drawing shines through
 
 QRgb screenColour(Colour colour) { return qRgb(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
 
@@ -137,6 +138,35 @@ void CanvasView::paintEvent(QPaintEvent* event) {
   const QRect wanted = painter.worldTransform().inverted().mapRect(QRectF(event->rect())).toAlignedRect();
   const QRect part = wanted.adjusted(-1, -1, 1, 1) & canvas;
   painter.drawImage(part.topLeft(), picture_, part);
+  if (overlay_.isNull()) return;
+  painter.drawImage(part.topLeft(), overlay_, part);
+  painter.resetTransform();
+  paintOverlay(painter);
+}
+
+void CanvasView::layOver(const Bitmap& colours, const QString& line) {
+  overlay_ = QImage(colours.width, colours.height, QImage::Format_ARGB32_Premultiplied);
+  for (int y = 0; y < colours.height; ++y) {
+    auto* to = reinterpret_cast<QRgb*>(overlay_.scanLine(y));
+    std::transform(colours.row(y), colours.row(y) + colours.width, to, [](Colour colour) {
+      const QRgb plain = screenColour(colour);
+      return colour == kOutside
+                 ? 0
+                 : qPremultiply(qRgba(qRed(plain), qGreen(plain), qBlue(plain), kOverlayAlpha));
+    });
+  }
+  line_ = line;
+  update();
+}
+
+/// The line stands on a band along the foot of the Canvas.
+void CanvasView::paintOverlay(QPainter& painter) const {
+  const QRect room = visibleCanvas();
+  QRect band(room.left(), 0, room.width(), 2 * painter.fontMetrics().height());
+  band.moveBottom(room.bottom());
+  painter.fillRect(band, palette().color(QPalette::Window));
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(band, Qt::AlignCenter | Qt::TextWordWrap, line_);
 }
 
 void CanvasView::resizeEvent(QResizeEvent* /*event*/) {
@@ -144,6 +174,7 @@ void CanvasView::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void CanvasView::keyPressEvent(QKeyEvent* event) {
+  if (!overlay_.isNull()) return onDismiss();
   const auto code = keyCodeOf(event->key(), event->modifiers(), event->nativeScanCode());
   if (code && onKey) {
     onKey(*code);
@@ -153,6 +184,7 @@ void CanvasView::keyPressEvent(QKeyEvent* event) {
 }
 
 void CanvasView::mousePressEvent(QMouseEvent* event) {
+  if (!overlay_.isNull()) return onDismiss();
   if (!onMouse) return;
   if (event->button() == Qt::LeftButton) onMouse(1);
   if (event->button() == Qt::RightButton) onMouse(2);

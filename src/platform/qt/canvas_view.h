@@ -12,6 +12,8 @@
 #include "canvas/canvas.h"
 #include "canvas/geometry.h"
 
+class QPainter;
+
 namespace gridwright {
 
 class CanvasView : public QWidget {
@@ -37,7 +39,13 @@ class CanvasView : public QWidget {
   /// \returns whether the screen looks different.
   bool showChanges(Canvas& canvas);
 
+  /// Lays colours over the Canvas, with a line under them; the next key or click is `onDismiss` then and
+  /// nothing else. An empty picture takes them away.
+  void layOver(const Bitmap& colours, const QString& line);
+  std::function<void()> onDismiss;
+
   [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] const QImage& overlay() const { return overlay_; }
   [[nodiscard]] const QImage& picture() const { return picture_; }
 
  protected:
@@ -54,6 +62,10 @@ class CanvasView : public QWidget {
   QRect copyChanges(const Canvas& canvas, const Canvas::Dirty& part);
   void repaintStroke(const QRect& changed);
 
+  void paintOverlay(QPainter& painter) const;
+
+  QImage overlay_;  // null for none
+  QString line_;
   QImage picture_;  // the shown plane as Qt paints it
   uchar* pixels_;   // its memory, which nobody shares
   Size canvasSize_ = kSmallest;

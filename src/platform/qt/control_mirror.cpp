@@ -258,6 +258,10 @@ void ControlMirror::takeKeyboardFromHidden(const ControlModel& model) {
 
 QWidget* ControlMirror::wantedFocus(const ControlModel& model) const {
   if (model.focus()) return widget(*model.focus());
+  if (holder_ != nullptr && !holder_->isHidden()) {
+    QWidget* has = view_.window()->focusWidget();
+    return has != nullptr && holder_->isAncestorOf(has) ? has : holdersFirst_;
+  }
   const auto shown = std::find_if(swatchFrames_.rbegin(), swatchFrames_.rend(),
                                   [](const SwatchFrame* frame) { return !frame->isHidden(); });
   if (shown == swatchFrames_.rend() || (*shown)->stop() == nullptr) return &view_;

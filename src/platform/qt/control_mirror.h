@@ -34,6 +34,9 @@ class ControlMirror {
   /// else to the Canvas; unless a menu has it just now.
   void keepFocus(const ControlModel& model);
 
+  /// A frame that has the keyboard while it is shown, and in it this part at first.
+  void setHolder(QWidget* frame, QWidget* first) { holder_ = frame, holdersFirst_ = first; }
+
   [[nodiscard]] std::uint64_t shown() const { return shown_; }
   /// The widget of a control; a timer has none.
   [[nodiscard]] QWidget* widget(ControlId id) const { return widgets_[static_cast<std::size_t>(id)]; }
@@ -64,6 +67,7 @@ class ControlMirror {
   std::array<PanelFrame*, kTextPanels.size()> textFrames_{};
   std::array<SwatchFrame*, kSwatchPanels.size()> swatchFrames_{};
   std::array<Timer, 2> timers_;
+  QWidget *holder_ = nullptr, *holdersFirst_ = nullptr;
   std::uint64_t shown_ = 0;
 };
 

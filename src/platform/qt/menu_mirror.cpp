@@ -16,12 +16,20 @@ struct Mnemonic {
   Item title;
   char letter;
 };
-constexpr std::array kMnemonics = {Mnemonic{Item::drawingt, 'O'}, Mnemonic{Item::printoptions, 'P'},
-                                   Mnemonic{Item::maze, 'M'},     Mnemonic{Item::mazemodes, 'S'},
-                                   Mnemonic{Item::patterns, 't'}, Mnemonic{Item::help, 'I'}};
+constexpr std::array kMnemonics = {Mnemonic{Item::filet, 'F'},        Mnemonic{Item::drawingt, 'O'},
+                                   Mnemonic{Item::printoptions, 'P'}, Mnemonic{Item::maze, 'M'},
+                                   Mnemonic{Item::mazemodes, 'S'},    Mnemonic{Item::patterns, 't'},
+                                   Mnemonic{Item::help, 'I'}};
+
+struct Keys {
+  Item item;
+  const char* words;
+};
+constexpr std::array kKeys = {Keys{Item::openpicture, "Ctrl+O"}, Keys{Item::pastepicture, "Ctrl+V"}};
 
 /// Items that can bear a tick. They keep its place free, so that a menu does not shift when one moves.
 constexpr auto kMarkable = std::to_array<Item>({
+    Item::whiteground,
     Item::createreg,
     Item::create3d,
     Item::create3dpipe,
@@ -74,6 +82,9 @@ QString menuText(Item item, std::string_view caption) {
   const qsizetype ampersands = place < 0 ? 0 : text.left(place).count('&');
   text.replace("&", "&&");
   if (place >= 0) text.insert(place + ampersands, '&');
+  const auto* keys =
+      std::find_if(kKeys.begin(), kKeys.end(), [&](const Keys& candidate) { return candidate.item == item; });
+  if (keys != kKeys.end()) text += QString("\t") + keys->words;
   return text;
 }
 
@@ -84,7 +95,7 @@ MenuMirror::MenuMirror(QMenuBar& bar, InputQueue& inputs) : inputs_(inputs) {
     const Item parent = rowOf(item).parent;
     QMenu* above = parent == Item::bar ? nullptr : menus[static_cast<std::size_t>(parent)];
     const QString text = menuText(item, rowOf(item).caption);
-    if (hasChildren(item)) {
+    if (hasChildren(item) || hasEntries(item)) {
       menus[row] = above == nullptr ? bar.addMenu(text) : above->addMenu(text);
       menus[row]->setToolTipsVisible(true);
       actions_[row] = menus[row]->menuAction();
@@ -96,6 +107,8 @@ MenuMirror::MenuMirror(QMenuBar& bar, InputQueue& inputs) : inputs_(inputs) {
     actions_[row]->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     actions_[row]->setCheckable(isMarkable(item));
   }
+  QObject::connect(menus[static_cast<std::size_t>(Item::filet)], &QMenu::aboutToShow, &bar,
+                   [this] { inputs_.byPerson(input::menuLookedAt); });
   auto* tips = new KeyTips(&bar);
   for (QMenu* menu : menus) {
     if (menu != nullptr) tips->watch(*menu);
@@ -106,6 +119,22 @@ void MenuMirror::chosen(Item item) {
   const auto row = static_cast<std::size_t>(item);
   actions_[row]->setChecked(marked_[row]);
   inputs_.byPerson([item](Program& program) { input::menuClick(program, item); });
+}
+
+void MenuMirror::listEntries(Item item, const std::vector<std::string>& entries) {
+  const auto row = static_cast<std::size_t>(item);
+  QMenu* menu = actions_[row]->menu();
+  if (entries_[row] == entries && !menu->isEmpty()) return;
+  entries_[row] = entries;
+  menu->clear();
+  int place = 0;
+  for (const std::string& words : entries) {
+    QAction* action = menu->addAction(QString::fromStdString(words).replace("&", "&&"));
+    QObject::connect(action, &QAction::triggered, menu, [this, item, entry = place++] {
+      inputs_.byPerson([item, entry](Program& program) { input::menuEntryClick(program, item, entry); });
+    });
+  }
+  if (entries.empty()) menu->addAction("nothing yet")->setEnabled(false);
 }
 
 void MenuMirror::mirror(const MenuModel& model) {
@@ -126,6 +155,7 @@ void MenuMirror::mirror(const MenuModel& model) {
     action.setChecked(marked_[row]);
     action.setEnabled(model.enabled(item));
     action.setVisible(model.visible(item));
+    if (hasEntries(item)) listEntries(item, model.entries(item));
   }
 }
 

@@ -46,9 +46,20 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
     : menus_(*window_.menuBar(), inputs_),
       controls_(window_.view(), inputs_,
                 [this](ControlId swatch, Qt::MouseButton button) { swatchPressed(swatch, button); }),
-      printing_(workFolder) {
+      printing_(workFolder),
+      prepareFrame_(new PanelFrame(&window_.view())),
+      preparePage_(new PreparePage(prepareFrame_)) {
+  listenToPage();
+  listenToWindow();
+  window_.open();
+}
+
+void QtDesktop::listenToWindow() {
   window_.onClose = [this] { closing_ = true; };
-  window_.view().onPlaced = [this] { controls_.place(); };
+  window_.view().onPlaced = [this] {
+    controls_.place();
+    prepareFrame_->setGeometry(window_.view().rect());
+  };
   window_.view().onKey = [this](int code) {
     inputs_.byPerson([code](Program& program) { input::keyDown(program, code); });
   };
@@ -61,7 +72,6 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
       program.notices.tell("no program on this desktop opens " + file.filename().string());
     });
   };
-  window_.open();
 }
 
 // A message box has a loop of its own, which must not hold up the end.
@@ -78,11 +88,12 @@ void QtDesktop::endBy(const EndSignals& asked) {
 
 void QtDesktop::doEvents(Program& program, Pace pace) {
   program_ = &program;
+  if (pace != Pace::housekeeping && finishWork(program)) return;
   if (pace == Pace::working && !isDue(program)) return;
   bringInLine(program);
   const auto flags = pace == Pace::housekeeping ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
   bool reached = ask(program, flags);
-  while (pace == Pace::idle && !reached && !mustEnd()) {
+  while (pace == Pace::idle && !reached && !mustEnd() && !(beside_ && beside_->hasOutcome())) {
     bringInLine(program);
     describe(program);
     reached = ask(program, QEventLoop::WaitForMoreEvents);
@@ -100,6 +111,7 @@ bool QtDesktop::mustEnd() {
 bool QtDesktop::isDue(Program& program) {
   if (program.menus.revision() != menus_.shown() || program.controls.revision() != controls_.shown())
     return true;
+  if (program.prepare.revision != prepareShown_ || program.regions.revision != regionsShown_) return true;
   if (program.canvas.isDirty() && showCanvas(program)) return true;
   return --passesLeft_ <= 0 && clockSaysDue();
 }
@@ -132,6 +144,7 @@ void QtDesktop::bringInLine(Program& program) {
   menus_.mirror(program.menus);
   if (inputs_.empty()) controls_.mirror(program.controls);  // not over what is being typed
   window_.statusLine().mirror(program);
+  mirrorPictures(program);
   showCanvas(program);
 }
 

@@ -9,11 +9,14 @@
 #include <functional>
 #include <memory>
 
+#include "platform/pictures/leptonica_work.h"
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/menu_mirror.h"
+#include "platform/qt/prepare_page.h"
 #include "platform/qt/printing.h"
 #include "platform/qt/window.h"
+#include "platform/qt/work_thread.h"
 #include "platform/shared/end_signals.h"
 #include "state/platform.h"
 
@@ -36,6 +39,11 @@ class QtDesktop : public Platform {
   Size maximise() override;
   void raise() override;
   void messageBox(std::string_view text) override;
+  void workBeside(Program& program, Work work) override;
+  Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
+  PictureWork& pictureWork() override { return pictureWork_; }
+  std::optional<std::filesystem::path> choosePicture() override;
+  Outcome<Pasted> pasted() override;
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
                                Overwrite how) override;
@@ -51,12 +59,16 @@ class QtDesktop : public Platform {
   /// Nobody is there to read a message any more: it goes to standard error.
   void nobodyReads() { attended_ = false; }
 
+  /// Files that the program was started with arrive in the first pump.
+  void bring(std::vector<std::filesystem::path> files);
+
   /// A press on a colour of a panel.
   void swatchPressed(ControlId swatch, Qt::MouseButton button);
 
   [[nodiscard]] Window& window() { return window_; }
   [[nodiscard]] const MenuMirror& menus() const { return menus_; }
   [[nodiscard]] const ControlMirror& controls() const { return controls_; }
+  [[nodiscard]] const PreparePage& preparePage() const { return *preparePage_; }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -70,12 +82,21 @@ class QtDesktop : public Platform {
   bool reportSize(Program& program);
   void waitForNewSize(const std::function<void()>& ask);
   void describe(const Program& program);
+  void listenToWindow();
+  void listenToPage();
+  bool finishWork(Program& program);
+  void mirrorPictures(const Program& program);
 
   InputQueue inputs_;
   Window window_;
   MenuMirror menus_;
   ControlMirror controls_;
   Printing printing_;
+  PanelFrame* prepareFrame_;
+  PreparePage* preparePage_;
+  std::uint64_t prepareShown_ = 0, regionsShown_ = 0;
+  LeptonicaWork pictureWork_;
+  std::unique_ptr<WorkThread> beside_;  // begun with the first work
   std::unique_ptr<QSocketNotifier> asked_;
   Program* program_ = nullptr;  // the one in the pump, for what a message box leaves behind it
   bool closing_ = false;

@@ -2,8 +2,12 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDropEvent>
+#include <QFile>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QShortcut>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace gridwright {
@@ -19,6 +23,9 @@ Window::Window()
   menuBar()->setNativeMenuBar(false);
   menuBar()->setContextMenuPolicy(Qt::PreventContextMenu);
   connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this, [this] { openFirstMenu(); });
+  connect(new QShortcut(QKeySequence::Paste, this), &QShortcut::activated, this, [this] { onPaste(); });
+  connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, [this] { onOpen(); });
+  setAcceptDrops(true);
   setMinimumSize(640, 480);
 }
 
@@ -32,6 +39,24 @@ void Window::open() {
 void Window::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (onClose) onClose();
+}
+
+// Whatever has an address is let in, so that a person is told why an address in the web is not taken.
+void Window::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void Window::dropEvent(QDropEvent* event) {
+  onDrop(localFiles(*event->mimeData()));
+  event->acceptProposedAction();
+}
+
+std::vector<std::filesystem::path> localFiles(const QMimeData& data) {
+  std::vector<std::filesystem::path> files;
+  for (const QUrl& url : data.urls()) {
+    if (url.isLocalFile()) files.emplace_back(QFile::encodeName(url.toLocalFile()).toStdString());
+  }
+  return files;
 }
 
 void Window::openFirstMenu() {

@@ -2,10 +2,14 @@
 #pragma once
 
 #include <QMainWindow>
+#include <filesystem>
 #include <functional>
+#include <vector>
 
 #include "platform/qt/canvas_view.h"
 #include "platform/qt/status_line.h"
+
+class QMimeData;
 
 namespace gridwright {
 
@@ -14,6 +18,11 @@ class Window : public QMainWindow {
   Window();
 
   std::function<void()> onClose;  ///< A person wants the window closed; the program unwinds first.
+
+  /// Files of this computer were dropped on the window; none when what was dropped is no such file.
+  std::function<void(std::vector<std::filesystem::path>)> onDrop;
+  std::function<void()> onPaste;  ///< The keys that paste, while no text box has them.
+  std::function<void()> onOpen;   ///< The keys that open a file.
 
   /// Shows the window with room for the smallest Canvas; its menus must stand already.
   void open();
@@ -24,6 +33,8 @@ class Window : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void openFirstMenu();
@@ -32,5 +43,8 @@ class Window : public QMainWindow {
   CanvasView* view_;
   StatusLine* statusLine_;
 };
+
+/// The files of this computer that dragged or copied data names.
+std::vector<std::filesystem::path> localFiles(const QMimeData& data);
 
 }  // namespace gridwright

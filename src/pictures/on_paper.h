@@ -1,0 +1,11 @@
+// A picture laid on paper.
+#pragma once
+
+#include "pictures/picture.h"
+
+namespace gridwright {
+
+/// The colours of a layer, with paper where it is transparent.
+Bitmap onPaper(const Layer& layer);
+
+}  // namespace gridwright

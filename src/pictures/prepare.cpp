@@ -1,0 +1,284 @@
+#include "pictures/prepare.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "canvas/free_cell.h"
+#include "pictures/areas.h"
+#include "pictures/fit.h"
+#include "pictures/harden.h"
+#include "pictures/pairing.h"
+#include "pictures/paper.h"
+#include "pictures/pixel_walk.h"
+#include "pictures/placing.h"
+#include "pictures/ready.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr Colour kOutline = kPalette[8];  // grey: of the colours that start as borders the least loud
+
+/// What a detail means: the side of the median, and the pixels that make no speck, from the coarsest on.
+struct Detail {
+  int side, speck;
+};
+constexpr std::array<Detail, kFinest> kDetails = {{{7, 400}, {5, 120}, {5, 16}, {3, 10}, {3, 4}}};
+
+const Detail& detailOf(const PrepareSettings& settings) {
+  return kDetails.at(static_cast<std::size_t>(settings.detail - kCoarsest));
+}
+
+PrepareSettings held(PrepareSettings settings) {
+  settings.colours = std::clamp(settings.colours, kFewestColours, kMostColours);
+  settings.detail = std::clamp(settings.detail, kCoarsest, kFinest);
+  return settings;
+}
+
+/// The labels of segments that have pixels, the largest area first, and how large they are.
+struct Found {
+  std::vector<std::uint8_t> labels;
+  std::vector<std::int64_t> areas;
+};
+
+Found foundIn(const Areas& areas) {
+  std::array<std::int64_t, 256> counts{};
+  for (const std::uint8_t label : areas.labels) ++counts.at(label);
+  Found found;
+  for (std::size_t label = 0; label < areas.colours.size(); ++label) {
+    if (counts.at(label) > 0) found.labels.push_back(static_cast<std::uint8_t>(label));
+  }
+  std::stable_sort(found.labels.begin(), found.labels.end(),
+                   [&](std::uint8_t one, std::uint8_t other) { return counts.at(one) > counts.at(other); });
+  for (const std::uint8_t label : found.labels) found.areas.push_back(counts.at(label));
+  return found;
+}
+
+/// The first eight of the sixteen, or the others but white; without the outlines' own where it is taken.
+std::vector<Colour> choicesFor(bool grows, bool outlined) {
+  std::vector<Colour> choices;
+  for (std::size_t slot = grows ? 0 : 8; slot < (grows ? 8U : 15U); ++slot) {
+    if (!outlined || kPalette.at(slot) != kOutline) choices.push_back(kPalette.at(slot));
+  }
+  return choices;
+}
+
+void pairColours(std::vector<FoundColour>& found, bool outlined) {
+  for (const bool grows : {true, false}) {
+    std::vector<Colour> colours;
+    for (const FoundColour& one : found) {
+      if (one.grows == grows) colours.push_back(one.colour);
+    }
+    const std::vector<Colour> pairs = paired(colours, choicesFor(grows, outlined));
+    std::size_t next = 0;
+    for (FoundColour& one : found) {
+      if (one.grows == grows) one.becomes = pairs[next++];
+    }
+  }
+}
+
+}  // namespace
+
+/// What was made for the last settings, step by step, each with what it was made for.
+struct Preparation::Steps {
+  Steps(const Picture& from, PictureWork& by) : picture(from), work(by) {}
+
+  const Picture& picture;
+  PictureWork& work;
+
+  struct Sorted {
+    Areas areas;
+    std::vector<Colour> colours;
+  };
+
+  std::optional<std::pair<PrepareSettings, PrepareGround>> last;
+  Placed onCanvas;
+  bool noisy = false;
+  int softness = 2;  ///< Pixels that an edge may be soft on either side.
+  Layer hard;        ///< Without noise and soft edges, its paper clear.
+  Colour paper = qb::white;
+  Sorted sorted;
+
+  void place(const PrepareSettings& settings, const PrepareGround& ground) {
+    constexpr int kSpeck = 16;   // pixels that are no subject
+    constexpr int kSoftest = 6;  // pixels on either side of an edge
+    onCanvas = placed(picture, settings.asItsSize, ground.canvas, ground.wallSize, kSpeck, work);
+    softness = std::clamp(1 + static_cast<int>(std::lround(onCanvas.enlarged)), 2, kSoftest);
+    noisy = isNoisy(onCanvas.layer.colours, onCanvas.layer.clear);
+    if (!noisy) hardenEdges(onCanvas.layer.colours, softness);
+  }
+
+  void smooth(const PrepareSettings& settings) {
+    hard.colours = withoutNoise(onCanvas.layer.colours, detailOf(settings).side, speckOf(settings), work);
+    if (noisy) hardenEdges(hard.colours, softness);
+    hard.clear = onCanvas.layer.clear;
+    clearPaper();
+  }
+
+  /// What grain leaves is larger than what a pen does.
+  [[nodiscard]] int speckOf(const PrepareSettings& settings) const {
+    constexpr int kTimes = 4;
+    return detailOf(settings).speck * (noisy ? kTimes : 1);
+  }
+
+  /// The edge at which paper begins is the picture's own, not the Canvas's.
+  void clearPaper() {
+    const Square& part = onCanvas.part;
+    if (part.right < part.left || part.bottom < part.top) return;
+    const Paper found = findPaper(cutOut(hard, part));
+    paper = found.colour;
+    const std::uint8_t* mask = found.mask.data();
+    for (int y = part.top; y <= part.bottom; ++y) {
+      for (int x = part.left; x <= part.right; ++x) hard.clear[placeOf(hard.size(), x, y)] = *mask++;
+    }
+    for (std::size_t at = 0; at < hard.clear.size(); ++at) {
+      if (hard.clear[at] != 0) hard.colours.pixels[at] = paper;
+    }
+  }
+
+  /// By label, the mean of the colours that it stands for.
+  [[nodiscard]] std::vector<Colour> meansOf(const Areas& areas) const {
+    std::vector<std::array<std::int64_t, 4>> sums(areas.colours.size());
+    for (std::size_t at = 0; at < areas.labels.size(); ++at) {
+      if (areas.labels[at] == kPaperLabel) continue;
+      auto& [count, red, green, blue] = sums[areas.labels[at]];
+      const Colour colour = hard.colours.pixels[at];
+      ++count;
+      red += colour & 0xFF;
+      green += colour >> 8 & 0xFF;
+      blue += colour >> 16 & 0xFF;
+    }
+    std::vector<Colour> means;
+    for (const auto& [count, red, green, blue] : sums) {
+      const auto mean = [all = std::max<std::int64_t>(count, 1)](std::int64_t sum) {
+        return static_cast<Colour>(sum / all);
+      };
+      means.push_back(mean(red) | mean(green) << 8 | mean(blue) << 16);
+    }
+    return means;
+  }
+
+  void joinByMeans(Areas& areas) {
+    sorted.colours = meansOf(areas);
+    for (std::size_t i = 0; i < sorted.colours.size(); ++i) areas.colours[i] = labOf(sorted.colours[i]);
+    joinAlike(areas);
+  }
+
+  void sort(const PrepareSettings& settings) {
+    const Segments segments = work.segmented(hard.colours, settings.colours);
+    Areas areas{hard.size(), segments.labels, {}, labOf(paper)};
+    for (const Colour colour : segments.colours) areas.colours.push_back(labOf(colour));
+    for (std::size_t at = 0; at < areas.labels.size(); ++at) {
+      if (hard.clear[at] != 0) areas.labels[at] = kPaperLabel;
+    }
+    removeRims(areas);
+    joinByMeans(areas);
+    removeSpecks(areas, speckOf(settings), work);
+    joinByMeans(areas);
+    sorted.areas = std::move(areas);
+  }
+};
+
+namespace {
+
+std::vector<FoundColour> foundColours(const Found& found, const std::vector<Colour>& colours,
+                                      const PrepareSettings& settings, std::uint8_t lines) {
+  std::vector<FoundColour> list;
+  for (std::size_t i = 0; i < found.labels.size(); ++i) {
+    const int number = static_cast<int>(i) + 1;
+    const bool isLines = found.labels[i] == lines;
+    const bool grows = settings.grow ? std::find(settings.grow->begin(), settings.grow->end(), number) !=
+                                           settings.grow->end()
+                                     : !isLines;
+    list.push_back({colours[found.labels[i]], 0, found.areas[i], grows, isLines});
+  }
+  return list;
+}
+
+/// The areas in their colours, with outlines over them.
+Bitmap painted(Areas areas, const Found& found, const std::vector<FoundColour>& colours, Outlines outlines) {
+  std::array<Colour, 256> paints{};
+  paints.at(kPaperLabel) = kPaper;
+  std::vector<bool> isBorder(areas.colours.size(), false);
+  for (std::size_t i = 0; i < found.labels.size(); ++i) {
+    paints.at(found.labels[i]) = colours[i].becomes;
+    isBorder[found.labels[i]] = !colours[i].grows;
+  }
+  widenThinPlaces(areas, isBorder);
+  Bitmap picture = plainBitmap(areas.size.width, areas.size.height, kPaper);
+  std::transform(areas.labels.begin(), areas.labels.end(), picture.pixels.begin(),
+                 [&](std::uint8_t label) { return paints.at(label); });
+  if (outlines == Outlines::none) return picture;
+  const Mask mask = outlinesOf(areas, outlines == Outlines::thick);
+  for (std::size_t at = 0; at < mask.size(); ++at) {
+    if (mask[at] != 0) picture.pixels[at] = kOutline;
+  }
+  return picture;
+}
+
+/// What the widening of lines has laid onto the frame goes: it is paper all round.
+void keepFrameOfPaper(Bitmap& picture, int frame) {
+  for (int y = 0; y < picture.height; ++y) {
+    for (int x = 0; x < picture.width; ++x) {
+      const bool isInside =
+          x >= frame && y >= frame && x < picture.width - frame && y < picture.height - frame;
+      if (!isInside) picture.pixels[placeOf({picture.width, picture.height}, x, y)] = kPaper;
+    }
+  }
+}
+
+}  // namespace
+
+Preparation::Preparation(const Picture& picture, PictureWork& work)
+    : steps_(std::make_unique<Steps>(picture, work)) {}
+
+Preparation::~Preparation() = default;
+
+Prepared Preparation::make(const PrepareSettings& given, const PrepareGround& ground) {
+  const PrepareSettings settings = held(given);
+  Steps& steps = *steps_;
+  const bool isAnew = !steps.last || steps.last->second.canvas != ground.canvas ||
+                      steps.last->second.wallSize != ground.wallSize ||
+                      steps.last->first.asItsSize != settings.asItsSize;
+  const bool isOtherDetail = isAnew || steps.last->first.detail != settings.detail;
+  if (isAnew) steps.place(settings, ground);
+  if (isOtherDetail) steps.smooth(settings);
+  if (isOtherDetail || steps.last->first.colours != settings.colours) steps.sort(settings);
+  steps.last = {settings, ground};
+
+  const Areas& areas = steps.sorted.areas;
+  const Found found = foundIn(areas);
+  const std::uint8_t lines = linesOf(areas, ground.wallSize, steps.work);
+  Prepared prepared;
+  prepared.outlines = settings.outlines != Outlines::automatic ? settings.outlines
+                      : lines != kPaperLabel                   ? Outlines::none
+                                                               : Outlines::thin;
+  prepared.found = foundColours(found, steps.sorted.colours, settings, lines);
+  pairColours(prepared.found, prepared.outlines != Outlines::none);
+  prepared.picture = painted(areas, found, prepared.found, prepared.outlines);
+  keepFrameOfPaper(prepared.picture, ground.wallSize);
+  prepared.count =
+      countRegions(prepared.picture, startingSets(), gridOn(ground.canvas, ground.wallSize, ground.kind));
+  if (steps.onCanvas.taken != steps.picture.own) {
+    prepared.cutFrom = steps.picture.own;
+    prepared.taken = steps.onCanvas.taken;
+  }
+  return prepared;
+}
+
+Prepared prepare(const Picture& picture, const PrepareSettings& settings, const PrepareGround& ground,
+                 PictureWork& work) {
+  return Preparation(picture, work).make(settings, ground);
+}
+
+std::string prepareLine(const Prepared& prepared) {
+  const auto words = [](Size size) { return std::to_string(size.width) + "x" + std::to_string(size.height); };
+  std::string line = regionLine(prepared.count);
+  if (prepared.cutFrom == Size{}) return line;
+  return line + "; the picture is " + words(prepared.cutFrom) + ", the Canvas takes " +
+         words(prepared.taken) + " of it";
+}
+
+}  // namespace gridwright

@@ -1,0 +1,43 @@
+#include "pictures/ready.h"
+
+#include <algorithm>
+
+#include "canvas/canvas.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr int kFirstBorder = 8;  // the palette's first eight are backgrounds at the start
+
+bool standsInADrawing(Colour pixel) {
+  return pixel == kPaper ||
+         (pixel != qb::white && std::find(kPalette.begin(), kPalette.end(), pixel) != kPalette.end());
+}
+
+}  // namespace
+
+bool isReady(const Bitmap& picture, const ColourSets& sets) {
+  const bool fits = picture.width > 1 && picture.height > 1 && picture.width <= Canvas::kSide &&
+                    picture.height <= Canvas::kSide && picture.cutFrom == Size{};
+  if (!fits) return false;
+  const Colour frame = picture.at(1, 1);
+  return (frame == kPaper || sets.isBorder(frame)) &&
+         std::all_of(picture.pixels.begin(), picture.pixels.end(), standsInADrawing);
+}
+
+bool isReady(const Picture& picture, const ColourSets& sets) {
+  const Layer& layer = picture.whole;
+  return picture.isWholeAsItIs() && picture.middle.colours.pixels.empty() && layer.clear.empty() &&
+         isReady(layer.colours, sets);
+}
+
+ColourSets startingSets() {
+  ColourSets sets;
+  for (int slot = 0; slot < kSlots; ++slot) sets.classify(slot, slot < kFirstBorder);
+  sets.setAllMaze(qb::white);
+  sets.setExtraBackgroundByRule();
+  return sets;
+}
+
+}  // namespace gridwright

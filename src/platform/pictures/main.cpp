@@ -1,0 +1,97 @@
+// gridwright-prepare: any picture made ready for a maze, without a window.
+#include <QGuiApplication>
+#include <array>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "canvas/bitmap_encode.h"
+#include "canvas/free_cell.h"
+#include "files/plain_file.h"
+#include "pictures/prepare.h"
+#include "pictures/ready.h"
+#include "platform/pictures/leptonica_work.h"
+#include "platform/pictures/prepare_words.h"
+#include "platform/pictures/read_picture.h"
+
+namespace {
+
+using namespace gridwright;
+
+constexpr int kNotDone = 1, kWrongUse = 2;
+
+int complain(const std::string& words, int status) {
+  std::cerr << "gridwright-prepare: " << words << '\n';
+  return status;
+}
+
+int say(std::string_view words) {
+  std::cout << words << std::endl;
+  return std::cout ? 0 : kNotDone;
+}
+
+/// The words in an SVG need fonts, and those an application object; it must not look for a display.
+std::unique_ptr<QGuiApplication> applicationWithoutScreen() {
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  static std::array<char, 19> name{"gridwright-prepare"};
+  static std::array<char, 10> option{"-platform"};
+  static std::array<char, 10> value{"offscreen"};
+  static std::array<char*, 4> arguments{name.data(), option.data(), value.data(), nullptr};
+  static int count = 3;
+  return std::make_unique<QGuiApplication>(count, arguments.data());
+}
+
+Fault cannotBeWritten(const std::filesystem::path& path, const char* why) {
+  return {Fault::Kind::notWritable, path.string() + " " + why};
+}
+
+Outcome<Done> write(const Bitmap& picture, const PrepareWords& line) {
+  std::error_code failed;
+  const bool isThere = std::filesystem::exists(std::filesystem::symlink_status(line.out, failed));
+  if (isThere && !line.mayReplace)
+    return cannotBeWritten(line.out, "is there already; --force writes over it");
+  const auto written = replacePlainFile(line.out, encodeBitmapFile(picture));
+  if (!written) return cannotBeWritten(line.out, "can't be written");
+  return Done{};
+}
+
+/// The picture made ready, and the line of what would come of it.
+struct Result {
+  Bitmap picture;
+  std::string line;
+};
+
+Result made(const Picture& picture, const PrepareWords& line) {
+  if (isReady(picture, startingSets())) {
+    const Bitmap& asItIs = picture.whole.colours;
+    const CellGrid grid = gridOn({asItIs.width, asItIs.height}, line.wallSize, line.kind);
+    return {asItIs, regionLine(countRegions(asItIs, startingSets(), grid))};
+  }
+  LeptonicaWork work;
+  const PrepareGround ground{line.size.value_or(picture.whole.size()), line.wallSize, line.kind};
+  const Prepared prepared = prepare(picture, line.settings, ground, work);
+  return {prepared.picture, prepareLine(prepared)};
+}
+
+int run(const PrepareWords& line) {
+  const auto application = applicationWithoutScreen();
+  const auto picture = readPicture(line.in, line.size.value_or(Size{kLongestSide, kLongestSide}));
+  if (!picture) return complain(picture.fault().words, kNotDone);
+  const Result result = made(picture.value(), line);
+  const auto written = write(result.picture, line);
+  return written ? say(result.line) : complain(written.fault().words, kNotDone);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 2 && argv[1] == std::string_view("--help")) return say(kPrepareUsage);
+  if (argc == 2 && argv[1] == std::string_view("--version"))
+    return say("gridwright-prepare " GRIDWRIGHT_VERSION);
+  const auto line = readPrepareWords({argv + 1, argv + argc});
+  return line ? run(line.value()) : complain(line.fault().words, kWrongUse);
+}

@@ -1,0 +1,109 @@
+// What the window does with pictures from elsewhere: the dialog, the clipboard, the page that makes them
+// ready.
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "platform/pictures/read_picture.h"
+#include "platform/qt/qt_desktop.h"
+#include "session/input.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr auto kFilter =
+    "Pictures and drawings (*.png *.jpg *.jpeg *.gif *.svg *.webp *.tif *.tiff *.bmp *.maze);;All files (*)";
+constexpr auto kNothingToPaste = "there is no picture to paste";
+
+}  // namespace
+
+void QtDesktop::listenToPage() {
+  auto* column = new QVBoxLayout(prepareFrame_);
+  column->addWidget(preparePage_);
+  controls_.setHolder(prepareFrame_, preparePage_->first());
+  preparePage_->onChange = [this](const PrepareSettings& settings) {
+    inputs_.byPerson([settings](Program& program) { input::preparationChanged(program, settings); });
+  };
+  preparePage_->onUse = [this] { inputs_.byPerson(input::preparedAccepted); };
+  preparePage_->onAsItIs = [this] { inputs_.byPerson(input::pictureAcceptedAsItIs); };
+  preparePage_->onCancel = [this] { inputs_.byPerson(input::preparationCancelled); };
+  window_.onDrop = [this](const std::vector<std::filesystem::path>& files) {
+    if (files.empty()) return inputs_.byPerson(input::nothingBrought);
+    bring(files);
+  };
+  window_.onPaste = [this] { inputs_.byPerson(input::pasteAsked); };
+  window_.onOpen = [this] {
+    inputs_.byPerson([](Program& program) { input::menuClick(program, Item::openpicture); });
+  };
+  window_.view().onDismiss = [this] {
+    inputs_.byPerson([](Program& program) { input::viewDismissed(program); });
+  };
+}
+
+void QtDesktop::bring(std::vector<std::filesystem::path> files) {
+  inputs_.byPerson([files = std::move(files)](Program& program) { input::filesBrought(program, files); });
+}
+
+void QtDesktop::mirrorPictures(const Program& program) {
+  if (prepareShown_ != program.prepare.revision) {
+    prepareShown_ = program.prepare.revision;
+    preparePage_->mirror(program.prepare);
+    if (prepareFrame_->isHidden() == program.prepare.open) {
+      prepareFrame_->setGeometry(window_.view().rect());
+      prepareFrame_->setVisible(program.prepare.open);
+      prepareFrame_->raise();
+      controls_.keepFocus(program.controls);
+    }
+  }
+  if (regionsShown_ == program.regions.revision) return;
+  regionsShown_ = program.regions.revision;
+  window_.view().layOver(program.regions.colours, qString(program.regions.line));
+}
+
+// The thread wakes up the loop, which looks for the outcome when Qt has come back.
+void QtDesktop::workBeside(Program& /*program*/, Work work) {
+  if (!beside_) {
+    beside_ =
+        std::make_unique<WorkThread>([] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::User)); });
+  }
+  beside_->ask(std::move(work));
+}
+
+/// \returns whether an outcome reached the program.
+bool QtDesktop::finishWork(Program& program) {
+  const auto outcome = beside_ ? beside_->takeOutcome() : std::nullopt;
+  if (outcome) (*outcome)(program);
+  return outcome.has_value();
+}
+
+Outcome<Picture> QtDesktop::readPicture(const std::filesystem::path& file, Size fit) {
+  return gridwright::readPicture(file, fit);
+}
+
+std::optional<std::filesystem::path> QtDesktop::choosePicture() {
+  QFileDialog dialog(&window_, "Open picture",
+                     QStandardPaths::writableLocation(QStandardPaths::PicturesLocation), kFilter);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return std::filesystem::path(QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString());
+}
+
+Outcome<Pasted> QtDesktop::pasted() {
+  const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+  if (data == nullptr) return Fault{Fault::Kind::notFound, kNothingToPaste};
+  const auto files = localFiles(*data);
+  if (!files.empty()) return Pasted{files.front(), {}};
+  if (!data->hasImage()) return Fault{Fault::Kind::notFound, kNothingToPaste};
+  return Pasted{
+      {}, [image = data->imageData().value<QImage>()](Size) { return pictureOf(image, "what was copied"); }};
+}
+
+}  // namespace gridwright

@@ -1,0 +1,60 @@
+#include "printing/page.h"
+
+#include <algorithm>
+
+#include "pictures/ready.h"
+
+namespace gridwright {
+
+namespace {
+
+/// All corners included; empty when `left` is greater than `right`.
+Square boxOfPicture(const Bitmap& shown, Colour ground) {
+  Square box{shown.width, shown.height, -1, -1};
+  for (int y = 0; y < shown.height; ++y) {
+    const Colour* row = shown.row(y);
+    const auto isPicture = [&](Colour pixel) { return pixel != ground; };
+    const Colour* first = std::find_if(row, row + shown.width, isPicture);
+    if (first == row + shown.width) continue;
+    int last = shown.width - 1;
+    while (row[last] == ground) --last;
+    box = {std::min(box.left, static_cast<int>(first - row)), std::min(box.top, y), std::max(box.right, last),
+           y};
+  }
+  return box;
+}
+
+/// The part of the shown plane that a page shows.
+Square partOnPage(const Program& program, const Bitmap& shown) {
+  const Square whole{0, 0, shown.width - 1, shown.height - 1};
+  const ProgramState& s = program.state;
+  if (!s.print.whiteGround) return whole;
+  const Square box = boxOfPicture(shown, program.canvas.backColor());
+  if (box.left > box.right) return whole;
+  return {std::max(0, box.left - s.wallWidth), std::max(0, box.top - s.wallHeight),
+          std::min(whole.right, box.right + s.wallWidth), std::min(whole.bottom, box.bottom + s.wallHeight)};
+}
+
+}  // namespace
+
+void whiteground(Program& program) {
+  bool& on = program.state.print.whiteGround;
+  on = !on;
+  program.menus.setChecked(Item::whiteground, on);
+}
+
+Bitmap pageOf(const Program& program) {
+  const Bitmap shown = program.canvas.shownImage();
+  const Square part = partOnPage(program, shown);
+  const Colour ground = program.state.print.whiteGround ? program.canvas.backColor() : kPaper;
+  Bitmap page = plainBitmap(part.right - part.left + 1, part.bottom - part.top + 1, qb::white);
+  auto to = page.pixels.begin();
+  for (int y = part.top; y <= part.bottom; ++y) {
+    const Colour* from = shown.row(y);
+    to = std::transform(from + part.left, from + part.right + 1, to,
+                        [&](Colour pixel) { return pixel == kPaper || pixel == ground ? qb::white : pixel; });
+  }
+  return page;
+}
+
+}  // namespace gridwright
