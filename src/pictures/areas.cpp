@@ -15,6 +15,7 @@ namespace {
 
 constexpr double kHardlyApart = 9;  // as colours look
 constexpr int kWidestRim = 9;       // pixels
+constexpr double kInk = 0.4;        // how near a darker colour counts: half a pixel of ink is ink
 constexpr double kDetour = 1.15;    // how much longer the way over a mixture may be than the straight one
 
 const Lab& lookOf(const Areas& areas, std::uint8_t label) {
@@ -55,7 +56,9 @@ Speck speckAt(const Areas& areas, const Mask& kept, Mask& seen, std::size_t from
   Speck speck;
   const auto enter = [&](std::size_t /*at*/, std::size_t to) {
     if (kept[to] != 0) {
-      const double distance = apart(lookOf(areas, label), lookOf(areas, areas.labels[to]));
+      const Lab& own = lookOf(areas, label);
+      const Lab& other = lookOf(areas, areas.labels[to]);
+      const double distance = apart(own, other) * (other.l < own.l ? kInk : 1);
       if (distance < least) {
         least = distance;
         speck.becomes = areas.labels[to];

@@ -16,6 +16,7 @@
 #include "canvas/bitmap_decode.h"
 #include "files/plain_file.h"
 #include "pictures/fit.h"
+#include "platform/pictures/gif_shape.h"
 #include "platform/pictures/jpeg_shape.h"
 #include "platform/pictures/reduced_image.h"
 #include "platform/pictures/svg_cleaner.h"
@@ -189,6 +190,7 @@ Outcome<Picture> readFrom(QIODevice& device, Size fitTo, const std::string& name
     return Fault{Fault::Kind::anotherFormat, name + " is no picture of a kind that is read"};
   if (format == "svg") return readSvg(device, fitTo, name);
   if (format == "bitmap") return readBitmap(device, name);
+  if (format == "gif" && !hasWholeFirstPicture(device)) return notWhole(name);
   if (format == "jpeg") return readJpeg(device, name);
   return readAny(device, format, name);
 }
