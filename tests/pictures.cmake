@@ -23,7 +23,7 @@ endfunction()
 
 gridwright_picture_test(pictures/read_picture_test.cpp)
 gridwright_picture_test(pictures/prepared_pictures_test.cpp)
-#gridwright_picture_test(pictures/prepared_mazes_test.cpp)
+gridwright_picture_test(pictures/prepared_mazes_test.cpp)
 #gridwright_picture_test(pictures/prepare_program_test.cpp)
 #gridwright_test(pictures/areas_test.cpp LIBRARIES gridwright-picture-files)
 #gridwright_test(pictures/pairing_test.cpp)
