@@ -4,7 +4,7 @@ include(GNUInstallDirs)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/gridwright)
 
-install(TARGETS gridwright gridwright-headless RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS gridwright gridwright-headless gridwright-prepare RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(PROGRAMS ${packaging}/gridwright-start DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 get_property(content GLOBAL PROPERTY GRIDWRIGHT_CONTENT)
@@ -45,7 +45,7 @@ function(install_packed source name destination)
   install(FILES ${packed} DESTINATION ${destination})
 endfunction()
 
-foreach(page gridwright gridwright-headless gridwright-start)
+foreach(page gridwright gridwright-headless gridwright-prepare gridwright-start)
   install_packed(${packaging}/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
 install_packed(${PROJECT_SOURCE_DIR}/CHANGELOG.md NEWS.md ${documents})
@@ -74,6 +74,8 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Qt loads these by name when it meets a picture, so no program is linked to them.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, qt6-image-formats-plugins")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-user-dirs")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
