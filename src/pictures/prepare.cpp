@@ -101,7 +101,7 @@ struct Preparation::Steps {
   void place(const PrepareSettings& settings, const PrepareGround& ground) {
     constexpr int kSpeck = 4;    // pixels that are no subject
     constexpr int kSoftest = 6;  // pixels on either side of an edge
-    constexpr int kDust = 3;     // pixels: what is smaller is no piece of a line
+    constexpr int kDust = 2;     // pixels: what is smaller is no piece of a line
     constexpr int kGrain = 6;    // the same where there is grain
     onCanvas = placed(picture, settings.asItsSize, ground.canvas, ground.wallSize, kSpeck, work);
     Bitmap& colours = onCanvas.layer.colours;

@@ -81,6 +81,11 @@ Bitmap LeptonicaWork::scaled(const Bitmap& picture, Size size) {
   const PixPointer pix = pixOf(picture);
   const float across = static_cast<float>(size.width) / static_cast<float>(picture.width);
   const float down = static_cast<float>(size.height) / static_cast<float>(picture.height);
+  // The library has no means of areas for a picture of one row or column.
+  constexpr int kSmall = 4;
+  if (std::min({picture.width, picture.height, size.width, size.height}) < kSmall) {
+    return bitmapOf(owned(pixScaleBySamplingToSize(pix.get(), size.width, size.height)).get(), size);
+  }
   if (across > 1 || down > 1) {
     // No sharpening: it would lay a rim around every edge.
     return bitmapOf(owned(pixScaleGeneral(pix.get(), across, down, 0.0F, 0)).get(), size);
@@ -98,7 +103,7 @@ Bitmap LeptonicaWork::scaled(const Bitmap& picture, Size size) {
 
 Bitmap LeptonicaWork::smoothed(const Bitmap& picture, int side) {
   silence();
-  if (picture.pixels.empty() || side <= 1) return picture;
+  if (picture.pixels.empty() || side <= 1 || std::min(picture.width, picture.height) < side) return picture;
   const PixPointer pix = pixOf(picture);
   const PixPointer result = owned(pixMedianFilter(pix.get(), side, side));
   return bitmapOf(result.get(), {picture.width, picture.height});
