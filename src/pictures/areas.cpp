@@ -15,6 +15,7 @@ namespace {
 
 constexpr double kHardlyApart = 9;  // as colours look
 constexpr int kWidestRim = 9;       // pixels
+constexpr double kInk = 0.4;        // how near a darker colour counts: half a pixel of ink is ink
 constexpr double kDetour = 1.15;    // how much longer the way over a mixture may be than the straight one
 
 const Lab& lookOf(const Areas& areas, std::uint8_t label) {
@@ -47,29 +48,54 @@ struct Speck {
   std::vector<std::size_t> places;
   std::uint8_t becomes = 0;
   bool hasNeighbour = false;
+  bool waits = false;  ///< A speck beside it is nearer still, and will have become something.
 };
 
 Speck speckAt(const Areas& areas, const Mask& kept, Mask& seen, std::size_t from) {
   const std::uint8_t label = areas.labels[from];
   double least = std::numeric_limits<double>::max();
   Speck speck;
-  const auto enter = [&](std::size_t /*at*/, std::size_t to) {
-    if (kept[to] != 0) {
-      const double distance = apart(lookOf(areas, label), lookOf(areas, areas.labels[to]));
-      if (distance < least) {
-        least = distance;
-        speck.becomes = areas.labels[to];
-        speck.hasNeighbour = true;
-      }
-      return false;
+  const Lab& own = lookOf(areas, label);
+  double leastWaiting = least;
+  const auto offer = [&](std::size_t neighbour) {
+    if (areas.labels[neighbour] == label && kept[neighbour] == 0) return;
+    const Lab& other = lookOf(areas, areas.labels[neighbour]);
+    const double distance = apart(own, other) * (other.l < own.l ? kInk : 1);
+    if (kept[neighbour] == 0) {
+      leastWaiting = std::min(leastWaiting, distance);
+    } else if (distance < least) {
+      least = distance;
+      speck.becomes = areas.labels[neighbour];
+      speck.hasNeighbour = true;
     }
-    return seen[to] == 0 && areas.labels[to] == label;
   };
-  floodFrom(areas.size, from, enter, [&](std::size_t at) {
+  const auto take = [&](std::size_t at) {
+    if (kept[at] != 0 || seen[at] != 0 || areas.labels[at] != label) return;
     seen[at] = 1;
     speck.places.push_back(at);
-  });
+  };
+  take(from);
+  for (std::size_t next = 0; next < speck.places.size(); ++next) {
+    forAround(areas.size, speck.places[next], take);  // a line goes on by corners too
+    forAround(areas.size, speck.places[next], offer);
+  }
+  speck.waits = leastWaiting < least;
   return speck;
+}
+
+/// Gives specks their colours; those that wait for another only when `waiting`. \returns whether there were
+/// any.
+bool settle(const std::vector<Speck>& specks, bool waiting, Areas& areas, Mask& kept) {
+  bool changed = false;
+  for (const Speck& speck : specks) {
+    if (!speck.hasNeighbour || speck.waits != waiting) continue;
+    changed = true;
+    for (const std::size_t at : speck.places) {
+      areas.labels[at] = speck.becomes;
+      kept[at] = 1;
+    }
+  }
+  return changed;
 }
 
 /// Which labels look like a mixture of two others.
@@ -154,11 +180,10 @@ class Strips {
 
   /// Into the nearer one, but never into a smaller colour: two strips beside each other would change places.
   [[nodiscard]] std::uint8_t intoWhich(std::uint8_t own, std::uint8_t one, std::uint8_t other) const {
-    const bool mayOne = counts_[one] > counts_[own];
-    const bool mayOther = counts_[other] > counts_[own];
-    if (!mayOne || !mayOther) return mayOne ? one : mayOther ? other : own;
     const Lab& look = areas_.colours[own];
-    return apart(look, lookOf(areas_, one)) <= apart(look, lookOf(areas_, other)) ? one : other;
+    const std::uint8_t nearer =
+        apart(look, lookOf(areas_, one)) <= apart(look, lookOf(areas_, other)) ? one : other;
+    return counts_[nearer] > counts_[own] ? nearer : own;
   }
 
   const Areas& areas_;
@@ -233,22 +258,14 @@ void removeRims(Areas& areas) {
 
 void removeSpecks(Areas& areas, int least, PictureWork& work) {
   Mask kept = largePieces(areas, least, work);
-  // A speck among specks waits until one of them has become something.
+  // Pieces of a line that differ a little are settled from where the line is whole: each takes its neighbour.
   for (bool changed = true; changed;) {
-    changed = false;
     Mask seen(kept.size(), 0);
     std::vector<Speck> specks;
     for (std::size_t at = 0; at < kept.size(); ++at) {
       if (kept[at] == 0 && seen[at] == 0) specks.push_back(speckAt(areas, kept, seen, at));
     }
-    for (const Speck& speck : specks) {
-      if (!speck.hasNeighbour) continue;
-      changed = true;
-      for (const std::size_t at : speck.places) {
-        areas.labels[at] = speck.becomes;
-        kept[at] = 1;
-      }
-    }
+    changed = settle(specks, false, areas, kept) || settle(specks, true, areas, kept);
   }
 }
 
@@ -313,14 +330,9 @@ Mask outlinesOf(const Areas& areas, bool thick) {
   Mask wide = mask;
   for (std::size_t at = 0; at < mask.size(); ++at) {
     if (mask[at] == 0) continue;
-    const int x = static_cast<int>(at % static_cast<std::size_t>(size.width));
-    const int y = static_cast<int>(at / static_cast<std::size_t>(size.width));
-    for (int ny = std::max(0, y - 1); ny <= std::min(size.height - 1, y + 1); ++ny) {
-      for (int nx = std::max(0, x - 1); nx <= std::min(size.width - 1, x + 1); ++nx) {
-        const std::size_t near = placeOf(size, nx, ny);
-        if (areas.labels[near] != kPaperLabel) wide[near] = 1;
-      }
-    }
+    forAround(size, at, [&](std::size_t near) {
+      if (areas.labels[near] != kPaperLabel) wide[near] = 1;
+    });
   }
   return wide;
 }

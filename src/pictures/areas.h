@@ -29,8 +29,9 @@ void joinAlike(Areas& areas);
 /// its pixels go to the nearer of the two. A line has the same colour on both sides and stays.
 void removeRims(Areas& areas);
 
-/// What hangs together in fewer than `least` pixels of one colour takes the one of the colours beside it that
-/// is nearest to its own: so a grey piece of a black line becomes line again, and never a gap.
+/// What hangs together in one colour and is less than `least` pixels wide and high takes the one of the
+/// colours beside it that is nearest to its own: so a grey piece of a black line becomes line again, and
+/// never a gap.
 void removeSpecks(Areas& areas, int least, PictureWork& work);
 
 /// The label that draws the picture's outlines, or `kPaperLabel`: the darkest, if no disc of `cell` pixels

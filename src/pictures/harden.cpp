@@ -48,16 +48,11 @@ std::vector<std::size_t> pieceAt(std::size_t from, Size size, std::vector<std::u
   std::vector<std::size_t> piece{from};
   sides[from] = 0;
   for (std::size_t next = 0; next < piece.size(); ++next) {
-    const int x = static_cast<int>(piece[next] % static_cast<std::size_t>(size.width));
-    const int y = static_cast<int>(piece[next] / static_cast<std::size_t>(size.width));
-    for (int ny = std::max(0, y - 1); ny <= std::min(size.height - 1, y + 1); ++ny) {
-      for (int nx = std::max(0, x - 1); nx <= std::min(size.width - 1, x + 1); ++nx) {
-        const std::size_t at = placeOf(size, nx, ny);
-        if (sides[at] != side) continue;
-        sides[at] = 0;
-        piece.push_back(at);
-      }
-    }
+    forAround(size, piece[next], [&](std::size_t at) {
+      if (sides[at] != side) return;
+      sides[at] = 0;
+      piece.push_back(at);
+    });
   }
   return piece;
 }

@@ -16,8 +16,8 @@ struct Paper {
 /// noise, and shade that comes on slowly, allowed; and what is transparent. What is closed in is none.
 Paper findPaper(const Layer& layer);
 
-/// The smallest square that holds all that is not paper, specks of fewer than `speck` pixels left out.
-/// Right is less than left when there is nothing.
+/// The smallest square that holds all that is not paper, specks less than `speck` pixels wide and high left
+/// out. Right is less than left when there is nothing.
 Square subjectOf(const Mask& paper, Size size, int speck, PictureWork& work);
 
 }  // namespace gridwright

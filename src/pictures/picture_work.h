@@ -31,7 +31,7 @@ class PictureWork {
   virtual Bitmap smoothed(const Bitmap& picture, int side) = 0;
   /// At most `most` colours, 1 to 16; fewer where the picture has no more that differ.
   virtual Segments segmented(const Bitmap& picture, int most) = 0;
-  /// The mask without what hangs together by sides or corners in fewer than `least` pixels.
+  /// The mask without what hangs together by sides or corners and is less than `least` pixels wide and high.
   virtual Mask withoutSpecks(const Mask& mask, Size size, int least) = 0;
   /// How far each pixel of the mask lies, in pixels by sides and corners, from the nearest that is not in it;
   /// 0 outside the mask, at most 255. Beyond the picture's edge nothing is in it.

@@ -40,6 +40,18 @@ void forSides(Size size, std::size_t at, Take take) {
   if (y + 1 < static_cast<std::size_t>(size.height)) take(at + width);
 }
 
+/// The same of each neighbour by a side or a corner.
+template <class Take>
+void forAround(Size size, std::size_t at, Take take) {
+  const int x = static_cast<int>(at % static_cast<std::size_t>(size.width));
+  const int y = static_cast<int>(at / static_cast<std::size_t>(size.width));
+  for (int ny = std::max(0, y - 1); ny <= std::min(size.height - 1, y + 1); ++ny) {
+    for (int nx = std::max(0, x - 1); nx <= std::min(size.width - 1, x + 1); ++nx) {
+      if (nx != x || ny != y) take(placeOf(size, nx, ny));
+    }
+  }
+}
+
 /// Visits what hangs together by its sides with `from`, from itself on. `enter(from, to)` says whether a step
 /// is taken, and has to say no to what was visited.
 template <class Enter, class Visit>

@@ -16,7 +16,7 @@ struct Placed {
 
 /// The subject in the middle of the Canvas, `frame` pixels of paper all round it at least: the picture fitted
 /// into the Canvas, or in its own pixels, cut about its subject's middle where the Canvas is too small.
-/// \param speck what stands on the paper in fewer pixels is no subject.
+/// \param speck what stands on the paper and is less than so many pixels wide and high is no subject.
 Placed placed(const Picture& picture, bool asItsSize, Size canvas, int frame, int speck, PictureWork& work);
 
 }  // namespace gridwright

@@ -21,14 +21,13 @@ namespace {
 
 constexpr Colour kOutline = kPalette[8];  // grey: of the colours that start as borders the least loud
 
-/// What a detail means: the side of the median, and the pixels that make no speck, from the coarsest on.
-struct Detail {
-  int side, speck;
-};
-constexpr std::array<Detail, kFinest> kDetails = {{{7, 400}, {5, 120}, {5, 16}, {3, 10}, {3, 4}}};
+/// The side of the largest speck, in pixels, from the coarsest detail on.
+constexpr std::array<int, kFinest> kSpecks = {20, 11, 4, 3, 2};
 
-const Detail& detailOf(const PrepareSettings& settings) {
-  return kDetails.at(static_cast<std::size_t>(settings.detail - kCoarsest));
+/// The side of the median: what is narrower than half of it is a line, and a line grows with its picture.
+int medianFor(double enlarged) {
+  constexpr int kPlain = 5, kLargest = 11;
+  return std::min(kLargest, kPlain + 2 * static_cast<int>(std::ceil(std::max(0.0, enlarged - 1) * 1.5)));
 }
 
 PrepareSettings held(PrepareSettings settings) {
@@ -94,47 +93,45 @@ struct Preparation::Steps {
   };
 
   std::optional<std::pair<PrepareSettings, PrepareGround>> last;
-  Placed onCanvas;
+  Placed onCanvas;  ///< Without noise and soft edges, its paper clear.
   bool noisy = false;
-  int softness = 2;  ///< Pixels that an edge may be soft on either side.
-  Layer hard;        ///< Without noise and soft edges, its paper clear.
   Colour paper = qb::white;
   Sorted sorted;
 
   void place(const PrepareSettings& settings, const PrepareGround& ground) {
-    constexpr int kSpeck = 16;   // pixels that are no subject
+    constexpr int kSpeck = 4;    // pixels that are no subject
     constexpr int kSoftest = 6;  // pixels on either side of an edge
+    constexpr int kDust = 2;     // pixels: what is smaller is no piece of a line
+    constexpr int kGrain = 6;    // the same where there is grain
     onCanvas = placed(picture, settings.asItsSize, ground.canvas, ground.wallSize, kSpeck, work);
-    softness = std::clamp(1 + static_cast<int>(std::lround(onCanvas.enlarged)), 2, kSoftest);
-    noisy = isNoisy(onCanvas.layer.colours, onCanvas.layer.clear);
-    if (!noisy) hardenEdges(onCanvas.layer.colours, softness);
-  }
-
-  void smooth(const PrepareSettings& settings) {
-    hard.colours = withoutNoise(onCanvas.layer.colours, detailOf(settings).side, speckOf(settings), work);
-    if (noisy) hardenEdges(hard.colours, softness);
-    hard.clear = onCanvas.layer.clear;
+    Bitmap& colours = onCanvas.layer.colours;
+    const int softness = std::clamp(1 + static_cast<int>(std::lround(onCanvas.enlarged)), 2, kSoftest);
+    noisy = isNoisy(colours, onCanvas.layer.clear);
+    if (!noisy) hardenEdges(colours, softness);
+    colours = withoutNoise(colours, medianFor(onCanvas.enlarged), noisy ? kGrain : kDust, work);
+    if (noisy) hardenEdges(colours, softness);
     clearPaper();
   }
 
   /// What grain leaves is larger than what a pen does.
   [[nodiscard]] int speckOf(const PrepareSettings& settings) const {
-    constexpr int kTimes = 4;
-    return detailOf(settings).speck * (noisy ? kTimes : 1);
+    constexpr int kTimes = 3;
+    return kSpecks.at(static_cast<std::size_t>(settings.detail - kCoarsest)) * (noisy ? kTimes : 1);
   }
 
   /// The edge at which paper begins is the picture's own, not the Canvas's.
   void clearPaper() {
     const Square& part = onCanvas.part;
     if (part.right < part.left || part.bottom < part.top) return;
-    const Paper found = findPaper(cutOut(hard, part));
+    const Paper found = findPaper(cutOut(onCanvas.layer, part));
     paper = found.colour;
     const std::uint8_t* mask = found.mask.data();
     for (int y = part.top; y <= part.bottom; ++y) {
-      for (int x = part.left; x <= part.right; ++x) hard.clear[placeOf(hard.size(), x, y)] = *mask++;
+      for (int x = part.left; x <= part.right; ++x)
+        onCanvas.layer.clear[placeOf(onCanvas.layer.size(), x, y)] = *mask++;
     }
-    for (std::size_t at = 0; at < hard.clear.size(); ++at) {
-      if (hard.clear[at] != 0) hard.colours.pixels[at] = paper;
+    for (std::size_t at = 0; at < onCanvas.layer.clear.size(); ++at) {
+      if (onCanvas.layer.clear[at] != 0) onCanvas.layer.colours.pixels[at] = paper;
     }
   }
 
@@ -144,7 +141,7 @@ struct Preparation::Steps {
     for (std::size_t at = 0; at < areas.labels.size(); ++at) {
       if (areas.labels[at] == kPaperLabel) continue;
       auto& [count, red, green, blue] = sums[areas.labels[at]];
-      const Colour colour = hard.colours.pixels[at];
+      const Colour colour = onCanvas.layer.colours.pixels[at];
       ++count;
       red += colour & 0xFF;
       green += colour >> 8 & 0xFF;
@@ -167,11 +164,11 @@ struct Preparation::Steps {
   }
 
   void sort(const PrepareSettings& settings) {
-    const Segments segments = work.segmented(hard.colours, settings.colours);
-    Areas areas{hard.size(), segments.labels, {}, labOf(paper)};
+    const Segments segments = work.segmented(onCanvas.layer.colours, settings.colours);
+    Areas areas{onCanvas.layer.size(), segments.labels, {}, labOf(paper)};
     for (const Colour colour : segments.colours) areas.colours.push_back(labOf(colour));
     for (std::size_t at = 0; at < areas.labels.size(); ++at) {
-      if (hard.clear[at] != 0) areas.labels[at] = kPaperLabel;
+      if (onCanvas.layer.clear[at] != 0) areas.labels[at] = kPaperLabel;
     }
     removeRims(areas);
     joinByMeans(areas);
@@ -242,10 +239,10 @@ Prepared Preparation::make(const PrepareSettings& given, const PrepareGround& gr
   const bool isAnew = !steps.last || steps.last->second.canvas != ground.canvas ||
                       steps.last->second.wallSize != ground.wallSize ||
                       steps.last->first.asItsSize != settings.asItsSize;
-  const bool isOtherDetail = isAnew || steps.last->first.detail != settings.detail;
   if (isAnew) steps.place(settings, ground);
-  if (isOtherDetail) steps.smooth(settings);
-  if (isOtherDetail || steps.last->first.colours != settings.colours) steps.sort(settings);
+  const bool isSortedAnew =
+      isAnew || steps.last->first.colours != settings.colours || steps.last->first.detail != settings.detail;
+  if (isSortedAnew) steps.sort(settings);
   steps.last = {settings, ground};
 
   const Areas& areas = steps.sorted.areas;

@@ -113,7 +113,7 @@ def thin_lines():
 def soft_lines():
     def paint(draw):
         draw.ellipse(big(80, 80, 500, 500), outline="black", width=SOFT)
-        draw.line(big(120, 180, 460, 400), fill="black", width=SOFT)
+        draw.line(big(100, 150, 490, 430), fill="black", width=SOFT)
         draw.line([(480 * SOFT, 260 * SOFT), (760 * SOFT, 120 * SOFT), (800 * SOFT, 560 * SOFT), (425 * SOFT, 425 * SOFT)],
                   fill="black", width=SOFT)
 

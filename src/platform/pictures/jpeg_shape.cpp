@@ -1,43 +1,10 @@
 #include "platform/pictures/jpeg_shape.h"
 
-#include <array>
-#include <cstdint>
+#include "platform/pictures/byte_reader.h"
 
 namespace gridwright {
 
 namespace {
-
-/// Bytes one after another, fetched in blocks; -1 at the end.
-class Bytes {
- public:
-  explicit Bytes(QIODevice& device) : device_(device) {}
-
-  int next() {
-    if (at_ == count_) {
-      count_ = device_.read(block_.data(), static_cast<qint64>(block_.size()));
-      at_ = 0;
-      if (count_ <= 0) {
-        count_ = 0;
-        return -1;
-      }
-    }
-    return static_cast<std::uint8_t>(block_[static_cast<std::size_t>(at_++)]);
-  }
-  int nextTwo() {
-    const int high = next();
-    const int low = next();
-    return low < 0 ? -1 : high << 8 | low;
-  }
-  void skip(int count) {
-    for (; count > 0 && next() >= 0; --count) {
-    }
-  }
-
- private:
-  QIODevice& device_;
-  std::array<char, 65536> block_{};
-  qint64 at_ = 0, count_ = 0;
-};
 
 constexpr int kStart = 0xD8, kEnd = 0xD9, kScan = 0xDA;
 
@@ -52,7 +19,7 @@ bool isFrame(int marker) {
 
 /// The next marker, over the coded bytes of a scan, in which FF00 is a byte and FFD0 to FFD7 stand between
 /// rows; -1 at the end of the file.
-int nextMarker(Bytes& bytes) {
+int nextMarker(ByteReader& bytes) {
   for (;;) {
     int byte = bytes.next();
     while (byte >= 0 && byte != 0xFF) byte = bytes.next();
@@ -64,8 +31,7 @@ int nextMarker(Bytes& bytes) {
 }  // namespace
 
 JpegShape shapeOfJpeg(QIODevice& device) {
-  device.seek(0);
-  Bytes bytes(device);
+  ByteReader bytes(device);
   JpegShape shape;
   int parts = 0;  // colour components of the frame
   bool progressive = false;

@@ -81,14 +81,29 @@ Bitmap LeptonicaWork::scaled(const Bitmap& picture, Size size) {
   const PixPointer pix = pixOf(picture);
   const float across = static_cast<float>(size.width) / static_cast<float>(picture.width);
   const float down = static_cast<float>(size.height) / static_cast<float>(picture.height);
-  // No sharpening: it would lay a rim around every edge.
-  const PixPointer result = owned(pixScaleGeneral(pix.get(), across, down, 0.0F, 0));
-  return bitmapOf(result.get(), size);
+  // The library has no means of areas for a picture of one row or column.
+  constexpr int kSmall = 4;
+  if (std::min({picture.width, picture.height, size.width, size.height}) < kSmall) {
+    return bitmapOf(owned(pixScaleBySamplingToSize(pix.get(), size.width, size.height)).get(), size);
+  }
+  if (across > 1 || down > 1) {
+    // No sharpening: it would lay a rim around every edge.
+    return bitmapOf(owned(pixScaleGeneral(pix.get(), across, down, 0.0F, 0)).get(), size);
+  }
+  // The library goes by the means of areas only where much is lost; nearer to one to one it takes what lies
+  // between two pixels, and a line of one pixel may lie between two of those. So it begins with twice the
+  // size.
+  constexpr float kMuch = 0.7F;
+  if (across < kMuch && down < kMuch) {
+    return bitmapOf(owned(pixScaleAreaMap(pix.get(), across, down)).get(), size);
+  }
+  const PixPointer twice = owned(pixExpandReplicate(pix.get(), 2));
+  return bitmapOf(owned(pixScaleAreaMap(twice.get(), across / 2, down / 2)).get(), size);
 }
 
 Bitmap LeptonicaWork::smoothed(const Bitmap& picture, int side) {
   silence();
-  if (picture.pixels.empty() || side <= 1) return picture;
+  if (picture.pixels.empty() || side <= 1 || std::min(picture.width, picture.height) < side) return picture;
   const PixPointer pix = pixOf(picture);
   const PixPointer result = owned(pixMedianFilter(pix.get(), side, side));
   return bitmapOf(result.get(), {picture.width, picture.height});
@@ -128,12 +143,16 @@ Mask LeptonicaWork::withoutSpecks(const Mask& mask, Size size, int least) {
   silence();
   if (mask.empty() || least <= 1) return mask;
   const PixPointer pix = pixOf(mask, size);
-  const PixPointer areas = owned(pixConnCompAreaTransform(pix.get(), 8));  // each pixel: its piece's area
+  l_int32 isEmpty = 0;
+  pixZero(pix.get(), &isEmpty);
+  if (isEmpty != 0) return mask;
+  const PixPointer large =
+      owned(pixSelectBySize(pix.get(), least, least, 8, L_SELECT_IF_EITHER, L_SELECT_IF_GTE, nullptr));
   Mask kept(mask.size());
   std::uint8_t* out = kept.data();
   for (int y = 0; y < size.height; ++y) {
-    const l_uint32* in = rowOf(areas.get(), y);
-    for (int x = 0; x < size.width; ++x) *out++ = in[x] >= static_cast<l_uint32>(least) ? 1 : 0;
+    const l_uint32* in = rowOf(large.get(), y);
+    for (int x = 0; x < size.width; ++x) *out++ = static_cast<std::uint8_t>(GET_DATA_BIT(in, x));
   }
   return kept;
 }

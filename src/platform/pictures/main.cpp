@@ -1,4 +1,7 @@
 // gridwright-prepare: any picture made ready for a maze, without a window.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QGuiApplication>
 #include <array>
 #include <filesystem>
@@ -45,6 +48,28 @@ std::unique_ptr<QGuiApplication> applicationWithoutScreen() {
   return std::make_unique<QGuiApplication>(count, arguments.data());
 }
 
+/// Decoders of pictures have words of their own for standard error; a person gets our line instead.
+class NobodyHears {
+ public:
+  NobodyHears() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0)) {
+    const OpenFile nowhere(::open("/dev/null", O_WRONLY | O_CLOEXEC));
+    if (kept_ && nowhere) ::dup2(nowhere.descriptor(), STDERR_FILENO);
+  }
+  ~NobodyHears() {
+    if (kept_) ::dup2(kept_.descriptor(), STDERR_FILENO);
+  }
+  NobodyHears(const NobodyHears&) = delete;
+  NobodyHears& operator=(const NobodyHears&) = delete;
+
+ private:
+  OpenFile kept_;
+};
+
+Outcome<Picture> readQuietly(const PrepareWords& line) {
+  const NobodyHears quiet;
+  return readPicture(line.in, line.size.value_or(Size{kLongestSide, kLongestSide}));
+}
+
 Fault cannotBeWritten(const std::filesystem::path& path, const char* why) {
   return {Fault::Kind::notWritable, path.string() + " " + why};
 }
@@ -79,7 +104,7 @@ Result made(const Picture& picture, const PrepareWords& line) {
 
 int run(const PrepareWords& line) {
   const auto application = applicationWithoutScreen();
-  const auto picture = readPicture(line.in, line.size.value_or(Size{kLongestSide, kLongestSide}));
+  const auto picture = readQuietly(line);
   if (!picture) return complain(picture.fault().words, kNotDone);
   const Result result = made(picture.value(), line);
   const auto written = write(result.picture, line);

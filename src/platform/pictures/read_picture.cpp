@@ -16,6 +16,7 @@
 #include "canvas/bitmap_decode.h"
 #include "files/plain_file.h"
 #include "pictures/fit.h"
+#include "platform/pictures/gif_shape.h"
 #include "platform/pictures/jpeg_shape.h"
 #include "platform/pictures/reduced_image.h"
 #include "platform/pictures/svg_cleaner.h"
@@ -24,10 +25,9 @@ namespace gridwright {
 
 namespace {
 
-constexpr std::int64_t kMostPixels = 32'000'000;
-constexpr std::int64_t kMostPixelsByRows = 256'000'000;  // of a JPEG, which is never whole in memory
-constexpr int kMegabytesForOne = 256;                    // 32 million pixels of 16 bits a channel
-constexpr qint64 kLargestSvg = 16 << 20;                 // bytes
+constexpr int kTimesByRows = 8;              // more pixels of a JPEG, which is never whole in memory
+constexpr int kMegabytesForOne = 256;        // 32 million pixels of 16 bits a channel
+constexpr qint64 kLargestSvg = 16 << 20;     // bytes
 constexpr qint64 kLargestBitmap = 64 << 20;  // bytes: beyond, a bitmap goes the way of all formats
 constexpr qint64 kEnoughToTell = 4096;       // bytes, of what a file is
 constexpr int kJpegEighths = 8;              // a JPEG is decoded at so many eighths of its size
@@ -83,11 +83,11 @@ Outcome<Picture> readLargeJpeg(QIODevice& device, Size size, const std::string& 
   return picture;
 }
 
-Outcome<Picture> readJpeg(QIODevice& device, const std::string& name) {
+Outcome<Picture> readJpeg(QIODevice& device, std::int64_t most, const std::string& name) {
   const JpegShape shape = shapeOfJpeg(device);
   const QSize size(shape.size.width, shape.size.height);
   if (size.isEmpty() || !shape.whole) return notWhole(name);
-  if (pixelsOf(size) > (shape.oneScan ? kMostPixelsByRows : kMostPixels)) return tooLarge(name);
+  if (pixelsOf(size) > (shape.oneScan ? kTimesByRows * most : most)) return tooLarge(name);
   if (std::max(size.width(), size.height()) > kLongestSide) return readLargeJpeg(device, shape.size, name);
   device.seek(0);
   QImageReader reader(&device, "jpeg");
@@ -99,14 +99,14 @@ Outcome<Picture> readJpeg(QIODevice& device, const std::string& name) {
 }
 
 /// Bitmaps have exact colours that mean something, so they are read as an import reads them.
-Outcome<Picture> readBitmap(QIODevice& device, const std::string& name) {
+Outcome<Picture> readBitmap(QIODevice& device, std::int64_t most, const std::string& name) {
   device.seek(0);
   const QByteArray bytes = device.readAll();
   const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
   const auto size = checkBitmapFile(view);
   if (!size) return notWhole(name);
   const int longest = std::max(size.value().width, size.value().height);
-  if (pixelsOf({size.value().width, size.value().height}) > kMostPixels) return tooLarge(name);
+  if (pixelsOf({size.value().width, size.value().height}) > most) return tooLarge(name);
   auto bitmap = decodeBitmapFile(view, longest);
   if (!bitmap) return notWhole(name);
   Picture picture;
@@ -123,16 +123,17 @@ Outcome<Picture> readBitmap(QIODevice& device, const std::string& name) {
   return picture;
 }
 
-Outcome<Picture> readAny(QIODevice& device, const QByteArray& format, const std::string& name) {
+Outcome<Picture> readAny(QIODevice& device, const QByteArray& format, std::int64_t most,
+                         const std::string& name) {
   device.seek(0);
   QImageReader reader(&device, format);
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
-  if (pixelsOf(reader.size()) > kMostPixels) return tooLarge(name);
+  if (pixelsOf(reader.size()) > most) return tooLarge(name);
   QImageReader::setAllocationLimit(kMegabytesForOne);
   const QImage image = reader.read();
   if (image.isNull()) return notWhole(name);
-  if (pixelsOf(image.size()) > kMostPixels) return tooLarge(name);
+  if (pixelsOf(image.size()) > most) return tooLarge(name);
   return pictureOfWhole(image);
 }
 
@@ -183,14 +184,15 @@ QByteArray formatOf(QIODevice& device) {
   return format;
 }
 
-Outcome<Picture> readFrom(QIODevice& device, Size fitTo, const std::string& name) {
+Outcome<Picture> readFrom(QIODevice& device, Size fitTo, std::int64_t most, const std::string& name) {
   const QByteArray format = formatOf(device);
   if (format.isEmpty())
     return Fault{Fault::Kind::anotherFormat, name + " is no picture of a kind that is read"};
   if (format == "svg") return readSvg(device, fitTo, name);
-  if (format == "bitmap") return readBitmap(device, name);
-  if (format == "jpeg") return readJpeg(device, name);
-  return readAny(device, format, name);
+  if (format == "bitmap") return readBitmap(device, most, name);
+  if (format == "gif" && !hasWholeFirstPicture(device)) return notWhole(name);
+  if (format == "jpeg") return readJpeg(device, most, name);
+  return readAny(device, format, most, name);
 }
 
 }  // namespace
@@ -205,14 +207,15 @@ Outcome<Picture> readPicture(const std::filesystem::path& path, Size fitTo) {
   QFile file;
   if (!file.open(open.descriptor(), QIODevice::ReadOnly, QFileDevice::DontCloseHandle))
     return Fault{Fault::Kind::notReadable, name + " can't be read"};
-  return readFrom(file, fitTo, name);
+  return readFrom(file, fitTo, kMostPixels, name);
 }
 
-Outcome<Picture> readPictureBytes(std::string_view bytes, Size fitTo, std::string_view name) {
+Outcome<Picture> readPictureBytes(std::string_view bytes, Size fitTo, std::string_view name,
+                                  std::int64_t most) {
   QByteArray held = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&held);
   buffer.open(QIODevice::ReadOnly);
-  return readFrom(buffer, fitTo, std::string(name));
+  return readFrom(buffer, fitTo, most, std::string(name));
 }
 
 Outcome<Picture> pictureOf(const QImage& image, std::string_view name) {

@@ -1,6 +1,7 @@
 // Picture files of every format that Qt's plugins read, and SVG, as pictures of exact colours.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 
@@ -11,6 +12,9 @@ class QImage;
 
 namespace gridwright {
 
+/// What a picture may hold.
+inline constexpr std::int64_t kMostPixels = 32'000'000;
+
 /// Reads a picture: PNG, JPEG turned by its EXIF, GIF (the first picture), SVG rendered as large as fits,
 /// WebP, TIFF, BMP and what else Qt's plugins know, told by its content and not by its name.
 /// \param fitTo where an SVG is to fit; it has no pixels of its own. Each side 1 to 1000.
@@ -20,8 +24,9 @@ namespace gridwright {
 /// any thread.
 Outcome<Picture> readPicture(const std::filesystem::path& path, Size fitTo);
 
-/// The same from bytes, with the name by which a line calls them.
-Outcome<Picture> readPictureBytes(std::string_view bytes, Size fitTo, std::string_view name);
+/// The same from bytes, with the name by which a line calls them; `most` pixels are read.
+Outcome<Picture> readPictureBytes(std::string_view bytes, Size fitTo, std::string_view name,
+                                  std::int64_t most = kMostPixels);
 
 /// A picture that Qt has decoded already, from the clipboard say.
 Outcome<Picture> pictureOf(const QImage& image, std::string_view name);

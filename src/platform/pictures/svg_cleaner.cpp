@@ -103,7 +103,7 @@ class Cleaner {
     static const QRegularExpression reference(QStringLiteral("url\\s*\\((?!\\s*[\"']?\\s*#)[^)]*\\)?"),
                                               QRegularExpression::CaseInsensitiveOption);
     text.remove(QLatin1Char('\\'));  // the way to write url( without its letters
-    text.remove(import);
+    text.replace(import, QStringLiteral(" "));
     return text.replace(reference, QStringLiteral("none"));
   }
 
