@@ -2,8 +2,10 @@
 #pragma once
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "colours/colour_repairs.h"
@@ -33,6 +35,14 @@ class StillDesktop : public Platform {
   Size maximise() override { return clientSize(); }
   void raise() override {}
   void messageBox(std::string_view /*text*/) override {}
+  // No picture comes from elsewhere.
+  void workBeside(Program& program, Work work) override { work()(program); }
+  Outcome<Picture> readPicture(const std::filesystem::path& file, Size /*fit*/) override {
+    return Fault{Fault::Kind::notFound, file.string()};
+  }
+  PictureWork& pictureWork() override { std::abort(); }
+  std::optional<std::filesystem::path> choosePicture() override { return std::nullopt; }
+  Outcome<Pasted> pasted() override { return Fault{Fault::Kind::notFound, "there is no picture to paste"}; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override {
     const auto found = pictures.find(path.filename().string());
     if (found == pictures.end()) return Fault{Fault::Kind::notFound, path.string()};
