@@ -75,9 +75,11 @@ Speck speckAt(const Areas& areas, const Mask& kept, Mask& seen, std::size_t from
     speck.places.push_back(at);
   };
   take(from);
-  for (std::size_t next = 0; next < speck.places.size(); ++next) {
-    forAround(areas.size, speck.places[next], take);  // a line goes on by corners too
-    forAround(areas.size, speck.places[next], offer);
+  std::size_t next = 0;  // of the places, which grow meanwhile
+  while (next < speck.places.size()) {
+    const std::size_t at = speck.places[next++];
+    forAround(areas.size, at, take);  // a line goes on by corners too
+    forAround(areas.size, at, offer);
   }
   speck.waits = leastWaiting < least;
   return speck;

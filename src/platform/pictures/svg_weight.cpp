@@ -18,6 +18,7 @@ void SvgWeight::end() {
 
 bool SvgWeight::isBearable() { return elements_.empty() || weightOf(0, 0) <= kMost; }
 
+// NOLINTBEGIN(misc-no-recursion): no deeper than kDeepest
 // What is too deep counts as too much. A use of what it stands in draws nothing more.
 std::int64_t SvgWeight::weightOf(std::size_t number, int depth) {
   if (depth > kDeepest) return kMost + 1;
@@ -35,5 +36,6 @@ std::int64_t SvgWeight::weightOf(std::size_t number, int depth) {
   element.weight = sum;
   return sum;
 }
+// NOLINTEND(misc-no-recursion)
 
 }  // namespace gridwright
