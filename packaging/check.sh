@@ -52,7 +52,7 @@ done < <(sed -n 's|.*width="\([0-9]*\)" height="\([0-9]*\)">.*/\([^/<]*\)<.*|\1 
 for picture in title example1 example11 credit1 credit2; do
   [[ -s $share/gridwright/$picture.bmp ]] || complain "no picture $picture"
 done
-for picture in balloon butterfly cat name octopus snail window; do
+for picture in balloon butterfly cat name octopus panes snail window words; do
   [[ -s $share/gridwright/examples/$picture.bmp ]] || complain "no example $picture"
 done
 for size in 16 32 48 64 128 256; do

@@ -24,8 +24,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kMostRecent = 10;
-constexpr std::array<std::string_view, 7> kExamples = {"balloon", "butterfly", "cat",   "name",
-                                                       "octopus", "snail",     "window"};
+constexpr std::array<std::string_view, 9> kExamples = {"balloon", "butterfly", "cat",    "name", "octopus",
+                                                       "panes",   "snail",     "window", "words"};
 
 void refuse(Program& program, std::string words) {
   program.platform.told(words);

@@ -63,7 +63,7 @@ TEST(TheReadme, NamesEveryExample) {
   std::set<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(kSource / "examples"))
     if (entry.path().extension() == ".txt") names.insert(entry.path().stem());
-  EXPECT_EQ(names.size(), 7U);
+  EXPECT_EQ(names.size(), 9U);
   EXPECT_TRUE(names.contains("name"));
   std::string list;
   for (const std::string& name : names) {

@@ -375,8 +375,8 @@ TEST(TheExamples, AreSevenPicturesAndTheSetsOfThePresentKind) {
   d.desktop.act(input::menuLookedAt);
   d.look([](Program& p) {
     EXPECT_EQ(p.menus.entries(Item::openexample),
-              (std::vector<std::string>{"balloon", "butterfly", "cat", "name", "octopus", "snail", "window",
-                                        "a.pat"}));
+              (std::vector<std::string>{"balloon", "butterfly", "cat", "name", "octopus", "panes", "snail",
+                                        "window", "words", "a.pat"}));
   });
   d.run();
 }
