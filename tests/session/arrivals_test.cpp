@@ -367,7 +367,7 @@ TEST(ADrawingThatIsBroken, IsToldInOneLineAndChangesNothing) {
   }
 }
 
-TEST(TheExamples, AreSevenPicturesAndTheSetsOfThePresentKind) {
+TEST(TheExamples, AreThePicturesThatCameWithTheProgramAndTheSetsOfThePresentKind) {
   const TempFolder work;
   work.put("a.pat", "1 5\n1 5\n1 5\n1 5\n");
   work.put("b.3d-pat", "");
