@@ -37,7 +37,7 @@ void goOnToNextMaze(ProgramState& s) {
 
 /// A page that cannot be kept ends the job, which tells it. \returns whether it was kept.
 bool printPage(Program& program) {
-  if (program.platform.printForm(program.canvas.shownImage())) return true;
+  if (program.platform.printForm(program.canvas.shownView())) return true;
   endJob(program);
   return false;
 }

@@ -5,7 +5,7 @@
 namespace gridwright {
 
 void printfff(Program& program) {
-  tellPrinted(program, "the window is printed", program.platform.printAlone(program.canvas.shownImage()));
+  tellPrinted(program, "the window is printed", program.platform.printAlone(program.canvas.shownView()));
 }
 
 }  // namespace gridwright

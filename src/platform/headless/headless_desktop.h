@@ -54,10 +54,10 @@ class HeadlessDesktop : public Platform {
   void raise() override {}
   void messageBox(std::string_view text) override { lastMessage_ = text; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override;
-  Outcome<Done> printForm(const Bitmap& picture) override;
-  Outcome<PagesWent> printAlone(const Bitmap& picture) override;
+  Outcome<Done> printForm(const BitmapView& picture) override;
+  Outcome<PagesWent> printAlone(const BitmapView& picture) override;
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return seed_; }
 
@@ -108,8 +108,8 @@ class HeadlessDesktop : public Platform {
   [[nodiscard]] std::int64_t number(std::size_t i) const;
   [[nodiscard]] const std::string& text() const;
   [[nodiscard]] ControlId liveControl(const Program& program, ControlKind kind) const;
-  void savePicture(const Program& program, const Bitmap& picture);
-  void keepPage(const Bitmap& picture);
+  void savePicture(const Program& program, const BitmapView& picture);
+  void keepPage(const BitmapView& picture);
 
   std::string scriptName_;
   std::vector<ScriptLine> lines_;

@@ -37,10 +37,10 @@ class QtDesktop : public Platform {
   void raise() override;
   void messageBox(std::string_view text) override;
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override;
-  Outcome<Done> printForm(const Bitmap& picture) override { return printing_.page(picture); }
-  Outcome<PagesWent> printAlone(const Bitmap& picture) override;
+  Outcome<Done> printForm(const BitmapView& picture) override { return printing_.page(picture); }
+  Outcome<PagesWent> printAlone(const BitmapView& picture) override;
   Outcome<PagesWent> endOfPages() override;
   std::uint32_t clockSeed() override;
 
