@@ -17,8 +17,7 @@ void appendNumber(std::string& bytes, std::uint32_t value, int count) {
   for (int i = 0; i < count; ++i) bytes.push_back(static_cast<char>(value >> 8 * i));
 }
 
-constexpr std::size_t kBlock = 65536;  // bytes
-constexpr std::size_t kSpare = 8;      // bytes behind a row that `packRow` may write to
+constexpr std::size_t kSpare = 8;  // bytes behind a row that `packRow` may write to
 
 /// A pixel as a number whose lowest byte is its blue, the next its green, the third its red. Its bytes are
 /// turned round, which a processor does at once; what lay above the colour is shifted out.
@@ -72,29 +71,16 @@ std::string headerOf(const BitmapView& picture) {
 
 }  // namespace
 
-bool encodeBitmapFile(const BitmapView& picture, const std::function<bool(std::string_view)>& take) {
-  const auto width = static_cast<std::size_t>(picture.width);
-  const std::size_t row = bytesOfRow(picture);
-  std::string block = headerOf(picture);
-  std::size_t used = block.size();
-  const std::size_t most = std::max(kBlock, row);
-  block.resize(most + kSpare);
-  for (int y = picture.height - 1; y >= 0; --y, used += row) {
-    if (used + row > most) {
-      if (!take({block.data(), used})) return false;
-      used = 0;
-    }
-    packRow(picture.row(y), width, block.data() + used);  // its spare bytes are the zeros that fill a row up
-  }
-  return take({block.data(), used});
-}
-
 std::string encodeBitmapFile(const BitmapView& picture) {
-  std::string bytes;
-  encodeBitmapFile(picture, [&bytes](std::string_view block) {
-    bytes += block;
-    return true;
-  });
+  const std::size_t row = bytesOfRow(picture);
+  std::string bytes = headerOf(picture);
+  bytes.reserve(bytes.size() + row * static_cast<std::size_t>(picture.height));
+  // By way of a row that stays in the processor's cache: each byte of the file is touched once.
+  std::string packed(row + kSpare, '\0');
+  for (int y = picture.height - 1; y >= 0; --y) {
+    packRow(picture.row(y), static_cast<std::size_t>(picture.width), packed.data());
+    bytes.append(packed, 0, row);  // the spare bytes of the last pixels are the zeros that fill a row up
+  }
   return bytes;
 }
 

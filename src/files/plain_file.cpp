@@ -77,28 +77,12 @@ Outcome<OpenFile> openUnshared(const fs::path& path) {
   return file;
 }
 
-/// A file that is empty already is left alone: ext4 takes any cut to nothing for a file that is written anew
-/// in place, and hurries it to the disk at its close.
+/// A file that is empty already is left alone: ext4 takes any cut to nothing for a file that is written anew in
+/// place, and hurries it to the disk at its close.
 Outcome<OpenFile> emptied(Outcome<OpenFile> file, const fs::path& path) {
   if (file && about(file.value()).st_size != 0 && ::ftruncate(file.value().descriptor(), 0) != 0)
     return notWritable(path);
   return file;
-}
-
-bool writeOn(const OpenFile& file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file.descriptor(), bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-  return true;
-}
-
-/// Some file systems tell what went wrong only at a close; a second descriptor's leaves the file held.
-bool isTaken(const OpenFile& file) {
-  const int twin = ::fcntl(file.descriptor(), F_DUPFD_CLOEXEC, 0);
-  return twin >= 0 && ::close(twin) == 0;
 }
 
 }  // namespace
@@ -158,7 +142,17 @@ Outcome<OpenFile> openHeld(const fs::path& path) {
   return notWritable(path);
 }
 
-bool writeAll(const OpenFile& file, std::string_view bytes) { return writeOn(file, bytes) && isTaken(file); }
+bool writeAll(const OpenFile& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file.descriptor(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  // Some file systems tell what went wrong only at a close; a second descriptor's leaves the file held.
+  const int twin = ::fcntl(file.descriptor(), F_DUPFD_CLOEXEC, 0);
+  return twin >= 0 && ::close(twin) == 0;
+}
 
 Outcome<Done> writePlainFile(const fs::path& path, std::string_view bytes) {
   const auto file = openForNewContent(path);
@@ -174,18 +168,11 @@ std::optional<FileMark> markOf(const fs::path& path) {
 }
 
 Outcome<FileMark> replacePlainFile(const fs::path& path, std::string_view bytes, Overwrite how) {
-  return replacePlainFile(
-      path, [bytes](const TakeBytes& take) { return take(bytes); }, how);
-}
-
-Outcome<FileMark> replacePlainFile(const fs::path& path, const std::function<bool(const TakeBytes&)>& write,
-                                   Overwrite how) {
   if (isNoPlainFile(path)) return notPlain(path);
   const fs::path building = buildingName(path);
   const auto file = openHeld(building);
   if (!file) return file.fault();
-  const TakeBytes take = [&file](std::string_view bytes) { return writeOn(file.value(), bytes); };
-  if (write(take) && isTaken(file.value())) {
+  if (writeAll(file.value(), bytes)) {
     const FileMark mark = markIn(about(file.value()));  // from here on everybody can reach it by its name
     if (takePlace(building, path, how)) return mark;
   }

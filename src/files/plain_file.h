@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -77,14 +76,6 @@ std::optional<FileMark> markOf(const std::filesystem::path& path);
 /// \returns the mark of the file with just these bytes, whatever another hand does to it meanwhile.
 Outcome<FileMark> replacePlainFile(const std::filesystem::path& path, std::string_view bytes,
                                    Overwrite how = Overwrite::atOnce);
-
-/// Takes the next bytes of a file. \returns false when the system refused any.
-using TakeBytes = std::function<bool(std::string_view)>;
-
-/// The same for a file whose bytes are made piece by piece. \param write hands all of them to what it is
-/// given; false gives the file up.
-Outcome<FileMark> replacePlainFile(const std::filesystem::path& path,
-                                   const std::function<bool(const TakeBytes&)>& write, Overwrite how);
 
 /// What a file is called until it is whole.
 std::filesystem::path buildingName(std::filesystem::path path);

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <vector>
+#include <string>
 
 #include "canvas/bitmap_decode.h"
 #include "canvas/canvas.h"
@@ -50,27 +50,6 @@ TEST(APlaneOfTheCanvas, IsEncodedWithoutItsMarks) {
   canvas.resize({7, 5});
   canvas.fill(1, 1, 4, 3, kPalette[6]);
   EXPECT_EQ(encodeBitmapFile(canvas.imageView()), encodeBitmapFile(canvas.image()));
-}
-
-TEST(APictureThatIsHandedOverInBlocks, IsTheSameFile) {
-  for (const int width : {1, 800, 999, 30'000}) {
-    const Bitmap picture = motleyPicture(width, 70);
-    std::vector<std::string> blocks;
-    EXPECT_TRUE(encodeBitmapFile(picture, [&](std::string_view block) {
-      blocks.emplace_back(block);
-      return true;
-    }));
-    std::string whole;
-    for (const std::string& block : blocks) whole += block;
-    EXPECT_EQ(whole, encodeBitmapFile(picture));
-    EXPECT_EQ(blocks.size() > 1, whole.size() > 65'536) << width;
-  }
-}
-
-TEST(APictureOfWhichABlockIsNotTaken, HandsOverNoOther) {
-  int offered = 0;
-  EXPECT_FALSE(encodeBitmapFile(motleyPicture(800, 600), [&](std::string_view) { return ++offered < 3; }));
-  EXPECT_EQ(offered, 3);
 }
 
 }  // namespace

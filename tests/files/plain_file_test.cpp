@@ -46,29 +46,6 @@ TEST(AFileThatIsEmptyAlready, IsNotCutAgainForItsNewContent) {
   }
 }
 
-TEST(AFileWhoseBytesComePieceByPiece, IsTheOldOneUntilAllAreThere) {
-  const TempFolder temp;
-  temp.put("a.bmp", "old");
-  const fs::path path = temp.path() / "a.bmp";
-  const auto inPieces = [&](bool toTheEnd) {
-    return replacePlainFile(
-        path,
-        [&](const TakeBytes& take) {
-          EXPECT_TRUE(take("new "));
-          EXPECT_EQ(readPlainFile(path).value(), "old");
-          return take("bytes") && toTheEnd;
-        },
-        Overwrite::atOnce);
-  };
-  EXPECT_EQ(inPieces(false).fault().kind, Fault::Kind::notWritable);
-  EXPECT_EQ(readPlainFile(path).value(), "old");
-  EXPECT_FALSE(fs::exists(buildingName(path)));
-  const auto written = inPieces(true);
-  ASSERT_TRUE(written);
-  EXPECT_EQ(readPlainFile(path).value(), "new bytes");
-  EXPECT_EQ(written.value(), *markOf(path));
-}
-
 TEST(WhatIsNoPlainFile, IsNeverWrittenThroughNorReplaced) {
   for (const NoPlainFile kind : kNoPlainFiles) {
     SCOPED_TRACE(nameOf(kind));

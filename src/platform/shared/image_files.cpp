@@ -47,8 +47,7 @@ QImage imageOf(const BitmapView& picture) {
 
 Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const std::filesystem::path& path,
                                   Overwrite how) {
-  return replacePlainFile(
-      path, [&picture](const TakeBytes& take) { return encodeBitmapFile(picture, take); }, how);
+  return replacePlainFile(path, encodeBitmapFile(picture), how);
 }
 
 void turnPageTo(QPagedPaintDevice& device, const BitmapView& picture) {
