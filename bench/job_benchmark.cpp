@@ -15,6 +15,7 @@
 #include <string>
 
 #include "measured_process.h"
+#include "plain_follower.h"
 #include "plain_walk.h"
 #include "platform/shared/image_files.h"
 
@@ -29,18 +30,27 @@ Spent printMazes(const ProcessFolder& folder, int mazes) {
                     {"--pdf", (folder.path() / "book.pdf").string()});
 }
 
-/// The last page of the job, twice a maze, and the walk.
+/// The plainest walks over the pixels of each maze and along its walls, and the two pages of the program's own
+/// last maze, so that Qt has the same to pack.
 Spent plainBook(const ProcessFolder& folder, int mazes) {
-  const Bitmap page = readBitmapFile(folder.path() / "last.bmp").value();
-  PlainWalk walk(kProcessWidth, kProcessHeight, kProcessWall);
+  const Bitmap maze = readBitmapFile(folder.path() / "drawing2.bmp").value();
+  const Bitmap answer = readBitmapFile(folder.path() / "last.bmp").value();
   const auto begin = std::chrono::steady_clock::now();
   const double processor = millisecondsSoFar();
+  PlainWalk walk(kProcessWidth, kProcessHeight, kProcessWall);
+  walk.carve(0);
+  const auto [right, bottom] = walk.putEnds();
+  const Square start{kProcessWall + 1, kProcessWall + 1, 2 * kProcessWall - 2, 2 * kProcessWall - 2};
+  const Square finish{right, bottom, right + kProcessWall - 3, bottom + kProcessWall - 3};
+  PlainFollower follower(plainBitmap(kProcessWidth, kProcessHeight, 0), kProcessWall, start, finish,
+                         {PlainWalk::kCarved, PlainWalk::kStart, PlainWalk::kFinish});
   PdfDocument book(folder.path() / "plain.pdf");
-  for (int maze = 0; maze < mazes; ++maze) {
-    benchmark::DoNotOptimize(walk.carve(static_cast<std::uint32_t>(maze)));
-    for (int side = 0; side < 2; ++side) {
-      if (!book.addPage(page)) std::abort();
-    }
+  for (int made = 0; made < mazes; ++made) {
+    benchmark::DoNotOptimize(walk.carve(static_cast<std::uint32_t>(made)));
+    walk.putEnds();
+    if (!book.addPage(maze)) std::abort();
+    benchmark::DoNotOptimize(follower.follow(walk.pixels()));
+    if (!book.addPage(answer)) std::abort();
   }
   if (!book.finish()) std::abort();
   return {millisecondsSince(begin), millisecondsSoFar() - processor, 0, true};

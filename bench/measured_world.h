@@ -48,13 +48,13 @@ class StillDesktop : public Platform {
     if (found == pictures.end()) return Fault{Fault::Kind::notFound, path.string()};
     return found->second;
   }
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite /*how*/) override {
-    pictures[path.filename().string()] = picture;
+    pictures[path.filename().string()] = picture.copied();
     return FileMark{};
   }
-  Outcome<Done> printForm(const Bitmap& /*picture*/) override { return Done{}; }
-  Outcome<PagesWent> printAlone(const Bitmap& /*picture*/) override { return PagesWent{}; }
+  Outcome<Done> printForm(const BitmapView& /*picture*/) override { return Done{}; }
+  Outcome<PagesWent> printAlone(const BitmapView& /*picture*/) override { return PagesWent{}; }
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return 1; }
 

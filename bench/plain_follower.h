@@ -25,9 +25,13 @@ class PlainFollower {
   PlainFollower(Bitmap maze, int wall, const Square& start, const Square& finish, const Inks& inks)
       : maze_(std::move(maze)), pixels_(maze_), wall_(wall), start_(start), finish_(finish), inks_(inks) {}
 
-  /// Walks from the start to the finish. \returns how many pixels it went.
-  int follow() {
-    std::copy(maze_.pixels.begin(), maze_.pixels.end(), pixels_.pixels.begin());
+  /// Walks from the start to the finish of its maze. \returns how many pixels it went.
+  int follow() { return follow(maze_.pixels); }
+
+  /// The same in another maze of the size, with both ends on it.
+  template <typename Pixels>
+  int follow(const Pixels& maze) {
+    std::copy(maze.begin(), maze.end(), pixels_.pixels.begin());
     left_ = start_.left;
     top_ = start_.top;
     int x = left_;  // in the cell's corner, so that there is a wall to follow

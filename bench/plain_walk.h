@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace gridwright::bench {
@@ -52,8 +53,20 @@ class PlainWalk {
   [[nodiscard]] int cells() const { return columns() * rows(); }
   [[nodiscard]] const std::vector<std::uint32_t>& pixels() const { return pixels_; }
 
- private:
   static constexpr std::uint32_t kFree = 0x800000, kCarved = 0xFFFFFF, kBorder = 0xFF0000;
+  static constexpr std::uint32_t kStart = 0xFF00FF, kFinish = 0x0000FF;
+
+  /// Puts a start into the first cell and a finish into the last. \returns their left and top.
+  std::pair<int, int> putEnds() {
+    const int first = wall_ + 1;
+    const int right = columns() * wall_ + 1;
+    const int bottom = rows() * wall_ + 1;
+    fill(first, first, first + wall_ - 3, first + wall_ - 3, kStart);
+    fill(right, bottom, right + wall_ - 3, bottom + wall_ - 3, kFinish);
+    return {right, bottom};
+  }
+
+ private:
   static constexpr std::array<int, 4> kX = {-1, 1, 0, 0}, kY = {0, 0, -1, 1};
 
   std::size_t direction() { return chance_() & 3U; }

@@ -3,11 +3,11 @@
 
 #include <string>
 
-#include "canvas/bitmap.h"
+#include "canvas/bitmap_view.h"
 
 namespace gridwright {
 
 /// Rows from the bottom, blue, green and red a byte each, rows filled up to four bytes.
-std::string encodeBitmapFile(const Bitmap& picture);
+std::string encodeBitmapFile(const BitmapView& picture);
 
 }  // namespace gridwright

@@ -21,7 +21,7 @@ void Canvas::fill(int x1, int y1, int x2, int y2, Colour colour) {
   const int right = std::min(std::max(x1, x2), kSide - 1);
   const int bottom = std::min(std::max(y1, y2), kSide - 1);
   if (left > right || top > bottom) return;
-  const Colour ink = (colour & kColourMask) | kCovered;
+  const Colour ink = (colour & kColourBits) | kCovered;
   const auto run = static_cast<std::size_t>(right - left) + 1;
   for (int y = top; y <= bottom; ++y) {
     std::fill_n(shown_.data() + index(left, y), run, ink);
@@ -48,7 +48,7 @@ void Canvas::outline(int x1, int y1, int x2, int y2, Colour colour) {
 
 void Canvas::cls() {
   if (autoRedraw_) {
-    std::fill(persistent_.begin(), persistent_.end(), backColor_ & kColourMask);
+    std::fill(persistent_.begin(), persistent_.end(), backColor_ & kColourBits);
   }
   shown_ = persistent_;  // same size: copies in place
   touch(0, 0, kSide - 1, kSide - 1);
@@ -61,7 +61,7 @@ void Canvas::paintPicture(const Bitmap& source) {
   for (int y = 0; y < rows; ++y) {
     const Colour* in = source.row(y);
     Colour* shown = shown_.data() + index(0, y);
-    for (int x = 0; x < columns; ++x) shown[x] = (in[x] & kColourMask) | kCovered;
+    for (int x = 0; x < columns; ++x) shown[x] = (in[x] & kColourBits) | kCovered;
     if (autoRedraw_) std::copy_n(shown, columns, persistent_.data() + index(0, y));
   }
   touch(0, 0, columns - 1, rows - 1);
@@ -70,12 +70,12 @@ void Canvas::paintPicture(const Bitmap& source) {
 void Canvas::setPicture(const Bitmap& picture) {
   const int columns = std::min(picture.width, kSide);
   const int rows = std::min(picture.height, kSide);
-  const Colour ground = backColor_ & kColourMask;
+  const Colour ground = backColor_ & kColourBits;
   for (int y = 0; y < kSide; ++y) {
     Colour* row = persistent_.data() + index(0, y);
     const int covered = y < rows ? columns : 0;
     const Colour* in = covered > 0 ? picture.row(y) : nullptr;
-    for (int x = 0; x < covered; ++x) row[x] = (in[x] & kColourMask) | kCovered;
+    for (int x = 0; x < covered; ++x) row[x] = (in[x] & kColourBits) | kCovered;
     std::fill(row + covered, row + kSide, ground);
   }
   shown_ = persistent_;
@@ -85,7 +85,7 @@ void Canvas::setPicture(const Bitmap& picture) {
 void Canvas::setBackColor(Colour colour) {
   if (colour == backColor_) return;
   backColor_ = colour;
-  const Colour ground = colour & kColourMask;
+  const Colour ground = colour & kColourBits;
   for (auto* plane : {&persistent_, &shown_}) {
     for (Colour& pixel : *plane) {
       if ((pixel & kCovered) == 0) pixel = ground;
@@ -96,18 +96,7 @@ void Canvas::setBackColor(Colour colour) {
 
 Colour Canvas::shownPoint(int x, int y) const {
   if (!inside(x, y)) return kOutside;
-  return shown_[index(x, y)] & kColourMask;
-}
-
-Bitmap Canvas::visiblePart(const std::vector<Colour>& plane) const {
-  Bitmap part{width_, height_, {}};
-  part.pixels.reserve(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
-  for (int y = 0; y < height_; ++y) {
-    const Colour* row = plane.data() + index(0, y);
-    const auto copy = part.pixels.insert(part.pixels.end(), row, row + width_);
-    std::for_each(copy, part.pixels.end(), [](Colour& pixel) { pixel &= kColourMask; });
-  }
-  return part;
+  return shown_[index(x, y)] & kColourBits;
 }
 
 bool Canvas::showsAnything() const {

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "canvas/bitmap.h"
+#include "canvas/bitmap_view.h"
 #include "canvas/colour.h"
 #include "canvas/geometry.h"
 
@@ -45,7 +46,7 @@ class Canvas {
   [[nodiscard]] Colour point(int x, int y) const {
     if (!inside(x, y)) return kOutside;
     noteReads(1);
-    return plane_[index(x, y)] & kColourMask;
+    return plane_[index(x, y)] & kColourBits;
   }
   /// Colours of a row of pixels from (x, y); the caller keeps the run inside the visible part.
   [[nodiscard]] const Colour* row(int x, int y) const { return plane_ + index(x, y); }
@@ -57,7 +58,7 @@ class Canvas {
   static void noteReads(std::size_t /*pixels*/) {}
 #endif
   /// What `row` gives, less the mark that says whether a stroke has covered the pixel.
-  static constexpr Colour colourOf(Colour raw) { return raw & kColourMask; }
+  static constexpr Colour colourOf(Colour raw) { return raw & kColourBits; }
   [[nodiscard]] bool inside(int x, int y) const {
     return static_cast<unsigned>(x) < static_cast<unsigned>(width_) &&
            static_cast<unsigned>(y) < static_cast<unsigned>(height_);
@@ -85,9 +86,13 @@ class Canvas {
   /// Recolours, on both planes, what nothing has covered since the picture was last set.
   void setBackColor(Colour colour);
 
-  [[nodiscard]] Bitmap image() const { return visiblePart(persistent_); }  ///< The persistent plane.
-  [[nodiscard]] Bitmap shownImage() const { return visiblePart(shown_); }  ///< What a person sees.
-  [[nodiscard]] Colour shownPoint(int x, int y) const;                     ///< A pixel of that.
+  /// The visible part of the persistent plane and of what a person sees, where they lie: as they stand until
+  /// the next stroke.
+  [[nodiscard]] BitmapView imageView() const { return visiblePart(persistent_); }
+  [[nodiscard]] BitmapView shownView() const { return visiblePart(shown_); }
+  [[nodiscard]] Bitmap image() const { return imageView().copied(); }       ///< The persistent plane.
+  [[nodiscard]] Bitmap shownImage() const { return shownView().copied(); }  ///< What a person sees.
+  [[nodiscard]] Colour shownPoint(int x, int y) const;                      ///< A pixel of that.
   [[nodiscard]] const Colour* shownRow(int y) const { return shown_.data() + index(0, y); }
 
   /// Whether the persistent plane's visible part shows anything: more than one colour.
@@ -107,7 +112,6 @@ class Canvas {
   [[nodiscard]] std::uint64_t changes() const { return changes_; }
 
  private:
-  static constexpr Colour kColourMask = 0xFFFFFF;
   static constexpr Colour kCovered = 0x1000000;  // a mark in the pixel: one write sets both
 
   static std::size_t index(int x, int y) {
@@ -115,7 +119,9 @@ class Canvas {
   }
   void touch(int left, int top, int right, int bottom);
   static void widen(Dirty& part, int left, int top, int right, int bottom);
-  [[nodiscard]] Bitmap visiblePart(const std::vector<Colour>& plane) const;
+  [[nodiscard]] BitmapView visiblePart(const std::vector<Colour>& plane) const {
+    return {width_, height_, plane.data(), kSide};
+  }
 
   std::vector<Colour> persistent_, shown_;
   Colour* plane_;

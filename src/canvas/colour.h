@@ -8,6 +8,9 @@ namespace gridwright {
 
 using Colour = std::int32_t;
 
+/// The bits of a pixel that are its colour.
+inline constexpr Colour kColourBits = 0xFFFFFF;
+
 /// What a read outside the Canvas gives: it lies in no colour set, so code may probe past the edge.
 inline constexpr Colour kOutside = -1;
 

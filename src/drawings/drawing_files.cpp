@@ -74,7 +74,7 @@ Outcome<Done> savePair(Program& program, const std::string& base) {
     return written.fault();
   }
   if (auto written =
-          program.platform.saveBitmap(program.canvas.image(), paths.buildingBitmap(), Overwrite::atOnce);
+          program.platform.saveBitmap(program.canvas.imageView(), paths.buildingBitmap(), Overwrite::atOnce);
       !written) {
     recoverPair(paths);
     return written.fault();
@@ -227,7 +227,7 @@ void tellIfUnwritable(Program& program) {
   program.files->tell(wordsOnUnwritableFolder(otherPlace(program)));
 }
 
-void keep(Program& program, const Bitmap& picture) {
+void keep(Program& program, const BitmapView& picture) {
   if (program.pictures.save(kLastDrawing, picture, Overwrite::atOnce)) return;
   tellIfUnwritable(program);
   const fs::path data = otherPlace(program);
@@ -248,7 +248,7 @@ void keepLastDrawing(Program& program) {
     // The editor's field lies over the picture.
     if (program.state.editor.fieldCoversPicture) keep(program, program.pictures.load("drawing4.bmp"));
   } else if (program.canvas.showsAnything()) {
-    keep(program, program.canvas.image());
+    keep(program, program.canvas.imageView());
   }
 }
 

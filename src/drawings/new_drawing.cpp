@@ -32,7 +32,7 @@ void newDrawing(Program& program, MazeKind kind) {
   mazemenus(program);
   showCreateItems(program);
   for (const char* name : {"drawing1.bmp", "drawing1b.bmp"})
-    program.pictures.save(name, program.canvas.image());
+    program.pictures.save(name, program.canvas.imageView());
 }
 
 }  // namespace

@@ -85,8 +85,8 @@ void wallSizeEntered(Program& program) {
     s.creationMode = CreationMode::user;
   }
   startNewGrid(s, wallSize);
-  program.pictures.save("drawing1.bmp", canvas.image());
-  program.pictures.save("drawing1b.bmp", canvas.image());
+  program.pictures.save("drawing1.bmp", canvas.imageView());
+  program.pictures.save("drawing1b.bmp", canvas.imageView());
   repairBackColor(program);
   s.drawColor = canvas.backColor();
   s.drawing.savedDrawColor = s.drawColor;

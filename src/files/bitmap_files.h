@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "canvas/bitmap.h"
+#include "canvas/bitmap_view.h"
 #include "canvas/outcome.h"
 #include "files/plain_file.h"
 
@@ -20,7 +21,7 @@ class BitmapFiles {
   /// Writes a 24-bit bitmap file beside its name and renames it: what was there or the new one is there,
   /// whole, at any moment, also on failure. To what is no plain file nothing is written. \returns the mark of
   /// the file that was written, or a Fault.
-  virtual Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+  virtual Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                        Overwrite how) = 0;
 };
 

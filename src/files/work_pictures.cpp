@@ -7,11 +7,11 @@
 
 namespace gridwright {
 
-bool WorkPictures::save(std::string_view name, Bitmap picture, Overwrite how) {
+bool WorkPictures::save(std::string_view name, const BitmapView& picture, Overwrite how) {
   Copy& copy = copies_[std::string(name)];
   const std::filesystem::path path = folder_.resolve(name);
-  if (copy.isIn(path) && copy.picture == picture) return true;
-  copy.picture = std::move(picture);
+  if (copy.isIn(path) && picture.isSameAs(copy.picture)) return true;
+  picture.copyTo(copy.picture);
   copy.file.reset();
   const auto saved = bitmaps_.saveBitmap(copy.picture, path, how);
   copy.lastWriteFailed = !saved;

@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include "canvas/bitmap.h"
+#include "canvas/bitmap_view.h"
 #include "files/plain_file.h"
 
 namespace gridwright {
@@ -27,7 +28,7 @@ class WorkPictures {
   WorkPictures(BitmapFiles& bitmaps, WorkFolder& folder) : bitmaps_(bitmaps), folder_(folder) {}
 
   /// \returns whether the picture is in its file now.
-  bool save(std::string_view name, Bitmap picture, Overwrite how = Overwrite::unhurried);
+  bool save(std::string_view name, const BitmapView& picture, Overwrite how = Overwrite::unhurried);
   /// The picture, or an empty one that was never written; it stands until the next call.
   const Bitmap& load(std::string_view name);
 

@@ -85,7 +85,7 @@ void enterField(Program& program) {
   s.randomPatterns.randomUsesGo = false;
   s.editor.randomRunning = false;
   s.editor.fieldCoversPicture = program.canvas.showsAnything();
-  program.pictures.save("drawing4.bmp", program.canvas.image());
+  program.pictures.save("drawing4.bmp", program.canvas.imageView());
   s.editor.kept = {s.cur,      s.prev,      s.wallWidth,  s.wallHeight,  s.stepX,
                    s.stepY,    s.gridRight, s.gridBottom, s.gridColumns, s.gridRows,
                    s.walkMode, s.mazeColor, s.deltaX,     s.deltaY,      s.stepCode};

@@ -1,6 +1,7 @@
 #include "pictures/fit.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "pictures/pixel_walk.h"
 
@@ -24,7 +25,7 @@ Size fittedInto(Size box, Size shape) {
   const double times =
       std::min(static_cast<double>(box.width) / shape.width, static_cast<double>(box.height) / shape.height);
   const auto side = [&](int length, int most) {
-    return std::clamp(static_cast<int>(length * times + 0.5), 1, most);
+    return std::clamp(static_cast<int>(std::lround(length * times)), 1, most);
   };
   return {side(shape.width, box.width), side(shape.height, box.height)};
 }

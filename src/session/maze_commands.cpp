@@ -111,7 +111,7 @@ void createAnew(Program& program, MazeKind kind, Item item) {
   s.randomPatterns.randomPatternsWanted = true;
   paintWorkPicture(program, "drawing1.bmp");
   s.cur = s.walker.walkStart = s.start;
-  program.pictures.save("drawing1b.bmp", program.canvas.image());
+  program.pictures.save("drawing1b.bmp", program.canvas.imageView());
   showCursorSquare(program);
   s.phase = Phase::making;
 }
@@ -161,7 +161,7 @@ void nrefresh(Program& program) {
     paintWorkPicture(program, "drawing1.bmp");
     s.cur = s.walker.walkStart = s.start;
   }
-  program.pictures.save("drawing1b.bmp", program.canvas.image());
+  program.pictures.save("drawing1b.bmp", program.canvas.imageView());
   showCursorSquare(program);
   s.phase = Phase::making;
   s.nrefreshDue = false;
@@ -174,7 +174,7 @@ void mpdrawing(Program& program) {
   const bool redraw = program.canvas.autoRedraw();
   if (s.panelOpen) program.canvas.setAutoRedraw(true);
   program.canvas.fill(s.cur, s.mazeColor);
-  program.pictures.save("drawing1b.bmp", program.canvas.image());
+  program.pictures.save("drawing1b.bmp", program.canvas.imageView());
   if (s.creationMode == CreationMode::user) program.canvas.fill(s.cur, kCursorColour);
   program.canvas.setAutoRedraw(redraw);
   s.nrefreshDue = true;

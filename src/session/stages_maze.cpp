@@ -176,8 +176,8 @@ Stage checksStage(Program& program) {
   }
   placedefaultends(program);
   placepipefinish(program);
-  program.pictures.save("drawing1.bmp", program.canvas.image());
-  program.pictures.save("drawing1b.bmp", program.canvas.image());
+  program.pictures.save("drawing1.bmp", program.canvas.imageView());
+  program.pictures.save("drawing1b.bmp", program.canvas.imageView());
   s.drawing.reloadDrawing = true;
   keepBrush(s);
   return Stage::making;
@@ -209,7 +209,7 @@ Stage makingStage(Program& program) {
   if (program.canvas.point(s.prev.left + 1, s.prev.top + 1) == kCursorColour) {
     program.canvas.fill(s.prev, s.mazeColor);
   }
-  program.pictures.save("drawing3.bmp", program.canvas.image());
+  program.pictures.save("drawing3.bmp", program.canvas.imageView());
   s.walker.resume = s.cur;
   s.walker.resumeWalkMode = s.walkMode;
   s.finishFound = false;
@@ -250,7 +250,7 @@ Stage solvingStage(Program& program) {
     program.canvas.fill(s.finish, s.finishColor);
   }
   putWalkOnStart(s);
-  program.pictures.save("drawing2.bmp", program.canvas.image());
+  program.pictures.save("drawing2.bmp", program.canvas.imageView());
   s.solver.pathLength = s.solver.bestPathLength = 0;
   s.solver.activeFinishMethod = s.finishMethod;
   s.minimizedNow = false;

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "canvas/bitmap_view.h"
 #include "canvas/geometry.h"
 #include "canvas/outcome.h"
 #include "files/bitmap_files.h"
@@ -125,11 +126,11 @@ class Platform : public BitmapFiles {
 
   /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
   /// \returns a Fault when it cannot be kept: the pages since the last end are lost then, as the end tells.
-  virtual Outcome<Done> printForm(const Bitmap& picture) = 0;
+  virtual Outcome<Done> printForm(const BitmapView& picture) = 0;
 
   /// One page that is a document of its own, also while a run's pages are not complete.
   /// \returns where it went; a Fault when it could not be kept, which the tenant has told: `kPagesLost`.
-  virtual Outcome<PagesWent> printAlone(const Bitmap& picture) = 0;
+  virtual Outcome<PagesWent> printAlone(const BitmapView& picture) = 0;
 
   /// The pages since the last call are one document, complete now.
   /// \returns as `printAlone` does; nowhere when there was no page. After a Fault the document's name bears

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <thread>
 #include <vector>
 
@@ -29,6 +30,20 @@ TEST(ABuildingName, LeadsToItsTargetWithLettersOfItsOwnOrWithout) {
   EXPECT_EQ(targetOfBuilding("a.3d-pipe-pat.building"), "a.3d-pipe-pat");
   EXPECT_EQ(targetOfBuilding("a.pdf"), "");
   EXPECT_EQ(targetOfBuilding(".building"), "");
+}
+
+TEST(AFileThatIsEmptyAlready, IsNotCutAgainForItsNewContent) {
+  const TempFolder temp;
+  const fs::path path = temp.path() / "new.bmp";
+  for (const std::string& before : {std::string(), std::string("bytes")}) {
+    temp.put("new.bmp", before);
+    const auto old = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    fs::last_write_time(path,
+                        old);  // which a cut to nothing renews, and what it makes the disk do is not cheap
+    ASSERT_TRUE(openForNewContent(path));
+    EXPECT_EQ(fs::file_size(path), 0U);
+    EXPECT_EQ(fs::last_write_time(path) == old, before.empty());
+  }
 }
 
 TEST(WhatIsNoPlainFile, IsNeverWrittenThroughNorReplaced) {

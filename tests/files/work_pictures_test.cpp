@@ -41,6 +41,17 @@ TEST(AWorkPicture, IsReadFromItsFile) {
   EXPECT_TRUE(samePicture(p.pictures.load("drawing1.bmp"), kOther));
 }
 
+TEST(AWorkPictureThatIsSavedAnew, KeepsItsPlaceInMemory) {
+  Pictures p;
+  p.pictures.save("drawing3.bmp", kOther);
+  p.desktop.savesFail = true;
+  p.pictures.save("drawing3.bmp", kOne);
+  const Colour* before = p.pictures.load("drawing3.bmp").pixels.data();
+  p.pictures.save("drawing3.bmp", plainBitmap(2, 2, kNavy));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing3.bmp"), plainBitmap(2, 2, kNavy)));
+  EXPECT_EQ(p.pictures.load("drawing3.bmp").pixels.data(), before);
+}
+
 TEST(AWorkPictureWhoseFileIsGone, ComesFromTheCopyInMemory) {
   Pictures p;
   p.pictures.save("drawing1.bmp", kOne);
@@ -85,7 +96,7 @@ TEST(TheCopyInMemory, KeepsEveryColourExactly) {
 /// Pictures in a real folder, and how often one was written.
 struct PicturesOnDisk {
   struct Counting : DiskDesktop {
-    Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+    Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                  Overwrite how) override {
       ++written;
       const auto saved = DiskDesktop::saveBitmap(picture, path, how);

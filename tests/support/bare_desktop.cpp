@@ -80,11 +80,11 @@ Outcome<Bitmap> BareDesktop::loadBitmap(const std::filesystem::path& path) {
   return *found;
 }
 
-Outcome<FileMark> BareDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+Outcome<FileMark> BareDesktop::saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                           Overwrite /*how*/) {
   if (savesFail) return Fault{Fault::Kind::notWritable, path.string()};
   saves.push_back(path.filename().string());
-  bitmaps[saves.back()] = picture;
+  bitmaps[saves.back()] = picture.copied();
   return FileMark{};
 }
 

@@ -62,15 +62,15 @@ class BareDesktop : public Platform {
   std::optional<std::filesystem::path> choosePicture() override { return chosen; }
   Outcome<Pasted> pasted() override { return clipboard; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override;
-  Outcome<Done> printForm(const Bitmap& picture) override {
+  Outcome<Done> printForm(const BitmapView& picture) override {
     if (pages.size() == pagesKept) return Fault{Fault::Kind::notWritable, "page"};
-    pages.push_back(picture);
+    pages.push_back(picture.copied());
     return Done{};
   }
-  Outcome<PagesWent> printAlone(const Bitmap& picture) override {
-    pages.push_back(picture);
+  Outcome<PagesWent> printAlone(const BitmapView& picture) override {
+    pages.push_back(picture.copied());
     ++alone;
     return went;
   }

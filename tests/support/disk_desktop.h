@@ -9,7 +9,7 @@ namespace gridwright::test {
 class DiskDesktop : public BareDesktop {
  public:
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override { return readBitmapFile(path); }
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override {
     return writeBitmapFile(picture, path, how);
   }

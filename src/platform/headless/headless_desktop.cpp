@@ -274,17 +274,17 @@ HeadlessDesktop::Turn HeadlessDesktop::show(Program& program, const ScriptLine& 
   return Turn::again;
 }
 
-void HeadlessDesktop::savePicture(const Program& program, const Bitmap& picture) {
+void HeadlessDesktop::savePicture(const Program& program, const BitmapView& picture) {
   if (!writeBitmapFile(picture, program.files->resolve(word(1)))) refuse("cannot be written: " + word(1));
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::snapshot(Program& program, const ScriptLine&) {
-  savePicture(program, program.canvas.shownImage());
+  savePicture(program, program.canvas.shownView());
   return Turn::again;
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::image(Program& program, const ScriptLine&) {
-  savePicture(program, program.canvas.image());
+  savePicture(program, program.canvas.imageView());
   return Turn::again;
 }
 
@@ -294,18 +294,18 @@ Outcome<Bitmap> HeadlessDesktop::loadBitmap(const std::filesystem::path& path) {
   return readBitmapFile(path);
 }
 
-Outcome<FileMark> HeadlessDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+Outcome<FileMark> HeadlessDesktop::saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                               Overwrite how) {
   return writeBitmapFile(picture, path, how);
 }
 
-Outcome<Done> HeadlessDesktop::printForm(const Bitmap& picture) {
+Outcome<Done> HeadlessDesktop::printForm(const BitmapView& picture) {
   keepPage(picture);
   return Done{};
 }
 
 /// Nobody is there to read a message: pages that cannot be kept end the run.
-void HeadlessDesktop::keepPage(const Bitmap& picture) {
+void HeadlessDesktop::keepPage(const BitmapView& picture) {
   ++pages_;
   if (options_.pdfFile) {
     if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(*options_.pdfFile);
@@ -322,7 +322,7 @@ void HeadlessDesktop::keepPage(const Bitmap& picture) {
 }
 
 // All pages of a script are one document, those printed alone too.
-Outcome<PagesWent> HeadlessDesktop::printAlone(const Bitmap& picture) {
+Outcome<PagesWent> HeadlessDesktop::printAlone(const BitmapView& picture) {
   keepPage(picture);
   return PagesWent{};
 }

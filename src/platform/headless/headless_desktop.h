@@ -64,10 +64,10 @@ class HeadlessDesktop : public Platform {
   std::optional<std::filesystem::path> choosePicture() override { return std::nullopt; }
   Outcome<Pasted> pasted() override;
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override;
-  Outcome<Done> printForm(const Bitmap& picture) override;
-  Outcome<PagesWent> printAlone(const Bitmap& picture) override;
+  Outcome<Done> printForm(const BitmapView& picture) override;
+  Outcome<PagesWent> printAlone(const BitmapView& picture) override;
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return seed_; }
 
@@ -127,8 +127,8 @@ class HeadlessDesktop : public Platform {
   [[nodiscard]] std::filesystem::path pathWord(const Program& program) const;
   Turn menuEntry(Program& program, Item item);
   void holdPanelOpen(const Program& program) const;
-  void savePicture(const Program& program, const Bitmap& picture);
-  void keepPage(const Bitmap& picture);
+  void savePicture(const Program& program, const BitmapView& picture);
+  void keepPage(const BitmapView& picture);
 
   std::string scriptName_;
   std::vector<ScriptLine> lines_;

@@ -47,7 +47,7 @@ Printing::Printing(std::filesystem::path folder, FindPrinter find)
 
 Printing::~Printing() { static_cast<void>(endOfPages()); }
 
-Outcome<Done> Printing::page(const Bitmap& picture) {
+Outcome<Done> Printing::page(const BitmapView& picture) {
   if (!documentOpen_) {
     documentOpen_ = true;
     printer_ = findPrinter_();
@@ -65,13 +65,13 @@ Outcome<Done> Printing::page(const Bitmap& picture) {
   return added;
 }
 
-Outcome<PagesWent> Printing::pageAlone(const Bitmap& picture) {
+Outcome<PagesWent> Printing::pageAlone(const BitmapView& picture) {
   Printing alone(folder_, findPrinter_);
   static_cast<void>(alone.page(picture));  // the end tells whether it was kept
   return alone.endOfPages();
 }
 
-bool Printing::toPrinter(const Bitmap& picture) {
+bool Printing::toPrinter(const BitmapView& picture) {
   turnPageTo(*printer_, picture);
   if (painter_.isActive() ? !printer_->newPage() : !painter_.begin(printer_.get())) return false;
   paintPage(painter_, picture);

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "canvas/bitmap.h"
+#include "canvas/bitmap_view.h"
 #include "platform/shared/image_files.h"
 #include "state/platform.h"
 
@@ -27,11 +27,11 @@ class Printing {
   ~Printing();
 
   /// \returns a Fault when neither the printer nor a PDF takes the page; the document is lost then.
-  Outcome<Done> page(const Bitmap& picture);
+  Outcome<Done> page(const BitmapView& picture);
 
   /// One page as a document of its own; an open document stays open.
   /// \returns where it went, or a Fault when its PDF could not be written.
-  [[nodiscard]] Outcome<PagesWent> pageAlone(const Bitmap& picture);
+  [[nodiscard]] Outcome<PagesWent> pageAlone(const BitmapView& picture);
 
   /// The document is complete: the printer may begin, or the PDF gets its name.
   /// \returns as `pageAlone` does; nowhere when there was no page. After a Fault nothing of the document is
@@ -39,7 +39,7 @@ class Printing {
   [[nodiscard]] Outcome<PagesWent> endOfPages();
 
  private:
-  bool toPrinter(const Bitmap& picture);
+  bool toPrinter(const BitmapView& picture);
   [[nodiscard]] PagesWent wherePagesWent() const;
 
   std::filesystem::path folder_;

@@ -208,7 +208,7 @@ void QtDesktop::setNormalPlace(const WindowPlace& place) {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-Outcome<PagesWent> QtDesktop::printAlone(const Bitmap& picture) {
+Outcome<PagesWent> QtDesktop::printAlone(const BitmapView& picture) {
   auto went = printing_.pageAlone(picture);
   if (!went) messageBox(kPagesLost);
   return went;
@@ -271,7 +271,7 @@ void QtDesktop::messageBox(std::string_view text) {
 
 Outcome<Bitmap> QtDesktop::loadBitmap(const std::filesystem::path& path) { return readBitmapFile(path); }
 
-Outcome<FileMark> QtDesktop::saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+Outcome<FileMark> QtDesktop::saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                         Overwrite how) {
   return writeBitmapFile(picture, path, how);
 }

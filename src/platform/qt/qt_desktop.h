@@ -45,10 +45,10 @@ class QtDesktop : public Platform {
   std::optional<std::filesystem::path> choosePicture() override;
   Outcome<Pasted> pasted() override;
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const Bitmap& picture, const std::filesystem::path& path,
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override;
-  Outcome<Done> printForm(const Bitmap& picture) override { return printing_.page(picture); }
-  Outcome<PagesWent> printAlone(const Bitmap& picture) override;
+  Outcome<Done> printForm(const BitmapView& picture) override { return printing_.page(picture); }
+  Outcome<PagesWent> printAlone(const BitmapView& picture) override;
   Outcome<PagesWent> endOfPages() override;
   std::uint32_t clockSeed() override;
 

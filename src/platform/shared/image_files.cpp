@@ -31,7 +31,7 @@ Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
   return decodeBitmapFile(bytes.value(), Canvas::kSide);
 }
 
-QImage imageOf(const Bitmap& picture) {
+QImage imageOf(const BitmapView& picture) {
   const int width = picture.width;  // a copy: the compiler can't tell that no pixel written changes it
   QImage image(width, picture.height, QImage::Format_RGB32);
   for (int y = 0; y < picture.height; ++y) {
@@ -45,16 +45,17 @@ QImage imageOf(const Bitmap& picture) {
   return image;
 }
 
-Outcome<FileMark> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path, Overwrite how) {
+Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const std::filesystem::path& path,
+                                  Overwrite how) {
   return replacePlainFile(path, encodeBitmapFile(picture), how);
 }
 
-void turnPageTo(QPagedPaintDevice& device, const Bitmap& picture) {
+void turnPageTo(QPagedPaintDevice& device, const BitmapView& picture) {
   device.setPageOrientation(picture.width > picture.height ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
 
-void paintPage(QPainter& painter, const Bitmap& picture) {
-  if (picture.pixels.empty()) return;
+void paintPage(QPainter& painter, const BitmapView& picture) {
+  if (picture.isEmpty()) return;
   painter.setRenderHint(QPainter::LosslessImageRendering, true);
   painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
   const QRectF paper(0, 0, painter.device()->width(), painter.device()->height());
@@ -86,7 +87,7 @@ PdfDocument::PdfDocument(std::filesystem::path path)
 
 PdfDocument::~PdfDocument() = default;
 
-Outcome<Done> PdfDocument::addPage(const Bitmap& picture) {
+Outcome<Done> PdfDocument::addPage(const BitmapView& picture) {
   const Fault fault{Fault::Kind::notWritable, path_.string()};
   if (writer_ == nullptr || writer_->pdf == nullptr) return fault;
   turnPageTo(*writer_->pdf, picture);

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "canvas/bitmap.h"
+#include "canvas/bitmap_view.h"
 #include "canvas/outcome.h"
 #include "files/plain_file.h"
 
@@ -20,16 +21,16 @@ Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
 
 /// Writes a 24-bit bitmap file, by `replacePlainFile`: what was there or the new one is there, whole, at any
 /// moment. Nothing is written to what is no plain file: a notPlain Fault.
-Outcome<FileMark> writeBitmapFile(const Bitmap& picture, const std::filesystem::path& path,
+Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const std::filesystem::path& path,
                                   Overwrite how = Overwrite::atOnce);
 
-QImage imageOf(const Bitmap& picture);
+QImage imageOf(const BitmapView& picture);
 
 /// Turns the device's page to the picture's shape; to be called before its page begins.
-void turnPageTo(QPagedPaintDevice& device, const Bitmap& picture);
+void turnPageTo(QPagedPaintDevice& device, const BitmapView& picture);
 
 /// Paints the picture fitted to the printable area, aspect kept, pixel for pixel sharp.
-void paintPage(QPainter& painter, const Bitmap& picture);
+void paintPage(QPainter& painter, const BitmapView& picture);
 
 /// A document that grows page by page on disk, so that a book of any length costs no memory. It gets
 /// its name when it is finished, and leaves nothing behind when it is not.
@@ -42,7 +43,7 @@ class PdfDocument {
   PdfDocument& operator=(const PdfDocument&) = delete;
 
   /// \returns a Fault from the first page on of which a byte could not be written.
-  Outcome<Done> addPage(const Bitmap& picture);
+  Outcome<Done> addPage(const BitmapView& picture);
   /// Every byte is on the disk and the document has its name; else a Fault, and what was there under the
   /// name stays as it was.
   Outcome<Done> finish();
