@@ -271,6 +271,16 @@ TEST(WhatIsNoPicture, IsSaidToBeNone) {
   }
 }
 
+TEST(APictureOfAPhoneThatIsNotRead, IsCalledByItsFormat) {
+  using namespace std::string_literals;
+  for (const char* brand : {"heic", "mif1", "heix"}) {
+    EXPECT_EQ(faultOfBytes("\0\0\0\x18"s + "ftyp" + brand + "\0\0\0\0mif1heic"s),
+              "it is HEIC, which is not read");
+  }
+  EXPECT_EQ(faultOfBytes("\0\0\0\x18"s + "ftypmp42\0\0\0\0mp42isom"s),
+            "it is no picture of a kind that is read");
+}
+
 TEST(WhatIsNoPlainFile, IsRefusedAndNeverWaitedFor) {
   const TempFolder temp;
   const auto pipe = temp.path() / "pipe.png";

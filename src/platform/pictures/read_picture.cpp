@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "canvas/bitmap_check.h"
@@ -174,6 +175,17 @@ bool looksLikeSvg(const QByteArray& beginning) {
   return text.contains("<svg") || text.contains(":svg");
 }
 
+/// What phones store their pictures in. People take it for a JPEG, so they are told what it is.
+bool isHeic(QIODevice& device) {
+  constexpr std::array kBrands = {"ftypheic", "ftypheix", "ftypheim", "ftypheis",
+                                  "ftyphevc", "ftypmif1", "ftypmsf1"};
+  constexpr qsizetype kBox = 4;  // bytes, which say how long the first box is
+  device.seek(0);
+  const QByteArray beginning = device.peek(kEnoughToTell).mid(kBox);
+  return std::any_of(kBrands.begin(), kBrands.end(),
+                     [&](const char* brand) { return beginning.startsWith(brand); });
+}
+
 /// What a device holds, by its first bytes; "svg" also for what Qt's SVG reader would take.
 QByteArray formatOf(QIODevice& device) {
   device.seek(0);
@@ -186,8 +198,11 @@ QByteArray formatOf(QIODevice& device) {
 
 Outcome<Picture> readFrom(QIODevice& device, Size fitTo, std::int64_t most, const std::string& name) {
   const QByteArray format = formatOf(device);
-  if (format.isEmpty())
-    return Fault{Fault::Kind::anotherFormat, name + " is no picture of a kind that is read"};
+  if (format.isEmpty()) {
+    const char* why =
+        isHeic(device) ? " is HEIC, which is not read" : " is no picture of a kind that is read";
+    return Fault{Fault::Kind::anotherFormat, name + why};
+  }
   if (format == "svg") return readSvg(device, fitTo, name);
   if (format == "bitmap") return readBitmap(device, most, name);
   if (format == "gif" && !hasWholeFirstPicture(device)) return notWhole(name);
