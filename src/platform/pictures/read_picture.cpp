@@ -138,12 +138,13 @@ Outcome<Picture> readAny(QIODevice& device, const QByteArray& format, std::int64
   return pictureOfWhole(image);
 }
 
-Layer rendered(QSvgRenderer& renderer, Size size) {
-  QImage image(size.width, size.height, QImage::Format_ARGB32_Premultiplied);
+/// A part of the drawing, when all of it is drawn at this size.
+Layer rendered(QSvgRenderer& renderer, Size size, const QRect& part) {
+  QImage image(part.size(), QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return {};
   image.fill(Qt::transparent);
   QPainter painter(&image);
-  renderer.render(&painter);
+  renderer.render(&painter, QRectF(-part.left(), -part.top(), size.width, size.height));
   painter.end();
   return layerOf(image, image.rect());
 }
@@ -162,10 +163,9 @@ Outcome<Picture> readSvg(QIODevice& device, Size fitTo, const std::string& name)
   const Size shape{std::min(said.width(), kLongestSaid), std::min(said.height(), kLongestSaid)};
   Picture picture;
   picture.own = shape;
-  picture.whole = rendered(renderer, fittedInto(fitTo, shape));
-  if (shape.width <= kLongestSide && shape.height <= kLongestSide && shape != picture.whole.size()) {
-    picture.middle = rendered(renderer, shape);
-  }
+  const Size fitted = fittedInto(fitTo, shape);
+  picture.whole = rendered(renderer, fitted, {0, 0, fitted.width, fitted.height});
+  if (shape != fitted) picture.middle = rendered(renderer, shape, middleOf(shape));
   return picture;
 }
 
