@@ -175,6 +175,20 @@ struct Preparation::Steps {
     return areas;
   }
 
+  /// Whether pixels that could be lines count among areas of a brighter colour. A photograph, whose first
+  /// preparation is the longest wait, has hardly any.
+  [[nodiscard]] bool hidesDarkPixels(const Areas& areas) const {
+    constexpr int kDarker = 32;   // of 255
+    constexpr int kOneOf = 1000;  // pixels
+    std::size_t dark = 0;
+    for (std::size_t at = 0; at < areas.labels.size(); ++at) {
+      if (areas.labels[at] == kPaperLabel) continue;
+      const int brightness = brightnessOf(onCanvas.layer.colours.pixels[at]);
+      if (brightness + kDarker < brightnessOf(sorted.colours[areas.labels[at]])) ++dark;
+    }
+    return dark * kOneOf > areas.labels.size();
+  }
+
   [[nodiscard]] const Mask& linesAmongMostColours(int cell) {
     if (!faintLines) {
       Areas areas = areasOf(onCanvas.layer.colours, kMostColours);
@@ -208,7 +222,8 @@ struct Preparation::Steps {
     joinByMeans(areas);
     // Where there are few colours a dark fill takes in the lines between the fills, and what they kept apart
     // would run together.
-    const bool mayHideLines = settings.colours > kFewestColours && linesOf(areas, cell, work) == kPaperLabel;
+    const bool mayHideLines = settings.colours > kFewestColours && hidesDarkPixels(areas) &&
+                              linesOf(areas, cell, work) == kPaperLabel;
     if (mayHideLines && !linesAmongMostColours(cell).empty()) {
       areas = areasBeside(*faintLines, settings.colours);
       removeRims(areas);
