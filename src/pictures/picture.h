@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "canvas/bitmap.h"
@@ -28,11 +29,20 @@ struct Picture {
   Layer middle;  ///< Its middle as it is, where the whole had to be reduced or is drawn at any size; else
                  ///< empty.
   Size own;      ///< How large it is by itself, in pixels.
+  /// Reads the middle where that costs as much again as all else and is seldom asked for: it is left empty
+  /// then, though the whole had to be reduced. Empty where it is read or not needed; may give nothing.
+  std::function<Layer()> readMiddle = {};
 
   /// The picture, or its middle, in its own pixels.
-  [[nodiscard]] const Layer& asItIs() const { return middle.colours.pixels.empty() ? whole : middle; }
+  [[nodiscard]] Layer asItIs() const {
+    Layer read = readMiddle ? readMiddle() : Layer{};
+    if (!read.colours.pixels.empty()) return read;
+    return middle.colours.pixels.empty() ? whole : middle;
+  }
   /// Whether all of it is here in its own pixels.
-  [[nodiscard]] bool isWholeAsItIs() const { return asItIs().size() == own; }
+  [[nodiscard]] bool isWholeAsItIs() const {
+    return !readMiddle && (middle.colours.pixels.empty() ? whole : middle).size() == own;
+  }
 };
 
 }  // namespace gridwright

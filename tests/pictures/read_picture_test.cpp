@@ -102,8 +102,10 @@ TEST(ALargeJpegThatIsTurned, IsTurnedInBothOfItsSizes) {
   ASSERT_TRUE(picture) << picture.fault().words;
   EXPECT_EQ(picture.value().own, (Size{1200, 1600}));
   EXPECT_EQ(picture.value().whole.size(), (Size{750, 1000}));
-  EXPECT_EQ(picture.value().middle.size(), (Size{1000, 1000}));
-  for (const Layer* layer : {&picture.value().whole, &picture.value().middle}) {
+  EXPECT_FALSE(picture.value().isWholeAsItIs());
+  const Layer middle = picture.value().asItIs();  // read now, from the bytes of before
+  EXPECT_EQ(middle.size(), (Size{1000, 1000}));
+  for (const Layer* layer : {&picture.value().whole, &middle}) {
     const Bitmap& colours = layer->colours;
     EXPECT_TRUE(isNear(colours.at(20, 20), 0xFFFFFF)) << "what was on top is on the right";
     EXPECT_TRUE(isNear(colours.at(colours.width - 20, 20), 0x0000C8));

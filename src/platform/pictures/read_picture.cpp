@@ -55,16 +55,18 @@ bool isTurned(QImageReader& reader) {
   return (reader.transformation() & QImageIOHandler::TransformationRotate90) != 0;
 }
 
-/// A JPEG that is larger than a Canvas: once small, and once its middle.
+template <class Prepare>
+QImage decodedJpeg(QIODevice& device, Prepare prepare) {
+  device.seek(0);
+  QImageReader reader(&device, "jpeg");
+  reader.setAutoDetectImageFormat(false);
+  reader.setAutoTransform(true);
+  prepare(reader);
+  return reader.read();
+}
+
+/// A JPEG that is larger than a Canvas: once small; its middle only when it is asked for, from the bytes.
 Outcome<Picture> readLargeJpeg(QIODevice& device, Size size, const std::string& name) {
-  const auto decode = [&](auto prepare) {
-    device.seek(0);
-    QImageReader reader(&device, "jpeg");
-    reader.setAutoDetectImageFormat(false);
-    reader.setAutoTransform(true);
-    prepare(reader);
-    return reader.read();
-  };
   const Size target = fittedInto({kLongestSide, kLongestSide}, size);
   int eighths = 1;
   while (eighths < kJpegEighths && (size.width * eighths < target.width * kJpegEighths ||
@@ -73,14 +75,23 @@ Outcome<Picture> readLargeJpeg(QIODevice& device, Size size, const std::string& 
   const auto part = [&](int length) { return (length * eighths + kJpegEighths - 1) / kJpegEighths; };
   Picture picture;
   picture.own = size;
-  const QImage small = decode([&](QImageReader& reader) {
+  const QImage small = decodedJpeg(device, [&](QImageReader& reader) {
     reader.setScaledSize({part(size.width), part(size.height)});
     if (isTurned(reader)) picture.own = {size.height, size.width};
   });
-  const QImage middle = decode([&](QImageReader& reader) { reader.setClipRect(middleOf(size)); });
-  if (small.isNull() || middle.isNull()) return notWhole(name);
+  if (small.isNull()) return notWhole(name);
   picture.whole = reducedLayerOf(small);
-  picture.middle = layerOf(middle, middle.rect());
+  device.seek(0);
+  const QByteArray read = device.readAll();
+  const QByteArray bytes(read.constData(), read.size());  // of its own: what was pasted may go
+  picture.readMiddle = [bytes, size] {
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    const QImage middle =
+        decodedJpeg(buffer, [&](QImageReader& reader) { reader.setClipRect(middleOf(size)); });
+    return middle.isNull() ? Layer{} : layerOf(middle, middle.rect());
+  };
   return picture;
 }
 
@@ -90,11 +101,7 @@ Outcome<Picture> readJpeg(QIODevice& device, std::int64_t most, const std::strin
   if (size.isEmpty() || !shape.whole) return notWhole(name);
   if (pixelsOf(size) > (shape.oneScan ? kTimesByRows * most : most)) return tooLarge(name);
   if (std::max(size.width(), size.height()) > kLongestSide) return readLargeJpeg(device, shape.size, name);
-  device.seek(0);
-  QImageReader reader(&device, "jpeg");
-  reader.setAutoDetectImageFormat(false);
-  reader.setAutoTransform(true);
-  const QImage image = reader.read();
+  const QImage image = decodedJpeg(device, [](QImageReader&) {});
   if (image.isNull()) return notWhole(name);
   return pictureOfWhole(image);
 }
