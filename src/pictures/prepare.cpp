@@ -97,6 +97,7 @@ struct Preparation::Steps {
   bool noisy = false;
   Colour paper = qb::white;
   Sorted sorted;
+  std::optional<Mask> faintLines;  ///< Lines that show only among the most colours; empty where none do.
 
   void place(const PrepareSettings& settings, const PrepareGround& ground) {
     constexpr int kSpeck = 4;    // pixels that are no subject
@@ -111,6 +112,7 @@ struct Preparation::Steps {
     colours = withoutNoise(colours, medianFor(onCanvas.enlarged), noisy ? kGrain : kDust, work);
     if (noisy) hardenEdges(colours, softness);
     clearPaper();
+    faintLines.reset();
   }
 
   /// What grain leaves is larger than what a pen does.
@@ -163,15 +165,70 @@ struct Preparation::Steps {
     joinAlike(areas);
   }
 
-  void sort(const PrepareSettings& settings) {
-    const Segments segments = work.segmented(onCanvas.layer.colours, settings.colours);
-    Areas areas{onCanvas.layer.size(), segments.labels, {}, labOf(paper)};
+  [[nodiscard]] Areas areasOf(const Bitmap& colours, int most) const {
+    Segments segments = work.segmented(colours, most);
+    Areas areas{onCanvas.layer.size(), std::move(segments.labels), {}, labOf(paper)};
     for (const Colour colour : segments.colours) areas.colours.push_back(labOf(colour));
     for (std::size_t at = 0; at < areas.labels.size(); ++at) {
       if (onCanvas.layer.clear[at] != 0) areas.labels[at] = kPaperLabel;
     }
+    return areas;
+  }
+
+  /// Whether pixels that could be lines count among areas of a brighter colour. A photograph, whose first
+  /// preparation is the longest wait, has hardly any.
+  [[nodiscard]] bool hidesDarkPixels(const Areas& areas) const {
+    constexpr int kDarker = 32;   // of 255
+    constexpr int kOneOf = 1000;  // pixels
+    std::size_t dark = 0;
+    for (std::size_t at = 0; at < areas.labels.size(); ++at) {
+      if (areas.labels[at] == kPaperLabel) continue;
+      const int brightness = brightnessOf(onCanvas.layer.colours.pixels[at]);
+      if (brightness + kDarker < brightnessOf(sorted.colours[areas.labels[at]])) ++dark;
+    }
+    return dark * kOneOf > areas.labels.size();
+  }
+
+  [[nodiscard]] const Mask& linesAmongMostColours(int cell) {
+    if (!faintLines) {
+      Areas areas = areasOf(onCanvas.layer.colours, kMostColours);
+      removeRims(areas);
+      joinByMeans(areas);
+      const std::uint8_t label = linesOf(areas, cell, work);
+      faintLines = label == kPaperLabel ? Mask{} : maskOf(areas, label);
+    }
+    return *faintLines;
+  }
+
+  /// The lines are one of the colours, and the others are found without them.
+  [[nodiscard]] Areas areasBeside(const Mask& lines, int most) const {
+    Bitmap others = onCanvas.layer.colours;
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+      if (lines[at] != 0) others.pixels[at] = paper;
+    }
+    Areas areas = areasOf(others, most - 1);
+    const auto label = static_cast<std::uint8_t>(areas.colours.size());
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+      if (lines[at] != 0) areas.labels[at] = label;
+    }
+    areas.colours.push_back({});
+    areas.colours[label] = labOf(meansOf(areas)[label]);
+    return areas;
+  }
+
+  void sort(const PrepareSettings& settings, int cell) {
+    Areas areas = areasOf(onCanvas.layer.colours, settings.colours);
     removeRims(areas);
     joinByMeans(areas);
+    // Where there are few colours a dark fill takes in the lines between the fills, and what they kept apart
+    // would run together.
+    const bool mayHideLines = settings.colours > kFewestColours && hidesDarkPixels(areas) &&
+                              linesOf(areas, cell, work) == kPaperLabel;
+    if (mayHideLines && !linesAmongMostColours(cell).empty()) {
+      areas = areasBeside(*faintLines, settings.colours);
+      removeRims(areas);
+      joinByMeans(areas);
+    }
     removeSpecks(areas, speckOf(settings), work);
     joinByMeans(areas);
     sorted.areas = std::move(areas);
@@ -242,7 +299,7 @@ Prepared Preparation::make(const PrepareSettings& given, const PrepareGround& gr
   if (isAnew) steps.place(settings, ground);
   const bool isSortedAnew =
       isAnew || steps.last->first.colours != settings.colours || steps.last->first.detail != settings.detail;
-  if (isSortedAnew) steps.sort(settings);
+  if (isSortedAnew) steps.sort(settings, ground.wallSize);
   steps.last = {settings, ground};
 
   const Areas& areas = steps.sorted.areas;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "canvas/canvas.h"
+#include "pictures/on_paper.h"
 
 namespace gridwright {
 
@@ -27,9 +28,8 @@ bool isReady(const Bitmap& picture, const ColourSets& sets) {
 }
 
 bool isReady(const Picture& picture, const ColourSets& sets) {
-  const Layer& layer = picture.whole;
-  return picture.isWholeAsItIs() && picture.middle.colours.pixels.empty() && layer.clear.empty() &&
-         isReady(layer.colours, sets);
+  return picture.isWholeAsItIs() && picture.middle.colours.pixels.empty() &&
+         isReady(onPaper(picture.whole), sets);
 }
 
 ColourSets startingSets() {

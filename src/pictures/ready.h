@@ -13,7 +13,8 @@ inline constexpr Colour kPaper = 0xFEFEFE;
 /// Whether a picture is taken as it is: at most 1000 by 1000, every colour paper or one of the sixteen but
 /// white, and the pixel at (1, 1) paper or a border by these sets.
 bool isReady(const Bitmap& picture, const ColourSets& sets);
-/// The same of a picture from a file: all of it is here in its own pixels, and nothing of it is transparent.
+/// The same of a picture from a file, all of which is here in its own pixels: laid on paper where it is
+/// transparent.
 bool isReady(const Picture& picture, const ColourSets& sets);
 
 /// The sets as they stand when the program starts, and after "Reset all colors": the first eight colours

@@ -75,6 +75,32 @@ TEST(APictureWithLinesOfItsOwn, GetsNoOthersAndNoMazeGrowsInThem) {
   EXPECT_EQ(prepared.count.regions, 2);
 }
 
+/// Boxes of eight colours in a black grid on white, brown and violet ones among them.
+Bitmap gridOfBoxes() {
+  constexpr std::array<Colour, 8> kFills = {0x2828DC, 0xDC7828, 0x3CD2FA, 0x50AA3C,
+                                            0x78A0F0, 0x285078, 0x823278, 0xD2C83C};
+  Bitmap picture = plainBitmap(600, 400, kWhite);
+  fill(picture, {240, 140, 363, 263}, kBlack);
+  for (int box = 0; box < 16; ++box) {
+    const int left = 243 + box % 4 * 30;
+    const int top = 143 + box / 4 * 30;
+    fill(picture, {left, top, left + 27, top + 27}, kFills.at(static_cast<std::size_t>(box / 2)));
+  }
+  return picture;
+}
+
+TEST(LinesBesideMoreColoursThanAreAskedFor, StayLinesAndKeepApartWhatTheyKeptApart) {
+  for (int colours = 3; colours <= 16; ++colours) {
+    PrepareSettings settings;
+    settings.colours = colours;
+    const Prepared prepared = made(gridOfBoxes(), settings, {600, 400});
+    EXPECT_EQ(prepared.outlines, Outlines::none) << colours;
+    EXPECT_EQ(prepared.count.regions, 16) << colours;
+    EXPECT_EQ(prepared.count.tooSmall, 0) << colours;
+    EXPECT_LE(prepared.found.size(), static_cast<std::size_t>(colours)) << colours;
+  }
+}
+
 TEST(ColoursThatAreTicked, GrowAndNoOthers) {
   PrepareSettings settings;
   settings.grow = {2};

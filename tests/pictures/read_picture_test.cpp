@@ -175,6 +175,23 @@ TEST(AnSvg, IsRenderedAsLargeAsFits) {
   EXPECT_TRUE(picture.value().whole.isClear(0));
 }
 
+TEST(AnSvgLargerThanACanvas, HasItsMiddleInItsOwnSize) {
+  const auto picture = readPictureBytes(
+      "<svg xmlns='http://www.w3.org/2000/svg' width='2400' height='800'>"
+      "<rect x='1100' y='300' width='200' height='100' fill='#0000ff'/></svg>",
+      {400, 300}, "it");
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture.value().whole.size(), (Size{400, 133}));
+  ASSERT_EQ(picture.value().asItIs().size(), (Size{1000, 800}));
+  EXPECT_FALSE(picture.value().isWholeAsItIs());
+  const Layer middle = picture.value().asItIs();
+  EXPECT_EQ(middle.colours.at(400, 300), 0xFF0000);
+  EXPECT_EQ(middle.colours.at(599, 399), 0xFF0000);
+  for (const auto& [x, y] : {std::pair{399, 300}, {400, 299}, {600, 399}, {599, 400}}) {
+    EXPECT_TRUE(middle.isClear(static_cast<std::size_t>(y) * 1000 + static_cast<std::size_t>(x)));
+  }
+}
+
 TEST(ABitmapOfPaletteColours, KeepsThemExactly) {
   const Bitmap picture = drawing({".,ok", "#=ry"});
   const auto read = readPictureBytes(encodeBitmapFile(picture), {400, 300}, "it");
@@ -271,6 +288,16 @@ TEST(WhatIsNoPicture, IsSaidToBeNone) {
        {std::string(), std::string("hello"), std::string(5000, '\0'), std::string("<html></html>")}) {
     EXPECT_EQ(faultOfBytes(bytes), "it is no picture of a kind that is read") << bytes.substr(0, 20);
   }
+}
+
+TEST(APictureOfAPhoneThatIsNotRead, IsCalledByItsFormat) {
+  using namespace std::string_literals;
+  for (const char* brand : {"heic", "mif1", "heix"}) {
+    EXPECT_EQ(faultOfBytes("\0\0\0\x18"s + "ftyp" + brand + "\0\0\0\0mif1heic"s),
+              "it is HEIC, which is not read");
+  }
+  EXPECT_EQ(faultOfBytes("\0\0\0\x18"s + "ftypmp42\0\0\0\0mp42isom"s),
+            "it is no picture of a kind that is read");
 }
 
 TEST(WhatIsNoPlainFile, IsRefusedAndNeverWaitedFor) {

@@ -48,6 +48,18 @@ TEST(APictureWithoutAPixelAtOneOne, IsNotReady) {
   EXPECT_FALSE(isReady(Bitmap{}, startingSets()));
 }
 
+TEST(APictureOfPaletteColoursCutOut, IsReadySinceWhatIsTransparentBecomesPaper) {
+  Picture picture;
+  picture.own = {30, 20};
+  picture.whole.colours = plainBitmap(30, 20, kWhite);
+  picture.whole.clear.assign(600, 1);
+  picture.whole.colours.pixels[100] = kNavy;
+  picture.whole.clear[100] = 0;
+  EXPECT_TRUE(isReady(picture, startingSets()));
+  picture.whole.clear[101] = 0;
+  EXPECT_FALSE(isReady(picture, startingSets())) << "a white pixel that is not transparent";
+}
+
 TEST(TheStartingSets, AreThoseOfAProgramThatHasJustBegun) {
   World world;
   forgetEverything(world.program);

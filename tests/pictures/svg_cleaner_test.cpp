@@ -76,6 +76,13 @@ TEST(AReferenceInAStyleSheet, IsTakenOut) {
   EXPECT_TRUE(has(cleaned("<style>@import '/x'; a { fill: red }</style>"), "fill: red"));
 }
 
+TEST(AReferenceInPiecesWithRemarksBetween, IsTakenOut) {
+  EXPECT_FALSE(has(cleaned("<style>a { fill: u<!-- b -->rl(/etc/passwd) }</style>"), "passwd"));
+  EXPECT_FALSE(has(cleaned("<style>@im<?b c?>port '/etc/passwd'; a { fill: red }</style>"), "passwd"));
+  EXPECT_FALSE(has(cleaned("<style>@im<![CDATA[port '/etc/passwd';]]> a { fill: red }</style>"), "passwd"));
+  EXPECT_TRUE(has(cleaned("<text>One<!-- b -->Two</text>"), "OneTwo"));
+}
+
 TEST(AnEntity, IsReadAndItsDeclarationGoes) {
   const auto clean = cleanedSvg(
       QByteArray::fromStdString("<!DOCTYPE svg [<!ENTITY f '/etc/passwd'><!ENTITY g SYSTEM '/etc/passwd'>]>" +

@@ -137,6 +137,20 @@ TEST(TheKeyboard, StaysOnThePageWhileItIsOpenAndGoesBackToTheCanvas) {
   EXPECT_EQ(g.desktop.window().focusWidget(), &g.desktop.window().view());
 }
 
+TEST(ADroppedFile, StaysWhereItIsAlsoWhenItIsOfferedToBeMoved) {
+  Gallery g;
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(g.path("photo.png"))});
+  const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
+  QDragEnterEvent enter({10, 10}, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(&g.desktop.window(), &enter);
+  EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+  QDropEvent event({10, 10}, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(&g.desktop.window(), &event);
+  EXPECT_TRUE(event.isAccepted());
+  EXPECT_EQ(event.dropAction(), Qt::CopyAction);
+}
+
 TEST(ADroppedAddressOfTheWeb, IsAnsweredWithALine) {
   Gallery g;
   g.drop({QUrl("http://example.invalid/cat.png")});

@@ -15,6 +15,7 @@
 #include "canvas/bitmap_encode.h"
 #include "canvas/free_cell.h"
 #include "files/plain_file.h"
+#include "pictures/on_paper.h"
 #include "pictures/prepare.h"
 #include "pictures/ready.h"
 #include "platform/pictures/leptonica_work.h"
@@ -92,7 +93,7 @@ struct Result {
 
 Result made(const Picture& picture, const PrepareWords& line) {
   if (isReady(picture, startingSets())) {
-    const Bitmap& asItIs = picture.whole.colours;
+    const Bitmap asItIs = onPaper(picture.whole);
     const CellGrid grid = gridOn({asItIs.width, asItIs.height}, line.wallSize, line.kind);
     return {asItIs, regionLine(countRegions(asItIs, startingSets(), grid))};
   }

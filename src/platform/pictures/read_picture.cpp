@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "canvas/bitmap_check.h"
@@ -144,12 +145,13 @@ Outcome<Picture> readAny(QIODevice& device, const QByteArray& format, std::int64
   return pictureOfWhole(image);
 }
 
-Layer rendered(QSvgRenderer& renderer, Size size) {
-  QImage image(size.width, size.height, QImage::Format_ARGB32_Premultiplied);
+/// A part of the drawing, when all of it is drawn at this size.
+Layer rendered(QSvgRenderer& renderer, Size size, const QRect& part) {
+  QImage image(part.size(), QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return {};
   image.fill(Qt::transparent);
   QPainter painter(&image);
-  renderer.render(&painter);
+  renderer.render(&painter, QRectF(-part.left(), -part.top(), size.width, size.height));
   painter.end();
   return layerOf(image, image.rect());
 }
@@ -168,10 +170,9 @@ Outcome<Picture> readSvg(QIODevice& device, Size fitTo, const std::string& name)
   const Size shape{std::min(said.width(), kLongestSaid), std::min(said.height(), kLongestSaid)};
   Picture picture;
   picture.own = shape;
-  picture.whole = rendered(renderer, fittedInto(fitTo, shape));
-  if (shape.width <= kLongestSide && shape.height <= kLongestSide && shape != picture.whole.size()) {
-    picture.middle = rendered(renderer, shape);
-  }
+  const Size fitted = fittedInto(fitTo, shape);
+  picture.whole = rendered(renderer, fitted, {0, 0, fitted.width, fitted.height});
+  if (shape != fitted) picture.middle = rendered(renderer, shape, middleOf(shape));
   return picture;
 }
 
@@ -179,6 +180,17 @@ bool looksLikeSvg(const QByteArray& beginning) {
   QByteArray text = beginning;
   text.replace('\0', "");  // in two bytes a letter
   return text.contains("<svg") || text.contains(":svg");
+}
+
+/// What phones store their pictures in. People take it for a JPEG, so they are told what it is.
+bool isHeic(QIODevice& device) {
+  constexpr std::array kBrands = {"ftypheic", "ftypheix", "ftypheim", "ftypheis",
+                                  "ftyphevc", "ftypmif1", "ftypmsf1"};
+  constexpr qsizetype kBox = 4;  // bytes, which say how long the first box is
+  device.seek(0);
+  const QByteArray beginning = device.peek(kEnoughToTell).mid(kBox);
+  return std::any_of(kBrands.begin(), kBrands.end(),
+                     [&](const char* brand) { return beginning.startsWith(brand); });
 }
 
 /// What a device holds, by its first bytes; "svg" also for what Qt's SVG reader would take.
@@ -193,8 +205,11 @@ QByteArray formatOf(QIODevice& device) {
 
 Outcome<Picture> readFrom(QIODevice& device, Size fitTo, std::int64_t most, const std::string& name) {
   const QByteArray format = formatOf(device);
-  if (format.isEmpty())
-    return Fault{Fault::Kind::anotherFormat, name + " is no picture of a kind that is read"};
+  if (format.isEmpty()) {
+    const char* why =
+        isHeic(device) ? " is HEIC, which is not read" : " is no picture of a kind that is read";
+    return Fault{Fault::Kind::anotherFormat, name + why};
+  }
   if (format == "svg") return readSvg(device, fitTo, name);
   if (format == "bitmap") return readBitmap(device, most, name);
   if (format == "gif" && !hasWholeFirstPicture(device)) return notWhole(name);

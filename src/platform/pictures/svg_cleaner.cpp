@@ -37,15 +37,25 @@ class Cleaner {
   void take(QXmlStreamReader::TokenType token) {
     switch (token) {
       case QXmlStreamReader::StartElement:
+        writeWords();
         return takeStart();
       case QXmlStreamReader::EndElement:
+        writeWords();
         weight_.end();
         return writer_.writeEndElement();
       case QXmlStreamReader::Characters:
-        return writer_.writeCharacters(withoutReferences(reader_.text().toString()));
+        words_ += reader_.text();
+        return;
       default:
         return;  // all else is left out
     }
+  }
+
+  // All between two tags at once: a reference may lie in pieces, with remarks between them, which are left
+  // out.
+  void writeWords() {
+    if (!words_.isEmpty()) writer_.writeCharacters(withoutReferences(words_));
+    words_.clear();
   }
 
   void takeStart() {
@@ -111,6 +121,7 @@ class Cleaner {
   QXmlStreamReader reader_;
   QXmlStreamWriter writer_;
   SvgWeight weight_;
+  QString words_;  ///< Since the last tag.
   std::int64_t nestedPixels_ = 0;
 };
 

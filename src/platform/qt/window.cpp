@@ -41,14 +41,24 @@ void Window::closeEvent(QCloseEvent* event) {
   if (onClose) onClose();
 }
 
+namespace {
+
+// A source that hears that its file was moved takes the file away.
+void acceptAsCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+}
+
+}  // namespace
+
 // Whatever has an address is let in, so that a person is told why an address in the web is not taken.
 void Window::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+  if (event->mimeData()->hasUrls()) acceptAsCopy(*event);
 }
 
 void Window::dropEvent(QDropEvent* event) {
   onDrop(localFiles(*event->mimeData()));
-  event->acceptProposedAction();
+  acceptAsCopy(*event);
 }
 
 std::vector<std::filesystem::path> localFiles(const QMimeData& data) {
