@@ -2,7 +2,7 @@
 // cells, solve it, and write both pages; against a process that imports alone. The ratio is to come to 1.5.
 //
 // Baseline: GCC 12 -O3, 2 shared cores under load, 2026-11-22
-//   import 30 to 36 ms of the processor, whole 58 to 70 ms, ratio 1.9
+//   import 25 to 31 ms of the processor, whole 45 to 56 ms, ratio 1.7 to 1.8: not there yet
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
