@@ -198,7 +198,7 @@ QByteArray formatOf(QIODevice& device) {
   device.seek(0);
   const QByteArray beginning = device.peek(kEnoughToTell);
   if (beginning.startsWith("BM")) return device.size() <= kLargestBitmap ? "bitmap" : "bmp";
-  const QByteArray format = QImageReader::imageFormat(&device);
+  QByteArray format = QImageReader::imageFormat(&device);
   if (format.startsWith("svg") || (format.isEmpty() && looksLikeSvg(beginning))) return "svg";
   return format;
 }
