@@ -99,7 +99,7 @@ struct PicturesOnDisk {
     Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                  Overwrite how) override {
       ++written;
-      const auto saved = DiskDesktop::saveBitmap(picture, path, how);
+      auto saved = DiskDesktop::saveBitmap(picture, path, how);
       if (meanwhile) meanwhile();
       return saved;
     }

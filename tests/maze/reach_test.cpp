@@ -149,7 +149,7 @@ TEST(TheRescue, DoesNotComeWhereTheWalkerCanGetToFreeGround) {
 
 TEST(TheRescueAfterTheLongWait, AsksNoLook) {
   Walk walk({"***#..", "##*#..", "##*.##", "######"});
-  walk.pass(100 * 24);
+  walk.pass(2400);
   EXPECT_NE(walk.w.state.cur, squareOf(1, 1));
 }
 

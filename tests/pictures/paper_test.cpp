@@ -52,14 +52,15 @@ TEST(APictureWithAnEdgeOfManyColours, HasNoPaper) {
 
 TEST(TheSubject, IsWhatIsNoPaperWithoutSpecks) {
   LeptonicaWork work;
-  Mask paper(20 * 10, 1);
+  Mask paper(200, 1);
   paper[0] = 0;  // a speck
   for (int y = 3; y <= 6; ++y) {
-    for (int x = 5; x <= 9; ++x) paper[static_cast<std::size_t>(y * 20 + x)] = 0;
+    for (int x = 5; x <= 9; ++x)
+      paper[std::size_t{20} * static_cast<std::size_t>(y) + static_cast<std::size_t>(x)] = 0;
   }
   EXPECT_EQ(subjectOf(paper, {20, 10}, 3, work), (Square{5, 3, 9, 6}));
   EXPECT_EQ(subjectOf(paper, {20, 10}, 1, work), (Square{0, 0, 9, 6}));
-  const Square none = subjectOf(Mask(20 * 10, 1), {20, 10}, 3, work);
+  const Square none = subjectOf(Mask(200, 1), {20, 10}, 3, work);
   EXPECT_LT(none.right, none.left);
 }
 

@@ -12,8 +12,7 @@ namespace {
 
 void fill(Bitmap& picture, const Square& box, Colour colour) {
   for (int y = box.top; y <= box.bottom; ++y) {
-    for (int x = box.left; x <= box.right; ++x)
-      picture.pixels[static_cast<std::size_t>(y * picture.width + x)] = colour;
+    for (int x = box.left; x <= box.right; ++x) pixelAt(picture, x, y) = colour;
   }
 }
 

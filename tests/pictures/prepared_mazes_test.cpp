@@ -97,6 +97,7 @@ std::vector<Square> longestWay(const MazeReading& maze, const Square& start, con
     }
   }
   std::vector<Square> squares;
+  squares.reserve(longest.size());
   for (const int cell : longest) squares.push_back(maze.squareAt(cell));
   return squares;
 }

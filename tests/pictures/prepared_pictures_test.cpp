@@ -19,7 +19,7 @@
 namespace gridwright::test {
 namespace {
 
-Prepared madeReady(const std::string& name, PrepareSettings settings = {}, PrepareGround ground = {}) {
+Prepared madeReady(const std::string& name, const PrepareSettings& settings = {}, PrepareGround ground = {}) {
   LeptonicaWork work;
   const Picture picture = readBrought(name);
   if (ground.canvas == Size{}) ground.canvas = picture.whole.size();
@@ -37,7 +37,8 @@ int plainCountOfSmallAreas(const Bitmap& picture, const CellGrid& grid) {
   for (int y = 0; y < picture.height; ++y) {
     for (int x = 0; x < picture.width; ++x) {
       const auto at = [&](int px, int py) -> int& {
-        return area[static_cast<std::size_t>(py * picture.width + px)];
+        return area[static_cast<std::size_t>(py) * static_cast<std::size_t>(picture.width) +
+                    static_cast<std::size_t>(px)];
       };
       if (!isFree(x, y) || at(x, y) >= 0) continue;
       const int number = static_cast<int>(holds.size());
@@ -62,7 +63,9 @@ int plainCountOfSmallAreas(const Bitmap& picture, const CellGrid& grid) {
         for (int dx = 0; dx < grid.wallWidth; ++dx) whole = whole && isFree(x + dx, y + dy);
       }
       if (whole)
-        holds[static_cast<std::size_t>(area[static_cast<std::size_t>(y * picture.width + x)])] = true;
+        holds[static_cast<std::size_t>(
+            area[static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
+                 static_cast<std::size_t>(x)])] = true;
     }
   }
   return static_cast<int>(std::count(holds.begin(), holds.end(), false));
@@ -176,7 +179,8 @@ std::vector<bool> spreadFrom(const Bitmap& picture, int x, int y) {
   while (!open.empty()) {
     const auto [px, py] = open.back();
     open.pop_back();
-    const auto at = static_cast<std::size_t>(py * picture.width + px);
+    const auto at =
+        static_cast<std::size_t>(py) * static_cast<std::size_t>(picture.width) + static_cast<std::size_t>(px);
     if (reached[at] || !sets.isFree(picture.pixels[at])) continue;
     reached[at] = true;
     if (px > 0) open.emplace_back(px - 1, py);

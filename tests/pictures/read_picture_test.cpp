@@ -118,7 +118,8 @@ TEST(TransparentParts, AreTold) {
     const Picture picture = readBrought(name);
     ASSERT_EQ(picture.whole.clear.size(), 400U * 300U) << name;
     const auto clearAt = [&](int x, int y) {
-      return picture.whole.isClear(static_cast<std::size_t>(y * 400 + x));
+      return picture.whole.isClear(std::size_t{400} * static_cast<std::size_t>(y) +
+                                   static_cast<std::size_t>(x));
     };
     EXPECT_TRUE(clearAt(5, 5)) << name;
     EXPECT_TRUE(clearAt(310, 140)) << name << ": the hole";

@@ -28,14 +28,14 @@ TEST(TheCountOfRegions, TellsRegionsThatTouchAtACornerApart) {
 
 TEST(AnAreaWithoutACell, IsTooSmall) {
   Bitmap picture = drawing({".###", "####"}, 5);
-  for (int x = 15; x < 22; ++x) picture.pixels[static_cast<std::size_t>(12 * picture.width + x)] = kMaroon;
+  for (int x = 15; x < 22; ++x) pixelAt(picture, x, 12) = kMaroon;
   EXPECT_EQ(counted(picture, 5), (RegionCount{1, 1, 1}));
 }
 
 TEST(AreasThatTouchAtACorner, AreCountedEach) {
   Bitmap picture = drawing({"###", "###"}, 5);
-  picture.pixels[static_cast<std::size_t>(8 * picture.width + 8)] = kNavy;
-  picture.pixels[static_cast<std::size_t>(9 * picture.width + 9)] = kNavy;
+  pixelAt(picture, 8, 8) = kNavy;
+  pixelAt(picture, 9, 9) = kNavy;
   EXPECT_EQ(counted(picture, 5), (RegionCount{0, 0, 2}));
 }
 
@@ -54,7 +54,9 @@ TEST(ACarvedCell, IsNotFree) { EXPECT_EQ(counted(drawing({"..*"}, 5), 5), (Regio
 TEST(TheMapOfRegions, NumbersThePixelsOfEveryCellByItsRegion) {
   const Bitmap picture = drawing({".#."}, 5);
   const RegionMap map = mapRegions(picture, startingSets(), gridOn({20, 10}, 5, MazeKind::regular));
-  const auto at = [&](int x, int y) { return map.regions[static_cast<std::size_t>(y * 20 + x)]; };
+  const auto at = [&](int x, int y) {
+    return map.regions[std::size_t{20} * static_cast<std::size_t>(y) + static_cast<std::size_t>(x)];
+  };
   EXPECT_EQ(at(5, 5), 1);
   EXPECT_EQ(at(9, 9), 1);
   EXPECT_EQ(at(10, 9), 0);

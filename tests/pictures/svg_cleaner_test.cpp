@@ -147,8 +147,9 @@ TEST(AnSvgThatNamesAPipeOrADevice, IsReadAtOnce) {
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
   for (const std::string& target :
        {pipe.string(), std::string("/dev/zero"), std::string("file:///dev/zero")}) {
-    const std::string text = kHead + "<image width='20' height='20' href='" + target +
-                             "'/><image width='20' height='20' xlink:href='" + target + "'/></svg>";
+    std::string text = kHead;
+    text.append("<image width='20' height='20' href='").append(target);
+    text.append("'/><image width='20' height='20' xlink:href='").append(target).append("'/></svg>");
     EXPECT_TRUE(readPictureBytes(text, {20, 20}, "it")) << target;
   }
 }

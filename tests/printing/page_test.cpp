@@ -80,7 +80,7 @@ TEST(AWhiteGround, CannotBeChangedWhileARunIsSetUpOrPatternsAreMade) {
 TEST(AJobsPages, HaveTheWhiteGroundToo) {
   Bitmap sheet = plainBitmap(120, 100, kYellow);
   for (int y = 30; y < 70; ++y) {
-    for (int x = 40; x < 90; ++x) sheet.pixels[static_cast<std::size_t>(y * 120 + x)] = kNavy;
+    for (int x = 40; x < 90; ++x) pixelAt(sheet, x, y) = kNavy;
   }
   World w(Size{120, 100});
   w.begin(sheet);

@@ -31,7 +31,7 @@ struct Visit : World {
     if (begun) begin(kRoom);
     desktop.pumpsPass(2);
   }
-  void bring(std::vector<fs::path> files) {
+  void bring(const std::vector<fs::path>& files) {
     desktop.act([files](Program& p) { input::filesBrought(p, files); });
     desktop.pumpsPass(2);
   }
@@ -386,7 +386,7 @@ TEST(AWhiteGroundOfAComputersMaze, IsToldWithWhatHelps) {
   v.desktop.act([](Program& p) {
     Bitmap paper = plainBitmap(kRoom.width, kRoom.height, kWhite);
     for (int y = 20; y < 50; ++y)
-      for (int x = 20; x < 60; ++x) paper.pixels[static_cast<std::size_t>(y * paper.width + x)] = kNavy;
+      for (int x = 20; x < 60; ++x) pixelAt(paper, x, y) = kNavy;
     p.canvas.setPicture(paper);
   });
   v.carve();

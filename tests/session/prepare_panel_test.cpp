@@ -15,7 +15,7 @@ const Bitmap kRoom = drawing({"......", "......", "......", "......"});
 Bitmap boxOnWhite() {
   Bitmap picture = plainBitmap(70, 50, kWhite);
   for (int y = 10; y < 40; ++y)
-    for (int x = 10; x < 60; ++x) picture.pixels[static_cast<std::size_t>(y * 70 + x)] = kMaroon;
+    for (int x = 10; x < 60; ++x) pixelAt(picture, x, y) = kMaroon;
   return picture;
 }
 

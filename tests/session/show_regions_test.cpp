@@ -12,7 +12,7 @@ namespace {
 struct Rooms : World {
   Rooms() : World(Size{80, 50}) {
     Bitmap picture = drawing({"..#...", "..#...", "######"});
-    for (int x = 42; x < 47; ++x) picture.pixels[static_cast<std::size_t>(33 * picture.width + x)] = kNavy;
+    for (int x = 42; x < 47; ++x) pixelAt(picture, x, 33) = kNavy;
     begin(picture);
     desktop.pumpsPass(2);
     desktop.look([](Program& p) { p.notices.tell(""); });

@@ -132,7 +132,7 @@ TEST_P(AWalkToTheFinish, ShowsTheSameWheneverTheDesktopLooks) {
     BareDesktop& desktop = quiet.w.desktop;
     std::mt19937 chance(seed);
     desktop.quiet = [&](const Program&) {  // now and then a long time, mostly a pump or two
-      const std::int64_t few = chance() % 4;
+      const auto few = static_cast<std::int64_t>(chance() % 4);
       return std::min(chance() % 8 == 0 ? std::int64_t{3000} : few, desktop.limit - desktop.pumps);
     };
     std::int64_t different = 0;
