@@ -30,8 +30,8 @@ Spent printMazes(const ProcessFolder& folder, int mazes) {
                     {"--pdf", (folder.path() / "book.pdf").string()});
 }
 
-/// The plainest walks over the pixels of each maze and along its walls, and the two pages of the program's own
-/// last maze, so that Qt has the same to pack.
+/// The plainest walks over the pixels of each maze and along its walls, and the two pages of the program's
+/// own last maze, so that Qt has the same to pack.
 Spent plainBook(const ProcessFolder& folder, int mazes) {
   const Bitmap maze = readBitmapFile(folder.path() / "drawing2.bmp").value();
   const Bitmap answer = readBitmapFile(folder.path() / "last.bmp").value();

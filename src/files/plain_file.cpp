@@ -77,8 +77,8 @@ Outcome<OpenFile> openUnshared(const fs::path& path) {
   return file;
 }
 
-/// A file that is empty already is left alone: ext4 takes any cut to nothing for a file that is written anew in
-/// place, and hurries it to the disk at its close.
+/// A file that is empty already is left alone: ext4 takes any cut to nothing for a file that is written anew
+/// in place, and hurries it to the disk at its close.
 Outcome<OpenFile> emptied(Outcome<OpenFile> file, const fs::path& path) {
   if (file && about(file.value()).st_size != 0 && ::ftruncate(file.value().descriptor(), 0) != 0)
     return notWritable(path);
