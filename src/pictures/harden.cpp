@@ -134,9 +134,9 @@ Colour nearerSide(const std::array<Colour, 9>& colours) {
 /// Where two neighbours by a side differ: an edge runs there, or near.
 std::vector<std::size_t> edgesOf(const Bitmap& picture) {
   const Size size{picture.width, picture.height};
-  std::vector<std::uint8_t> near(picture.pixels.size(), 0);
+  std::vector<bool> near(picture.pixels.size(), false);
   const auto mark = [&](int x, int y) {
-    if (x >= 0 && y >= 0 && x < size.width && y < size.height) near[placeOf(size, x, y)] = 1;
+    if (x >= 0 && y >= 0 && x < size.width && y < size.height) near[placeOf(size, x, y)] = true;
   };
   for (int y = 0; y < size.height; ++y) {
     for (int x = 0; x < size.width; ++x) {
@@ -155,7 +155,7 @@ std::vector<std::size_t> edgesOf(const Bitmap& picture) {
   }
   std::vector<std::size_t> places;
   for (std::size_t at = 0; at < near.size(); ++at) {
-    if (near[at] != 0) places.push_back(at);
+    if (near[at]) places.push_back(at);
   }
   return places;
 }
