@@ -18,24 +18,42 @@ namespace gridwright {
 
 namespace {
 
-/// The first free cell of the span in row order that passes. The cells of the grid come first; the band
-/// along the top and left, which the fill cursor visits too, comes after them.
+/// The first free cell of the span in row order that passes.
 template <class Test>
-std::optional<CellPlace> firstFree(const Program& program, const CellSpan& span, Test test) {
+std::optional<CellPlace> firstFreeIn(const Program& program, const CellSpan& span, Test test) {
   const CursorWay way(program.state);
-  for (const bool band : {false, true}) {
-    for (int row = std::max(span.fromRow, band ? 0 : 1); row < span.toRow; ++row) {
-      const int end = band && row > 0 ? std::min(span.toColumn, 1) : span.toColumn;
-      for (int column = std::max(span.fromColumn, band ? 0 : 1); column < end; ++column) {
-        const CellCorner corner = way.corner(CellPlace{column, row});
-        if (program.pixels().free(corner.left, corner.top) && test(CellPlace{column, row}) &&
-            isFreeForMaze(program, corner.left, corner.top)) {
-          return CellPlace{column, row};
-        }
+  for (int row = span.fromRow; row < span.toRow; ++row) {
+    for (int column = span.fromColumn; column < span.toColumn; ++column) {
+      const CellPlace place{column, row};
+      const CellCorner corner = way.corner(place);
+      if (program.pixels().free(corner.left, corner.top) && test(place) &&
+          isFreeForMaze(program, corner.left, corner.top)) {
+        return place;
       }
     }
   }
   return std::nullopt;
+}
+
+/// The part of the span that lies on the grid.
+CellSpan gridOf(const CellSpan& span) {
+  return {std::max(span.fromColumn, 1), span.toColumn, std::max(span.fromRow, 1), span.toRow};
+}
+
+/// In the part of the span that lies on the band along the top and left, row by row.
+template <class Test>
+std::optional<CellPlace> firstFreeInBand(const Program& program, const CellSpan& span, Test test) {
+  const CellSpan top{span.fromColumn, span.toColumn, span.fromRow, std::min(span.toRow, 1)};
+  if (const auto cell = firstFreeIn(program, top, test)) return cell;
+  const CellSpan left{span.fromColumn, std::min(span.toColumn, 1), std::max(span.fromRow, 1), span.toRow};
+  return firstFreeIn(program, left, test);
+}
+
+/// The cells of the grid come first; the band, which the fill cursor visits too, comes after them.
+template <class Test>
+std::optional<CellPlace> firstFree(const Program& program, const CellSpan& span, Test test) {
+  if (const auto cell = firstFreeIn(program, gridOf(span), test)) return cell;
+  return firstFreeInBand(program, span, test);
 }
 
 bool isFinish(const ProgramState& s, CellCorner corner) {
@@ -122,10 +140,11 @@ bool beginNewTree(Program& program) {
   int& fromRow = s.walker.rescueMemory.treesFromRow;
   Islands islands(program);
   const auto mayBegin = [&](CellPlace cell) { return s.mazeKind != MazeKind::threeD || islands.hold(cell); };
-  const CellSpan rest{0, way.columns(), fromRow, way.rows()};
-  auto cell = firstFree(program, rest,
-                        [&](CellPlace place) { return !isFinish(s, way.corner(place)) && mayBegin(place); });
+  const auto mayBeginHere = [&](CellPlace cell) { return !isFinish(s, way.corner(cell)) && mayBegin(cell); };
+  const CellSpan rest = gridOf({0, way.columns(), fromRow, way.rows()});
+  auto cell = firstFreeIn(program, rest, mayBeginHere);
   fromRow = cell ? cell->row : way.rows();
+  if (!cell) cell = firstFreeInBand(program, way.whole(), mayBeginHere);
   if (!cell) {
     cell = firstFree(program, way.around({s.finish.left, s.finish.top}),
                      [&](CellPlace place) { return isFinish(s, way.corner(place)) && mayBegin(place); });

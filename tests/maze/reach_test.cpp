@@ -221,6 +221,22 @@ TEST(TheSearchForTheNextTree, GoesOnWhereTheLastOneEndedUnlessItsGroundIsPainted
   EXPECT_EQ(walk.w.state.cur, squareOf(6, 3));
 }
 
+TEST(TheSearchForTheNextTree, ComesToTheBandAboveItAfterTheGrid) {
+  Text cells(12, "####");
+  cells[1] = "#*##";
+  cells[10] = "###.";
+  for (const char* band : {"along the top", "along the left"}) {
+    Walk walk(cells);
+    const bool top = std::string(band) == "along the top";
+    walk.w.canvas.fill(top ? Square{20, 0, 29, 9} : Square{0, 20, 9, 29}, kNavy);
+    walk.pass(100);
+    ASSERT_EQ(walk.w.state.cur, squareOf(4, 11)) << "the grid comes first";
+    walk.pass(100);
+    EXPECT_EQ(walk.w.state.cur, top ? squareOf(2, 0) : squareOf(0, 2)) << band;
+    EXPECT_EQ(walk.w.state.walkMode, WalkMode::carve);
+  }
+}
+
 /// Whether free ground is reached, by sets instead of marks and in no order.
 bool reachesByHand(const Program& program) {
   const ProgramState& s = program.state;

@@ -10,7 +10,7 @@ import sys
 import tempfile
 import time
 
-from desktop import Desktop, Failed, until
+from desktop import Failed, until, walkThrough
 
 PAPER, NAVY, GREEN, BLUE, RED = (254, 254, 254), (0, 0, 128), (0, 128, 0), (0, 0, 255), (255, 0, 0)
 
@@ -143,27 +143,13 @@ def main(program, source):
         paint(os.path.join(folder, "navy.png"), PAPER, NAVY)
         paint(os.path.join(folder, "green.png"), PAPER, GREEN)
         paint(os.path.join(folder, "photo.png"), (255, 255, 255), (180, 40, 60), (700, 500))
-        desktop = step = None
-        try:
-            desktop = Desktop(folder)
+
+        def begin(desktop):
             walk = Arrivals(desktop, folder, os.path.abspath(program), os.path.abspath(source))
-            for step in (walk.withTheStart, walk.byDropping, walk.byPasting, walk.fromTheDialog, walk.fromTheMenus,
-                         walk.throughThePanel, walk.regions):
-                began = time.monotonic()
-                step()
-                print(f"{step.__name__}: {time.monotonic() - began:.1f} s", flush=True)
-        except Failed as reason:
-            print(f"{step.__name__ if step else 'start'}: {reason}", file=sys.stderr)
-            if desktop is not None:
-                kept = os.path.abspath("window-arrivals-failed.png")
-                desktop.say("import", "-silent", "-window", "root", kept)
-                print("the screen then: " + kept, file=sys.stderr)
-                print(open(os.path.join(folder, "said")).read(), file=sys.stderr)
-            return 1
-        finally:
-            if desktop is not None:
-                desktop.end()
-    return 0
+            return (walk.withTheStart, walk.byDropping, walk.byPasting, walk.fromTheDialog, walk.fromTheMenus,
+                    walk.throughThePanel, walk.regions)
+
+        return walkThrough("arrivals", folder, begin)
 
 
 if __name__ == "__main__":

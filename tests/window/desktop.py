@@ -8,6 +8,7 @@ import os
 import re
 import shutil
 import subprocess
+import sys
 import time
 
 PATIENCE = 60  # seconds; far more than a loaded machine takes for one step
@@ -156,3 +157,27 @@ class Desktop:
             except subprocess.TimeoutExpired:
                 process.kill()
                 process.wait()
+
+
+def walkThrough(name, folder, begin):
+    """Takes the steps that `begin` gives for a new desktop, one after the other, and says how long each took.
+    Returns 0; or 1 when one failed, with the screen kept as window-NAME-failed.png."""
+    desktop = step = None
+    try:
+        desktop = Desktop(folder)
+        for step in begin(desktop):
+            began = time.monotonic()
+            step()
+            print(f"{step.__name__}: {time.monotonic() - began:.1f} s", flush=True)
+    except Failed as reason:
+        print(f"{step.__name__ if step else 'start'}: {reason}", file=sys.stderr)
+        if desktop is not None:
+            kept = os.path.abspath(f"window-{name}-failed.png")
+            desktop.say("import", "-silent", "-window", "root", kept)
+            print("the screen then: " + kept, file=sys.stderr)
+            print(open(os.path.join(folder, "said")).read(), file=sys.stderr)
+        return 1
+    finally:
+        if desktop is not None:
+            desktop.end()
+    return 0

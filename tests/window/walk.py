@@ -11,7 +11,7 @@ import sys
 import tempfile
 import time
 
-from desktop import Desktop, Failed, until
+from desktop import Failed, until, walkThrough
 
 YELLOW, RED, NAVY, LIME, MAGENTA, GRAY = (255, 255, 0), (255, 0, 0), (0, 0, 128), (0, 255, 0), (255, 0, 255), (128, 128, 128)
 SLIDES = [(10 * number, 200, 90) for number in range(1, 14)]
@@ -303,31 +303,15 @@ def main(program, patterns):
         work = os.path.join(folder, "work")
         os.makedirs(work)
         layOut(work, patterns)
-        desktop = None
-        step = None
-        try:
-            desktop = Desktop(folder)
+
+        def begin(desktop):
             desktop.environment["PATH"] = opener(folder, work) + os.pathsep + desktop.environment["PATH"]
             desktop.run([os.path.abspath(program)], work)
             walk = Walk(desktop, work)
-            for step in (walk.slides, walk.begin, walk.tips, walk.textPanels, walk.selectColor, walk.editColors,
-                         walk.run, walk.openPrinted,
-                         walk.solve, walk.quit):
-                began = time.monotonic()
-                step()
-                print(f"{step.__name__}: {time.monotonic() - began:.1f} s", flush=True)
-        except Failed as reason:
-            print(f"{step.__name__ if step else 'start'}: {reason}", file=sys.stderr)
-            if desktop is not None:
-                kept = os.path.abspath("window-walk-failed.png")
-                desktop.say("import", "-silent", "-window", "root", kept)
-                print("the screen then: " + kept, file=sys.stderr)
-                print(open(os.path.join(folder, "said")).read(), file=sys.stderr)
-            return 1
-        finally:
-            if desktop is not None:
-                desktop.end()
-    return 0
+            return (walk.slides, walk.begin, walk.tips, walk.textPanels, walk.selectColor, walk.editColors, walk.run,
+                    walk.openPrinted, walk.solve, walk.quit)
+
+        return walkThrough("walk", folder, begin)
 
 
 if __name__ == "__main__":
