@@ -74,8 +74,7 @@ int BitPlane::next(int y, int x, bool wanted) const {
   if (x >= size_.width) return size_.width;
   Word rest = (words[x / kWordBits] ^ flip) & (~Word{0} << (x % kWordBits));
   for (auto i = static_cast<std::size_t>(x / kWordBits);;) {
-    if (rest != 0)
-      return std::min(size_.width, static_cast<int>(i) * kWordBits + std::countr_zero(rest));
+    if (rest != 0) return std::min(size_.width, static_cast<int>(i) * kWordBits + std::countr_zero(rest));
     if (++i == words_) return size_.width;
     rest = words[i] ^ flip;
   }
@@ -168,7 +167,8 @@ BitPlane BitPlane::boxesThatFit(Size box) const {
   }
   byDoubling(box.height, [&](int by) {
     for (int y = 0; y < size_.height; ++y) {
-      for (std::size_t i = 0; i < words_; ++i) plane.row(y)[i] &= y + by < size_.height ? plane.row(y + by)[i] : 0;
+      for (std::size_t i = 0; i < words_; ++i)
+        plane.row(y)[i] &= y + by < size_.height ? plane.row(y + by)[i] : 0;
     }
   });
   return plane;
@@ -214,7 +214,8 @@ void floodOn(const BitPlane& ground, BitPlane& flooded, std::vector<Run>& open) 
     open.pop_back();
     for (const int y : {run.y - 1, run.y + 1}) {
       if (y < 0 || y >= ground.height()) continue;
-      for (int x = ground.next(y, run.left, true); x <= run.right; x = ground.next(y, ground.next(y, x, false), true)) {
+      for (int x = ground.next(y, run.left, true); x <= run.right;
+           x = ground.next(y, ground.next(y, x, false), true)) {
         if (!flooded.at(x, y)) takeRun(ground, flooded, open, y, x);
       }
     }

@@ -38,7 +38,8 @@ class BitPlane {
   void clearSpan(int y, int left, int right) { span(y, left, right, false); }
   void setBox(const Square& box);
 
-  /// The first column from `x` on, in this row, whose bit is set or clear as asked; the width when there is none.
+  /// The first column from `x` on, in this row, whose bit is set or clear as asked; the width when there is
+  /// none.
   [[nodiscard]] int next(int y, int x, bool wanted) const;
   /// The last one before `x`, or -1.
   [[nodiscard]] int previous(int y, int x, bool wanted) const;

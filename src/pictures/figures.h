@@ -22,13 +22,14 @@ struct Pen {
   bool isRound = true;
 };
 
-/// Each gives no rows but those of a sheet of this height; spans may reach beyond its sides. Corners are within
-/// a hundred thousand pixels. \param thick of the outline, inwards; 0 by 0 for a full figure.
+/// Each gives no rows but those of a sheet of this height; spans may reach beyond its sides. Corners are
+/// within a hundred thousand pixels. \param thick of the outline, inwards; 0 by 0 for a full figure.
 Spans lineFigure(Corner from, Corner to, const Pen& pen, int sheetHeight);
 Spans rectangleFigure(Corner from, Corner to, Size thick, int sheetHeight);
 Spans ellipseFigure(Corner from, Corner to, Size thick, int sheetHeight);
 
-/// The end of a line made level, upright or diagonal, whichever is nearest; the corner of a box made a square.
+/// The end of a line made level, upright or diagonal, whichever is nearest; the corner of a box made a
+/// square.
 Corner straightened(Corner from, Corner to);
 Corner squared(Corner from, Corner to);
 

@@ -39,7 +39,8 @@ class InkWork {
   virtual LineInk line(const std::string& line, const LetterFont& font) = 0;
   /// The names of the fonts that letters can be had in, sorted.
   virtual std::vector<std::string> fontNames() = 0;
-  /// A stamp of this height, 1 to 1000 pixels, just as wide as its outline; 0 by 0 when there is none of that name.
+  /// A stamp of this height, 1 to 1000 pixels, just as wide as its outline; 0 by 0 when there is none of that
+  /// name.
   virtual BitPlane stamp(const std::string& name, int height) = 0;
 };
 

@@ -1,10 +1,12 @@
-// The workshop's sheet of paper: exact colours alone, tools that paint on it, and steps that can be taken back.
+// The workshop's sheet of paper: exact colours alone, tools that paint on it, and steps that can be taken
+// back.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "canvas/bitmap.h"
 #include "canvas/cell_grid.h"
@@ -16,7 +18,8 @@
 namespace gridwright {
 
 /// At every moment each pixel is one of the inks (tool.h). Places are pixels of the sheet and may lie off it:
-/// what would be painted there is left out. Places further off than a hundred thousand pixels count as that far.
+/// what would be painted there is left out. Places further off than a hundred thousand pixels count as that
+/// far.
 ///
 /// What a tool paints from the press of its button to the release is one step; what changes nothing is none.
 /// Whatever else makes a step or takes one back ends a stroke that is under way, where it stands.
@@ -55,13 +58,12 @@ class Sheet {
   // Steps that no tool makes.
   /// Paper, of this size.
   void newsheet(Size size);
-  /// Puts a picture down with its upper left pixel at a place. Paper in it leaves what is beneath; other colours
-  /// than inks are made ones as `replace` does.
-  /// \param mirror puts it down in mirror places too.
+  /// Puts a picture down with its upper left pixel at a place. Paper in it leaves what is beneath; other
+  /// colours than inks are made ones as `replace` does. \param mirror puts it down in mirror places too.
   void placeInk(const Bitmap& ink, Corner at, Mirror mirror = Mirror::none);
   /// The whole sheet becomes this picture, at most `kSide` of each side of it.
-  /// \returns how many pixels had a colour that the sheet does not hold: they became the nearest ink, and white
-  /// became paper.
+  /// \returns how many pixels had a colour that the sheet does not hold: they became the nearest ink, and
+  /// white became paper.
   int replace(const Bitmap& picture);
 
   /// \returns whether there was a step.
@@ -83,18 +85,17 @@ class Sheet {
   Square takeChanged();
 
  private:
-  struct Pointer {
-    int x = 0, y = 0;
-  };
-  static Pointer held(int x, int y);
-  void strokeTo(Pointer to, bool straight);
-  void paintFigure(Pointer to, bool straight);
-  void flood(Pointer at);
-  void take(const Spans& spans);
+  static Corner held(int x, int y);
+  void strokeTo(Corner to, bool straight);
+  void paint(const Spans& figure);
+  void paintSpans(const Spans& spans);
+  void fill(Corner at);
+  void layInk(const Bitmap& inks, Corner at, bool leftRight, bool topDown);
   void changed(const Square& part);
   void giveBack();
   void finishStep();
-  void clearChange();
+  void crossed(const Square& part);
+  void settle();
 
   Bitmap picture_;
   Bitmap settled_;  ///< As the last step left it.
@@ -102,7 +103,7 @@ class Sheet {
   ToolSettings settings_, inHand_;  ///< As chosen, and of the stroke under way.
   CellPitch pitch_;
   bool pressed_ = false;
-  Pointer from_, last_;  ///< Where the stroke under way began, and where it is.
+  Corner from_, last_;    ///< Where the stroke under way began, and where it is.
   Square dirty_, shown_;  ///< What differs from `settled_` at most, and from what was taken.
   std::string note_;
   std::uint64_t revision_ = 1;

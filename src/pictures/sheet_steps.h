@@ -11,8 +11,8 @@
 
 namespace gridwright {
 
-/// A step holds the inks before it and after it as one plane of differences, from which either is got from the
-/// other, packed by runs: what has not changed costs next to nothing.
+/// A step holds the inks before it and after it as one plane of differences, from which either is got from
+/// the other, packed by runs: what has not changed costs next to nothing.
 class SheetSteps {
  public:
   static constexpr std::size_t kMostBytes = std::size_t{64} << 20;

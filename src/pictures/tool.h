@@ -30,7 +30,7 @@ struct ToolSettings {
   Tool tool = Tool::pencil;
   int size = 1;          ///< Pixels, 1 to 50: how thick pencil, line, eraser and outlines are.
   bool oneCell = false;  ///< As thick as a cell instead.
-  bool snap = false;     ///< What is painted is whole cells: all that the stroke touches. A fill stays as it is.
+  bool snap = false;  ///< What is painted is whole cells: all that the stroke touches. A fill stays as it is.
   bool outline = false;  ///< Rectangle and ellipse are outlines, which grow inwards; else full.
   Mirror mirror = Mirror::none;
   int colour = 1;  ///< An ink.

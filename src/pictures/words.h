@@ -1,4 +1,5 @@
-// Words as ink: letters with hard edges, thick enough for a maze, joined so that one way leads through all of them.
+// Words as ink: letters with hard edges, thick enough for a maze, joined so that one way leads through all of
+// them.
 #pragma once
 
 #include <optional>
@@ -12,7 +13,8 @@
 
 namespace gridwright {
 
-inline constexpr int kMostLetters = 60;  ///< Of a text; what comes after them is left out, and the note says so.
+inline constexpr int kMostLetters =
+    60;  ///< Of a text; what comes after them is left out, and the note says so.
 
 struct WordSettings {
   std::string text;  ///< UTF-8; a line feed begins a line.
@@ -39,8 +41,8 @@ struct WordInk {
   std::string note;  ///< What could not be done, letter by letter; empty when all could.
 };
 
-/// Words made ready for a place. With `join` the cells of all ink are one region, save those of letters that the
-/// note names.
+/// Words made ready for a place. With `join` the cells of all ink are one region, save those of letters that
+/// the note names.
 WordInk makeWords(const WordSettings& settings, const WordGround& ground, InkWork& work);
 
 }  // namespace gridwright
