@@ -32,6 +32,7 @@ struct WordGround {
   CellPitch pitch;
   std::vector<int> turns;       ///< The inks that a maze fills, for letters in turn; paper is none.
   int frameInk = 9;             ///< An ink that a maze does not fill.
+  int margin = 1;               ///< Cells of paper all round that "as large as the ground holds" leaves.
   std::optional<Corner> place;  ///< Of the upper left painted pixel; nothing: the middle.
 };
 
