@@ -11,6 +11,8 @@ get_property(content GLOBAL PROPERTY GRIDWRIGHT_CONTENT)
 install(FILES ${content} DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright)
 get_property(examples GLOBAL PROPERTY GRIDWRIGHT_EXAMPLES)
 install(FILES ${examples} DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright/examples)
+get_property(stamps GLOBAL PROPERTY GRIDWRIGHT_STAMPS)
+install(FILES ${stamps} DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright/stamps)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/patterns DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright FILES_MATCHING
         PATTERN "*pat")
 

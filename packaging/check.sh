@@ -55,6 +55,9 @@ done
 for picture in balloon butterfly cat name octopus panes snail window words; do
   [[ -s $share/gridwright/examples/$picture.bmp ]] || complain "no example $picture"
 done
+for stamp in heart star circle arrow cloud flower tree house fish cat balloon crown; do
+  [[ -s $share/gridwright/stamps/$stamp.svg ]] || complain "no stamp $stamp"
+done
 for size in 16 32 48 64 128 256; do
   [[ -s $share/icons/hicolor/${size}x$size/apps/gridwright.png ]] || complain "no icon of size $size"
 done

@@ -185,15 +185,14 @@ JoinedLetters plainLetters(const WordLayout::Letters& letters) {
   return plain;
 }
 
-std::vector<std::string> brokenLetters(const WordLayout::Letters& letters, const CellPitch& pitch) {
+bool canBeWhole(const WordLayout::Letters& letters, const std::string& name, const CellPitch& pitch) {
   Maker maker(letters, pitch);
-  std::vector<std::string> names;
   for (const auto& line : letters.lines) {
     for (const Letter& letter : line) {
-      if (!maker.make(letter).isOne) names.push_back(letter.name);
+      if (letter.name == name && !maker.make(letter).isOne) return false;
     }
   }
-  return names;
+  return true;
 }
 
 }  // namespace gridwright

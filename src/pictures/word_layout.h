@@ -56,7 +56,7 @@ struct JoinedLetters {
 JoinedLetters joinLetters(const WordLayout::Letters& letters, const CellPitch& pitch);
 /// The letters as they are.
 JoinedLetters plainLetters(const WordLayout::Letters& letters);
-/// The letters that cannot be made one region each, by their names.
-std::vector<std::string> brokenLetters(const WordLayout::Letters& letters, const CellPitch& pitch);
+/// Whether all letters of this name can be made one region each.
+bool canBeWhole(const WordLayout::Letters& letters, const std::string& name, const CellPitch& pitch);
 
 }  // namespace gridwright

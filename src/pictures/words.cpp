@@ -181,7 +181,7 @@ class Words {
   }
 
   [[nodiscard]] std::string note() const;
-  [[nodiscard]] std::string lowestFor(const std::string& name) const;
+  [[nodiscard]] std::vector<std::string> heightsFor(std::vector<std::string> names) const;
   [[nodiscard]] std::vector<std::string> apart() const;
   [[nodiscard]] bool isOff(const ReadyLetter& letter) const;
 
@@ -249,21 +249,28 @@ std::vector<std::string> Words::apart() const {
   return names;
 }
 
-/// "; at 15 cells it would be", for a letter that is not one region.
-std::string Words::lowestFor(const std::string& name) const {
+/// What is said of letters that are not one region: at which height each would be.
+std::vector<std::string> Words::heightsFor(std::vector<std::string> names) const {
+  constexpr int kMostMore = 30;  ///< Cells: a letter that needs more is none that a maze is made of.
+  std::vector<std::string> told;
   const int present = (capital_ + ground_.pitch.stepY - 1) / ground_.pitch.stepY;
-  const int highest = kHighest / ground_.pitch.stepY;
-  for (int height = present + 1; height <= highest; ++height) {
+  const int highest = std::min(present + kMostMore, kHighest / ground_.pitch.stepY);
+  for (int height = present + 1; height <= highest && !names.empty(); ++height) {
     std::vector<LineInk> lines;
     const int capital = height * ground_.pitch.stepY;
     for (const std::string& line : text_.lines)
       lines.push_back(work_.line(line, {settings_.font, settings_.bold, capital}));
     const WordLayout layout(lines, capital, ground_.pitch);
-    const auto broken = brokenLetters(layout.lettersAt(wanted(layout.size())), ground_.pitch);
-    if (std::find(broken.begin(), broken.end(), name) == broken.end())
-      return ", from a height of " + std::to_string(height) + " cells on it is";
+    const WordLayout::Letters letters = layout.lettersAt(wanted(layout.size()));
+    std::erase_if(names, [&](const std::string& name) {
+      if (!canBeWhole(letters, name, ground_.pitch)) return false;
+      told.push_back("\"" + name + "\" is not one region, from a height of " + std::to_string(height) +
+                     " cells on it is");
+      return true;
+    });
   }
-  return " at any height";
+  for (const std::string& name : names) told.push_back("\"" + name + "\" is not one region at any height");
+  return told;
 }
 
 std::string Words::note() const {
@@ -283,11 +290,13 @@ std::string Words::note() const {
   if (!off.empty()) tell("there is no room for " + listOf(off));
   if (!settings_.join || letters.empty()) return note;
   std::vector<std::string> told = off;
+  std::vector<std::string> broken;
   for (const ReadyLetter& letter : letters) {
     if (letter.isOne || std::find(told.begin(), told.end(), letter.name) != told.end()) continue;
     told.push_back(letter.name);
-    tell("\"" + letter.name + "\" is not one region" + lowestFor(letter.name));
+    broken.push_back(letter.name);
   }
+  for (const std::string& words : heightsFor(broken)) tell(words);
   std::vector<std::string> others = apart();
   std::erase_if(others, [&](const std::string& name) {
     return std::find(told.begin(), told.end(), name) != told.end();

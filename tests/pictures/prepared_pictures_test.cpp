@@ -11,6 +11,7 @@
 #include "canvas/canvas.h"
 #include "canvas/free_cell.h"
 #include "pictures/brought.h"
+#include "pictures/golden.h"
 #include "pictures/prepare.h"
 #include "pictures/ready.h"
 #include "platform/pictures/leptonica_work.h"
@@ -137,22 +138,8 @@ TEST_P(EveryPicture, IsReadBackToTheByte) {
   EXPECT_EQ(encodeBitmapFile(again.value()), bytes);
 }
 
-/// Where new expectations are wanted, they are written: GRIDWRIGHT_WRITE_GOLDEN=1, and then looked at.
 TEST_P(EveryPicture, LooksAsItDid) {
-  const auto path = std::filesystem::path(GRIDWRIGHT_GOLDEN) / (GetParam() + ".txt");
-  const Bitmap picture = madeReady(GetParam()).picture;
-  // Runs of one colour, row by row: a picture of few colours, small and readable in a change.
-  std::ostringstream text;
-  text << picture.width << ' ' << picture.height << '\n';
-  for (std::size_t from = 0, at = 0; from < picture.pixels.size(); from = at) {
-    while (at < picture.pixels.size() && picture.pixels[at] == picture.pixels[from]) ++at;
-    const auto* slot = std::find(kPalette.begin(), kPalette.end(), picture.pixels[from]);
-    text << (slot == kPalette.end() ? "paper"
-                                    : kPaletteNames.at(static_cast<std::size_t>(slot - kPalette.begin())))
-         << ' ' << at - from << '\n';
-  }
-  if (std::getenv("GRIDWRIGHT_WRITE_GOLDEN") != nullptr) std::ofstream(path) << text.str();
-  EXPECT_TRUE(bytesOf(path) == text.str()) << "not the picture of " << path;
+  EXPECT_TRUE(looksAsItDid(madeReady(GetParam()).picture, GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Brought, EveryPicture, ::testing::ValuesIn(allBrought()),

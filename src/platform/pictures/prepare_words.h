@@ -8,11 +8,14 @@
 
 #include "canvas/outcome.h"
 #include "pictures/prepare.h"
+#include "pictures/words.h"
 
 namespace gridwright {
 
 struct PrepareWords {
   std::filesystem::path in, out;
+  std::optional<WordSettings>
+      words;                 ///< What is painted instead of a picture that is read: `in` is empty then.
   std::optional<Size> size;  ///< Of the Canvas; left out: the picture's shape.
   int wallSize = 10;
   MazeKind kind = MazeKind::regular;
