@@ -1,9 +1,13 @@
 // gridwright-prepare as it is started: what it writes, what it says, and how it ends.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "canvas/bitmap_encode.h"
+#include "canvas/free_cell.h"
 #include "pictures/brought.h"
 #include "pictures/ready.h"
+#include "pictures/regions.h"
 #include "platform/pictures/prepare_words.h"
 #include "platform/shared/image_files.h"
 #include "support/child_program.h"
@@ -118,13 +122,67 @@ TEST(AWrongUse, IsToldInOneLine) {
                                                       {"a", "b", "--outlines", "bold"},
                                                       {"a", "b", "--grow", "1,,2"},
                                                       {"a", "b", "--grow", ""},
-                                                      {"a", "b", "--bogus", "1"}};
+                                                      {"a", "b", "--bogus", "1"},
+                                                      {"a", "b", "--frame"},
+                                                      {"a", "b", "--font", "Sans"},
+                                                      {"--words", "Mia"},
+                                                      {"--words", "Mia", "a", "b"},
+                                                      {"--words", "", "a"},
+                                                      {"--words", "Mia", "a", "--size", "9x9"},
+                                                      {"--words", "Mia", "a", "--height", "0"},
+                                                      {"--words", "Mia", "a", "--colour", "15"},
+                                                      {"--words", "Mia", "a", "--join", "2"}};
   for (const auto& words : uses) {
     Desk desk;
     EXPECT_EQ(desk.run(words), 2);
     EXPECT_TRUE(desk.saidOneLine()) << desk.said;
     EXPECT_FALSE(desk.hasFiles());
   }
+}
+
+TEST(PreparingWords, WritesThemAsOneRegionWithTwoCellsOfPaperAllRound) {
+  for (const char* name : {"Mia", "Jonas B.", "Zoë", "Łukasz", "Ayşe-Nur"}) {
+    for (const int wall : {6, 10}) {
+      Desk desk;
+      EXPECT_EQ(desk.run({"--words", name, "--wall", std::to_string(wall), "out.bmp"}), 0) << desk.said;
+      const auto made = readBitmapFile(desk.temp.path() / "out.bmp");
+      ASSERT_TRUE(made);
+      const Bitmap& picture = made.value();
+      EXPECT_TRUE(isReady(picture, startingSets()));
+      const CellGrid grid = gridOn({picture.width, picture.height}, wall, MazeKind::regular);
+      EXPECT_EQ(countRegions(picture, startingSets(), grid).regions, 1) << name;
+      EXPECT_GT(std::max(picture.width, picture.height), 900) << "as large as fits";
+      EXPECT_LE(std::max(picture.width, picture.height), 1000);
+      for (int y = 0; y < picture.height; ++y) {
+        for (int x = 0; x < picture.width; ++x) {
+          const int far = std::min({x, y, picture.width - 1 - x, picture.height - 1 - y});
+          if (far >= 2 * wall) continue;
+          ASSERT_EQ(picture.at(x, y), kPaper) << name << ' ' << x << ',' << y;
+        }
+      }
+    }
+  }
+}
+
+TEST(PreparingWords, TakesHeightColourFrameAndKind) {
+  Desk desk;
+  EXPECT_EQ(desk.run({"--words", "H", "--height", "14", "--colour", "4", "--frame", "--kind", "pipe",
+                      "--wall", "5", "--join", "0", "--font", "DejaVu Serif", "out.bmp"}),
+            0)
+      << desk.said;
+  const auto made = readBitmapFile(desk.temp.path() / "out.bmp");
+  ASSERT_TRUE(made);
+  EXPECT_EQ(made.value().height, 140 + 2 * 40 + 2 * 20)
+      << "letters, frame and paper in pitches of ten pixels";
+  EXPECT_EQ(made.value().at(25, 25), kBlue);
+  EXPECT_GT(std::count(made.value().pixels.begin(), made.value().pixels.end(), kMaroon), 1000);
+}
+
+TEST(PreparingWords, ThatPaintNothingMakesNoFile) {
+  Desk desk;
+  EXPECT_EQ(desk.run({"--words", "   ", "out.bmp"}), 1);
+  EXPECT_EQ(desk.said, "gridwright-prepare: there is nothing to paint\n");
+  EXPECT_FALSE(desk.hasFiles());
 }
 
 TEST(HelpAndVersion, AreNoFaults) {
