@@ -1,6 +1,8 @@
 #include "pictures/flood.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <limits>
 #include <vector>
 
@@ -10,6 +12,21 @@ namespace gridwright {
 
 namespace {
 
+/// Which of 64 pixels have a colour. Compared first and packed afterwards, so that a compiler does many at
+/// once.
+BitPlane::Word bitsOf(const Colour* pixels, Colour colour) {
+  std::array<std::uint8_t, BitPlane::kWordBits> equal{};
+  for (std::size_t i = 0; i < equal.size(); ++i) equal[i] = pixels[i] == colour ? 1 : 0;
+  BitPlane::Word bits = 0;
+  for (std::size_t i = 0; i < equal.size(); i += 8) {
+    BitPlane::Word eight = 0;
+    for (std::size_t byte = 0; byte < 8; ++byte) eight |= BitPlane::Word{equal[i + byte]} << (8 * byte);
+    bits |= (eight * 0x0102040810204080U >> 56)
+            << i;  // gathers the lowest bits of the eight bytes, first one lowest
+  }
+  return bits;
+}
+
 /// Which pixels have a colour.
 BitPlane pixelsOf(const Bitmap& picture, Colour colour) {
   BitPlane plane({picture.width, picture.height});
@@ -17,9 +34,12 @@ BitPlane pixelsOf(const Bitmap& picture, Colour colour) {
     const Colour* const row = picture.row(y);
     BitPlane::Word* const words = plane.row(y);
     for (int x = 0; x < picture.width; x += BitPlane::kWordBits) {
-      const int count = std::min(BitPlane::kWordBits, picture.width - x);
       BitPlane::Word bits = 0;
-      for (int i = 0; i < count; ++i) bits |= BitPlane::Word{row[x + i] == colour} << i;
+      if (x + BitPlane::kWordBits <= picture.width) {
+        bits = bitsOf(row + x, colour);
+      } else {
+        for (int i = 0; x + i < picture.width; ++i) bits |= BitPlane::Word{row[x + i] == colour} << i;
+      }
       words[x / BitPlane::kWordBits] = bits;
     }
   }

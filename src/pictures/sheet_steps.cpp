@@ -16,14 +16,13 @@ namespace {
 /// the last.
 class Packer {
  public:
-  void add(int difference) {
-    if (difference == difference_ && length_ > 0) {
-      ++length_;
-      return;
+  void add(int difference, std::uint32_t length) {
+    if (difference != difference_) {
+      flush();
+      difference_ = difference;
+      length_ = 0;
     }
-    flush();
-    difference_ = difference;
-    length_ = 1;
+    length_ += length;
   }
   std::vector<std::uint8_t> packed() {
     flush();
@@ -71,8 +70,13 @@ std::vector<std::uint8_t> packedDifference(const Bitmap& before, const Bitmap& a
   for (int y = part.top; y <= part.bottom; ++y) {
     const Colour* const one = before.row(y);
     const Colour* const other = after.row(y);
-    for (int x = part.left; x <= part.right; ++x)
-      packer.add(one[x] == other[x] ? 0 : inkOf(one[x]) ^ inkOf(other[x]));
+    for (int x = part.left; x <= part.right;) {
+      const int begin = x;
+      const Colour was = one[x];
+      const Colour is = other[x];
+      while (x <= part.right && one[x] == was && other[x] == is) ++x;
+      packer.add(was == is ? 0 : inkOf(was) ^ inkOf(is), static_cast<std::uint32_t>(x - begin));
+    }
   }
   return packer.packed();
 }
