@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -20,7 +22,11 @@ BitPlane::Word bitsOf(const Colour* pixels, Colour colour) {
   BitPlane::Word bits = 0;
   for (std::size_t i = 0; i < equal.size(); i += 8) {
     BitPlane::Word eight = 0;
-    for (std::size_t byte = 0; byte < 8; ++byte) eight |= BitPlane::Word{equal[i + byte]} << (8 * byte);
+    if constexpr (std::endian::native == std::endian::little) {
+      std::memcpy(&eight, equal.data() + i, sizeof eight);
+    } else {
+      for (std::size_t byte = 0; byte < 8; ++byte) eight |= BitPlane::Word{equal[i + byte]} << (8 * byte);
+    }
     bits |= (eight * 0x0102040810204080U >> 56)
             << i;  // gathers the lowest bits of the eight bytes, first one lowest
   }
@@ -159,31 +165,39 @@ Corner narrowestOf(const BitPlane& ground, const std::vector<Corner>& way) {
   return (first + (end - first - 1) / 2)->middle;
 }
 
-/// The places of the flood that a cell has room at, as they hang together with where it began: from a narrow
-/// place, with the nearest of them.
-BitPlane roomAround(const BitPlane& flood, Corner begin, Size cell) {
-  const BitPlane boxes = flood.boxesThatFit(cell);
-  BitPlane seed(flood.size());
-  seed.set(begin.x, begin.y);
-  const auto way = Walk(flood, seed).wayFrom(boxes.coveredByBoxes(cell));
-  if (way.empty()) return BitPlane(flood.size());
+/// The boxes of a cell's size that hold a place.
+Square boxesWith(Corner at, Size cell) { return {at.x - cell.width + 1, at.y - cell.height + 1, at.x, at.y}; }
+
+/// Where in the flood boxes of a cell's size fit that hang together with where it began: from a narrow place,
+/// with the nearest of them.
+BitPlane roomAround(const BitPlane& flood, const BitPlane& boxes, Corner begin, Size cell) {
+  if (!boxes.any(boxesWith(begin, cell))) {
+    BitPlane seed(flood.size());
+    seed.set(begin.x, begin.y);
+    const auto way = Walk(flood, seed).wayFrom(boxes.coveredByBoxes(cell));
+    if (way.empty()) return BitPlane(flood.size());
+    begin = way.front();
+  }
   BitPlane near(flood.size());
-  near.setBox(
-      {way.front().x - cell.width + 1, way.front().y - cell.height + 1, way.front().x, way.front().y});
-  near &= boxes;
-  return floodedFrom(boxes, near).coveredByBoxes(cell);
+  near.setBox(boxesWith(begin, cell));
+  return floodedFrom(boxes, near);
 }
 
 std::optional<Corner> gapOf(const BitPlane& flood, Corner begin, Size cell) {
-  const BitPlane room = roomAround(flood, begin, cell);
-  if (room.count() == 0 || reachesEdge(room)) return std::nullopt;
+  const BitPlane boxes = flood.boxesThatFit(cell);
+  const BitPlane near = roomAround(flood, boxes, begin, cell);
+  const Square box = near.bounds();
+  const bool isWide = box.left == 0 || box.top == 0 || box.right == flood.width() - cell.width ||
+                      box.bottom == flood.height() - cell.height;
+  if (box.left > box.right || isWide) return std::nullopt;
+  const BitPlane room = near.coveredByBoxes(cell);
   BitPlane outside = flood;
   outside.without(room);
   const BitPlane edge = edgeOf(flood.size());
   BitPlane out = floodedFrom(outside, edge);
   BitPlane doors = grown(room);
   doors &= out;
-  BitPlane goal = flood.boxesThatFit(cell).coveredByBoxes(cell);  // from there on it is wide again
+  BitPlane goal = boxes.coveredByBoxes(cell);  // from there on it is wide again
   goal |= edge;
   const auto way = Walk(out, doors).wayFrom(goal);
   if (way.empty()) return std::nullopt;
