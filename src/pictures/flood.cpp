@@ -156,6 +156,7 @@ Width widthAt(const BitPlane& ground, Corner at) {
 /// The middle of the narrowest place of a way: of the first stretch of it that is as narrow as any.
 Corner narrowestOf(const BitPlane& ground, const std::vector<Corner>& way) {
   std::vector<Width> widths;
+  widths.reserve(way.size());
   for (const Corner at : way) widths.push_back(widthAt(ground, at));
   const auto first = std::min_element(widths.begin(), widths.end(), [](const Width& one, const Width& other) {
     return one.pixels < other.pixels;

@@ -102,6 +102,7 @@ std::vector<Letter> lettersOf(const LineInk& line, Size plane, int x, int y) {
     return std::pair(one.first, one.left) < std::pair(other.first, other.left);
   });
   std::vector<Letter> letters;
+  letters.reserve(placed.size());
   for (Placed& one : placed) letters.push_back(std::move(one.letter));
   return letters;
 }

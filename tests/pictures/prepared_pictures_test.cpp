@@ -138,9 +138,7 @@ TEST_P(EveryPicture, IsReadBackToTheByte) {
   EXPECT_EQ(encodeBitmapFile(again.value()), bytes);
 }
 
-TEST_P(EveryPicture, LooksAsItDid) {
-  EXPECT_TRUE(looksAsItDid(madeReady(GetParam()).picture, GetParam()));
-}
+TEST_P(EveryPicture, LooksAsItDid) { EXPECT_TRUE(looksAsItDid(madeReady(GetParam()).picture, GetParam())); }
 
 INSTANTIATE_TEST_SUITE_P(Brought, EveryPicture, ::testing::ValuesIn(allBrought()),
                          [](const auto& one) { return asWord(one.param); });
