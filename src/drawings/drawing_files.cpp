@@ -24,12 +24,12 @@ namespace {
 
 constexpr std::string_view kRecordEnding = ".maze";
 constexpr std::string_view kBitmapEnding = ".bmp";
-constexpr std::string_view kLastDrawing = "last-drawing.bmp";
+constexpr std::string_view kLastDrawing = "last-drawing.bmp", kLastSheet = "last-sheet.bmp";
 
 bool isOwnPicture(std::string_view base) {
-  constexpr std::array<std::string_view, 9> kNames = {"title",    "drawing1", "drawing1b",
-                                                      "drawing2", "drawing3", "drawing4",
-                                                      "credit1",  "credit2",  "last-drawing"};
+  constexpr auto kNames =
+      std::to_array<std::string_view>({"title", "drawing1", "drawing1b", "drawing2", "drawing3", "drawing4",
+                                       "credit1", "credit2", "last-drawing", "last-sheet"});
   if (std::any_of(kNames.begin(), kNames.end(),
                   [&](std::string_view n) { return equalButForCase(n, base); })) {
     return true;
@@ -227,12 +227,12 @@ void tellIfUnwritable(Program& program) {
   program.files->tell(wordsOnUnwritableFolder(otherPlace(program)));
 }
 
-void keep(Program& program, const BitmapView& picture) {
-  if (program.pictures.save(kLastDrawing, picture, Overwrite::atOnce)) return;
+void keep(Program& program, std::string_view name, const BitmapView& picture) {
+  if (program.pictures.save(name, picture, Overwrite::atOnce)) return;
   tellIfUnwritable(program);
   const fs::path data = otherPlace(program);
   if (data.empty()) return;
-  const auto kept = program.platform.saveBitmap(picture, data / kLastDrawing, Overwrite::atOnce);
+  const auto kept = program.platform.saveBitmap(picture, data / name, Overwrite::atOnce);
   if (kept) return;
   program.files->tellIfNoPlainFile(kept.fault());
   program.files->tell("Error: the drawing can be kept neither in this folder nor in " + data.string() +
@@ -246,11 +246,14 @@ void keepLastDrawing(Program& program) {
   if (phase == Phase::title) return;
   if (phase == Phase::patternEditing || phase == Phase::patternRequest) {
     // The editor's field lies over the picture.
-    if (program.state.editor.fieldCoversPicture) keep(program, program.pictures.load("drawing4.bmp"));
+    if (program.state.editor.fieldCoversPicture)
+      keep(program, kLastDrawing, program.pictures.load("drawing4.bmp"));
   } else if (program.canvas.showsAnything()) {
-    keep(program, program.canvas.imageView());
+    keep(program, kLastDrawing, program.canvas.imageView());
   }
 }
+
+void keepSheet(Program& program, const Bitmap& sheet) { keep(program, kLastSheet, sheet); }
 
 void tellOfFolder(Program& program) {
   std::string words = std::exchange(program.wordsAtBegin, {});

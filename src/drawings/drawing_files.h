@@ -44,6 +44,9 @@ void recoverSaves(const WorkFolder& folder);
 /// a picture by a slip. Where the working folder does not take it, it goes to the data folder.
 void keepLastDrawing(Program& program);
 
+/// The workshop's sheet goes quietly to last-sheet.bmp, likewise.
+void keepSheet(Program& program, const Bitmap& sheet);
+
 /// Says, once each, what a person must know of the folder before drawing in it: that it is not the one
 /// expected, that it takes no files, that the last drawing cannot be kept under its name.
 void tellOfFolder(Program& program);

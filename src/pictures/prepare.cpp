@@ -55,22 +55,30 @@ Found foundIn(const Areas& areas) {
   return found;
 }
 
-/// The first eight of the sixteen, or the others but white; without the outlines' own where it is taken.
-std::vector<Colour> choicesFor(bool grows, bool outlined) {
+/// Those of the sixteen that a maze fills, or that it does not, but white and what it is carved in; without
+/// the outlines' own where it is taken. Where there are none, those of the start.
+std::vector<Colour> choicesFor(bool grows, Colour outline, const ColourSets& sets) {
   std::vector<Colour> choices;
-  for (std::size_t slot = grows ? 0 : 8; slot < (grows ? 8U : 15U); ++slot) {
-    if (!outlined || kPalette.at(slot) != kOutline) choices.push_back(kPalette.at(slot));
+  for (std::size_t slot = 0; slot < kPalette.size() - 1; ++slot) {
+    const Colour colour = kPalette.at(slot);
+    if (colour != outline && !sets.isMaze(colour) && sets.isFree(colour) == grows) choices.push_back(colour);
   }
-  return choices;
+  return choices.empty() ? choicesFor(grows, outline, startingSets()) : choices;
 }
 
-void pairColours(std::vector<FoundColour>& found, bool outlined) {
+/// Of what outlines are drawn in: grey, where that is a border; else the first colour that is one.
+Colour outlineIn(const ColourSets& sets) {
+  if (sets.isBorder(kOutline) && !sets.isMaze(kOutline)) return kOutline;
+  return choicesFor(false, kOutside, sets).front();
+}
+
+void pairColours(std::vector<FoundColour>& found, Colour outline, const ColourSets& sets) {
   for (const bool grows : {true, false}) {
     std::vector<Colour> colours;
     for (const FoundColour& one : found) {
       if (one.grows == grows) colours.push_back(one.colour);
     }
-    const std::vector<Colour> pairs = paired(colours, choicesFor(grows, outlined));
+    const std::vector<Colour> pairs = paired(colours, choicesFor(grows, outline, sets));
     std::size_t next = 0;
     for (FoundColour& one : found) {
       if (one.grows == grows) one.becomes = pairs[next++];
@@ -252,7 +260,8 @@ std::vector<FoundColour> foundColours(const Found& found, const std::vector<Colo
 }
 
 /// The areas in their colours, with outlines over them.
-Bitmap painted(Areas areas, const Found& found, const std::vector<FoundColour>& colours, Outlines outlines) {
+Bitmap painted(Areas areas, const Found& found, const std::vector<FoundColour>& colours, Outlines outlines,
+               Colour outline) {
   std::array<Colour, 256> paints{};
   paints.at(kPaperLabel) = kPaper;
   std::vector<bool> isBorder(areas.colours.size(), false);
@@ -267,7 +276,7 @@ Bitmap painted(Areas areas, const Found& found, const std::vector<FoundColour>& 
   if (outlines == Outlines::none) return picture;
   const Mask mask = outlinesOf(areas, outlines == Outlines::thick);
   for (std::size_t at = 0; at < mask.size(); ++at) {
-    if (mask[at] != 0) picture.pixels[at] = kOutline;
+    if (mask[at] != 0) picture.pixels[at] = outline;
   }
   return picture;
 }
@@ -310,11 +319,12 @@ Prepared Preparation::make(const PrepareSettings& given, const PrepareGround& gr
                       : lines != kPaperLabel                   ? Outlines::none
                                                                : Outlines::thin;
   prepared.found = foundColours(found, steps.sorted.colours, settings, lines);
-  pairColours(prepared.found, prepared.outlines != Outlines::none);
-  prepared.picture = painted(areas, found, prepared.found, prepared.outlines);
+  const Colour outline = outlineIn(ground.sets);
+  pairColours(prepared.found, prepared.outlines != Outlines::none ? outline : kOutside, ground.sets);
+  prepared.picture = painted(areas, found, prepared.found, prepared.outlines, outline);
   keepFrameOfPaper(prepared.picture, ground.wallSize);
   prepared.count =
-      countRegions(prepared.picture, startingSets(), gridOn(ground.canvas, ground.wallSize, ground.kind));
+      countRegions(prepared.picture, ground.sets, gridOn(ground.canvas, ground.wallSize, ground.kind));
   if (steps.onCanvas.taken != steps.picture.own) {
     prepared.cutFrom = steps.picture.own;
     prepared.taken = steps.onCanvas.taken;

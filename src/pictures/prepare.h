@@ -15,6 +15,7 @@
 #include "canvas/maze_kind.h"
 #include "pictures/picture.h"
 #include "pictures/picture_work.h"
+#include "pictures/ready.h"
 #include "pictures/regions.h"
 
 namespace gridwright {
@@ -46,7 +47,11 @@ struct PrepareGround {
   Size canvas;  ///< Of the picture that comes out; each side 1 to 1000.
   int wallSize = 10;
   MazeKind kind = MazeKind::regular;
-  friend bool operator==(const PrepareGround&, const PrepareGround&) = default;
+  ColourSets sets = startingSets();  ///< What colours mean where the picture is to stand.
+  friend bool operator==(const PrepareGround& one, const PrepareGround& other) {
+    return one.canvas == other.canvas && one.wallSize == other.wallSize && one.kind == other.kind &&
+           sameSets(one.sets, other.sets);
+  }
 };
 
 /// A colour of the picture that is not paper.

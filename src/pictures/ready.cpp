@@ -32,6 +32,11 @@ bool isReady(const Picture& picture, const ColourSets& sets) {
          isReady(onPaper(picture.whole), sets);
 }
 
+bool sameSets(const ColourSets& one, const ColourSets& other) {
+  return one.background() == other.background() && one.border() == other.border() &&
+         one.maze() == other.maze() && one.extraBackground() == other.extraBackground();
+}
+
 ColourSets startingSets() {
   ColourSets sets;
   for (int slot = 0; slot < kSlots; ++slot) sets.classify(slot, slot < kFirstBorder);

@@ -21,4 +21,7 @@ bool isReady(const Picture& picture, const ColourSets& sets);
 /// backgrounds, every maze colour white.
 ColourSets startingSets();
 
+/// Whether each palette colour means the same in both.
+bool sameSets(const ColourSets& one, const ColourSets& other);
+
 }  // namespace gridwright

@@ -192,6 +192,7 @@ void Sheet::fill(Corner at) {
 void Sheet::newsheet(Size size) {
   endStroke();
   picture_ = ofPaper(size);
+  meaning_ = Meaning::ofTheStart;
   changed(wholeOf(picture_));
   finishStep();
 }
@@ -225,12 +226,13 @@ void Sheet::layInk(const Bitmap& inks, Corner at, bool leftRight, bool topDown) 
   changed(part);
 }
 
-int Sheet::replace(const Bitmap& picture) {
+int Sheet::replace(const Bitmap& picture, Meaning meaning) {
   endStroke();
   if (picture.pixels.empty()) return 0;
   InkPicture made =
       inInks(resized(picture, {std::min(picture.width, kSide), std::min(picture.height, kSide)}));
   picture_ = std::move(made.picture);
+  meaning_ = meaning;
   changed(wholeOf(picture_));
   finishStep();
   return made.others;
@@ -239,14 +241,14 @@ int Sheet::replace(const Bitmap& picture) {
 bool Sheet::undo() {
   endStroke();
   if (!steps_.canUndo()) return false;
-  crossed(steps_.undo(picture_));
+  crossed(steps_.undo(picture_, meaning_));
   return true;
 }
 
 bool Sheet::redo() {
   endStroke();
   if (!steps_.canRedo()) return false;
-  crossed(steps_.redo(picture_));
+  crossed(steps_.redo(picture_, meaning_));
   return true;
 }
 
@@ -272,7 +274,8 @@ void Sheet::giveBack() {
 
 void Sheet::finishStep() {
   if (Size{settled_.width, settled_.height} == size() && isEmpty(dirty_)) return;
-  if (!steps_.add(settled_, picture_, dirty_)) {
+  if (!steps_.add(settled_, picture_, dirty_, settledMeaning_, meaning_)) {
+    settledMeaning_ = meaning_;
     dirty_ = kNothing;
     return;
   }
@@ -286,6 +289,7 @@ void Sheet::settle() {
   } else {
     settled_ = picture_;
   }
+  settledMeaning_ = meaning_;
   dirty_ = kNothing;
   note_.clear();
 }

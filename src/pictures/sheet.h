@@ -56,7 +56,7 @@ class Sheet {
   void pick(int x, int y);
 
   // Steps that no tool makes.
-  /// Paper, of this size.
+  /// Paper, of this size; its colours mean what they mean at the start.
   void newsheet(Size size);
   /// Puts a picture down with its upper left pixel at a place. Paper in it leaves what is beneath; other
   /// colours than inks are made ones as `replace` does. \param mirror puts it down in mirror places too.
@@ -64,7 +64,12 @@ class Sheet {
   /// The whole sheet becomes this picture, at most `kSide` of each side of it.
   /// \returns how many pixels had a colour that the sheet does not hold: they became the nearest ink, and
   /// white became paper.
-  int replace(const Bitmap& picture);
+  int replace(const Bitmap& picture, Meaning meaning = Meaning::ofTheStart);
+
+  /// What the colours mean; a step that is taken back brings back what they meant.
+  [[nodiscard]] Meaning meaning() const { return meaning_; }
+  /// From now on they mean this, which makes no step.
+  void setMeaning(Meaning meaning) { meaning_ = settledMeaning_ = meaning; }
 
   /// \returns whether there was a step.
   bool undo();
@@ -99,6 +104,7 @@ class Sheet {
 
   Bitmap picture_;
   Bitmap settled_;  ///< As the last step left it.
+  Meaning meaning_ = Meaning::ofTheStart, settledMeaning_ = Meaning::ofTheStart;
   SheetSteps steps_;
   ToolSettings settings_, inHand_;  ///< As chosen, and of the stroke under way.
   CellPitch pitch_;

@@ -116,14 +116,14 @@ Bitmap resized(const Bitmap& picture, Size size) {
   return other;
 }
 
-bool SheetSteps::add(const Bitmap& before, const Bitmap& after, const Square& part) {
-  Step step{{before.width, before.height}, {after.width, after.height}, part, {}};
-  if (step.before == step.after) {
+bool SheetSteps::add(const Bitmap& before, const Bitmap& after, const Square& part, Meaning was, Meaning is) {
+  Step step{{{before.width, before.height}, was}, {{after.width, after.height}, is}, part, {}};
+  if (step.before.size == step.after.size) {
     step.part = differing(before, after, part);
     if (step.part.left > step.part.right) return false;
     step.packed = packedDifference(before, after, step.part);
   } else {
-    const Size both = larger(step.before, step.after);
+    const Size both = larger(step.before.size, step.after.size);
     step.part = wholeOf(both);
     step.packed = packedDifference(resized(before, both), resized(after, both), step.part);
   }
@@ -135,9 +135,10 @@ bool SheetSteps::add(const Bitmap& before, const Bitmap& after, const Square& pa
   return true;
 }
 
-Square SheetSteps::cross(Bitmap& picture, const Step& step, bool forwards) {
-  const Size size = forwards ? step.after : step.before;
-  picture = resized(picture, larger(step.before, step.after));
+Square SheetSteps::cross(Bitmap& picture, Meaning& meaning, const Step& step, bool forwards) {
+  const SheetState& state = forwards ? step.after : step.before;
+  meaning = state.meaning;
+  picture = resized(picture, larger(step.before.size, step.after.size));
   Corner at{step.part.left, step.part.top};
   Colour* row = picture.pixels.data() + placeOf({picture.width, picture.height}, 0, at.y);
   unpack(step.packed, [&](int difference, std::uint32_t length) {
@@ -152,9 +153,9 @@ Square SheetSteps::cross(Bitmap& picture, const Step& step, bool forwards) {
       row += picture.width;
     }
   });
-  if (step.before == step.after) return step.part;
-  picture = resized(picture, size);
-  return wholeOf(size);
+  if (step.before.size == step.after.size) return step.part;
+  picture = resized(picture, state.size);
+  return wholeOf(state.size);
 }
 
 }  // namespace gridwright

@@ -33,18 +33,19 @@ void refuse(Program& program, std::string words) {
 }
 
 /// Why nothing can be taken now; empty when it can.
-std::string_view whyNotNow(const ProgramState& s) {
+std::string_view whyNotNow(const Program& program) {
+  const ProgramState& s = program.state;
   if (s.editor.preparing) return "Not now: random patterns are being made for the next maze";
   if (s.phase == Phase::patternRequest || s.phase == Phase::patternEditing || s.editedPattern != 0)
     return "Not now: leave the pattern editor first";
-  if (s.panelOpen || s.paused) return "Not now: a panel is open";
+  if ((s.panelOpen || s.paused) && !program.workshop.open) return "Not now: a panel is open";
   if (s.print.printTotal != 0) return "Not now: mazes are being printed";
   return "";
 }
 
 /// \returns whether something can be taken now; else a line has told why not.
 bool isWelcome(Program& program) {
-  const std::string_view why = whyNotNow(program.state);
+  const std::string_view why = whyNotNow(program);
   if (!why.empty()) refuse(program, std::string(why));
   return why.empty();
 }
@@ -70,9 +71,11 @@ struct Arrival {
   bool isExample = false;  ///< Taken as it is.
 };
 
-/// In the drawing phase, or over a maze that stands still.
+/// In the drawing phase, over a maze that stands still, or onto the workshop's sheet.
 void showPicture(Program& program, const std::shared_ptr<const Picture>& picture, bool isExample) {
-  if (isReady(*picture, program.colours) || (isExample && picture->isWholeAsItIs())) {
+  if (program.workshop.open) {
+    openPreparePanel(program, picture);
+  } else if (isReady(*picture, program.colours) || (isExample && picture->isWholeAsItIs())) {
     takeInDrawing(program, [picture](Program& p) { takePicture(p, onPaper(picture->asItIs())); });
   } else {
     openPreparePanel(program, picture);
@@ -113,6 +116,7 @@ void fileBeside(Program& program, const fs::path& file, bool isExample) {
 }
 
 void drawingArrived(Program& program, const fs::path& file) {
+  if (program.workshop.open) return refuse(program, "Not now: a panel is open");
   auto drawing = readDrawing(program, file);
   if (!drawing) return refuse(program, drawing.fault().words);
   remember(program, file);

@@ -16,6 +16,7 @@
 #include "session/show_regions.h"
 #include "session/slideshow.h"
 #include "session/title.h"
+#include "session/workshop.h"
 #include "state/grid.h"
 
 namespace gridwright::input {
@@ -168,12 +169,13 @@ void preparationChanged(Program& program, const PrepareSettings& settings) {
   changePreparation(program, settings);
 }
 
-void preparedAccepted(Program& program) { usePrepared(program); }
+void preparedAccepted(Program& program) { useWorkshop(program); }
 void pictureAcceptedAsItIs(Program& program) { usePictureAsItIs(program); }
-void preparationCancelled(Program& program) { cancelPreparation(program); }
+void preparationCancelled(Program& program) { leaveWorkshop(program); }
 
 void resized(Program& program, Size size) {
   hideRegions(program);
+  workshopResized(program);
   preparationResized(program);
   const ProgramState& s = program.state;
   if (s.phase != Phase::title && s.phase != Phase::drawing) return;

@@ -59,7 +59,8 @@ void pasteAsked(Program& program);
 /// Any key or click while the view of regions stands, also one that no phase knows: it closes that.
 void viewDismissed(Program& program);
 
-/// What a person does in the panel that makes a picture ready; nothing while it is closed.
+/// What a person does in the workshop and on its page that makes a picture ready; nothing while it is closed.
+/// What is done with tools goes to session/workshop.h at once.
 void preparationChanged(Program& program, const PrepareSettings& settings);
 void preparedAccepted(Program& program);
 void pictureAcceptedAsItIs(Program& program);

@@ -3,6 +3,7 @@
 #include "drawings/drawing_files.h"
 #include "menus/pump.h"
 #include "session/stages.h"
+#include "session/workshop.h"
 
 namespace gridwright {
 
@@ -20,6 +21,7 @@ void runProgram(Program& program) {
 void finishProgram(Program& program) {
   program.files->tellThrough({});  // nobody is there to read it any more
   keepLastDrawing(program);
+  keepLastSheet(program);
   program.platform.endOfPages();
 }
 

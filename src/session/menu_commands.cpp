@@ -24,6 +24,7 @@
 #include "session/prepare_panel.h"
 #include "session/setting_commands.h"
 #include "session/show_regions.h"
+#include "session/workshop.h"
 #include "solve/finish_methods.h"
 #include "solve/placesandf.h"
 #include "solve/play.h"
@@ -116,6 +117,7 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::newwallsize, newwallsize},
     {Item::openpicture, openpicture},
     {Item::pastepicture, pastepicture},
+    {Item::workshop, workshop},
     {Item::preparepicture, preparepicture},
     {Item::whiteground, whiteground},
     {Item::showregions, showregions},

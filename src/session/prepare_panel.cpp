@@ -3,22 +3,30 @@
 #include <algorithm>
 #include <utility>
 
-#include "colours/colour_editor.h"
 #include "drawings/import_drawing.h"
-#include "menus/panels.h"
 #include "pictures/on_paper.h"
 #include "session/arrivals.h"
+#include "session/workshop.h"
 #include "state/grid.h"
 
 namespace gridwright {
 
 namespace {
 
+/// The first picture is made as large as the window; another one may be as large as the sheet that it comes
+/// onto, and its colours mean what they mean there.
 PrepareGround groundOf(Program& program) {
-  return {canvasFor(program.platform.clientSize()), program.state.wallWidth, program.state.mazeKind};
+  const Workshop& w = program.workshop;
+  const ProgramState& s = program.state;
+  if (w.firstFills)
+    return {canvasFor(program.platform.clientSize()), s.wallWidth, s.mazeKind, startingSets()};
+  return {w.sheet->size(), s.wallWidth, s.mazeKind, w.sets()};
 }
 
-void use(Program& program);
+bool isBlank(const Bitmap& picture) {
+  return std::all_of(picture.pixels.begin(), picture.pixels.end(),
+                     [](Colour pixel) { return pixel == kPaper; });
+}
 
 void made(Program& program, std::uint64_t asked, std::shared_ptr<const Prepared> prepared) {
   PreparePanel& panel = program.prepare;
@@ -27,7 +35,7 @@ void made(Program& program, std::uint64_t asked, std::shared_ptr<const Prepared>
   panel.made = std::move(prepared);
   panel.working = false;
   ++panel.revision;
-  if (panel.useWhenMade) use(program);
+  if (panel.useWhenMade) useWorkshop(program);
 }
 
 void prepareAnew(Program& program) {
@@ -43,39 +51,20 @@ void prepareAnew(Program& program) {
       });
 }
 
-void close(Program& program) {
-  PreparePanel& panel = program.prepare;
-  panel.open = panel.working = panel.useWhenMade = false;
-  panel.picture.reset();
-  panel.preparation.reset();
-  panel.made.reset();
-  ++panel.asked;
-  ++panel.revision;
-  releaseWindow(program);
-}
-
-void use(Program& program) {
-  const auto prepared = program.prepare.made;
-  close(program);
-  takeInDrawing(program, [prepared](Program& p) {
-    resetcolors(p);
-    takePicture(p, prepared->picture);
-  });
-}
-
 }  // namespace
 
 void openPreparePanel(Program& program, std::shared_ptr<const Picture> picture) {
-  program.platform.maximise();
-  holdWindowOverScreen(program);
+  openWorkshop(program, true);
   PreparePanel& panel = program.prepare;
+  closePreparation(program);
   panel.open = true;
   panel.settings = {};
+  panel.settings.asItsSize = !program.workshop.firstFills && !isBlank(program.workshop.sheet->picture());
   panel.ground = groundOf(program);
   panel.preparation = std::make_shared<Preparation>(*picture, program.platform.pictureWork());
   panel.picture = std::move(picture);
-  panel.made.reset();
   prepareAnew(program);
+  turnPage(program, WorkshopPage::prepare);
 }
 
 void preparepicture(Program& program) {
@@ -91,23 +80,23 @@ void changePreparation(Program& program, PrepareSettings settings) {
   prepareAnew(program);
 }
 
-void usePrepared(Program& program) {
-  PreparePanel& panel = program.prepare;
-  if (!panel.open) return;
-  panel.useWhenMade = panel.working;
-  if (!panel.working) use(program);
-}
-
 void usePictureAsItIs(Program& program) {
   const PreparePanel& panel = program.prepare;
   if (!panel.open || !panel.fitsAsItIs()) return;
   const auto picture = panel.picture;
-  close(program);
+  leaveWorkshop(program);
   takeInDrawing(program, [picture](Program& p) { takePicture(p, onPaper(picture->asItIs())); });
 }
 
-void cancelPreparation(Program& program) {
-  if (program.prepare.open) close(program);
+void closePreparation(Program& program) {
+  PreparePanel& panel = program.prepare;
+  if (!panel.open) return;
+  panel.open = panel.working = panel.useWhenMade = false;
+  panel.picture.reset();
+  panel.preparation.reset();
+  panel.made.reset();
+  ++panel.asked;
+  ++panel.revision;
 }
 
 void preparationResized(Program& program) {

@@ -19,6 +19,7 @@ struct MenuTip {
 inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::openpicture, "a picture of any format, or a drawing, from any folder"},
     {Item::pastepicture, "the picture that another program has copied"},
+    {Item::workshop, "words, shapes, stamps and the mouse, on a sheet that becomes the drawing"},
     {Item::preparepicture, "few colours, clear outlines and white paper for what is on the Canvas"},
     {Item::showregions, "the regions of this drawing in colours, and how many cells they have"},
     {Item::whiteground, "pages without the ground round the picture, which prints white"},

@@ -14,6 +14,7 @@
 #include "canvas/geometry.h"
 #include "canvas/outcome.h"
 #include "files/bitmap_files.h"
+#include "pictures/ink_work.h"
 #include "pictures/picture.h"
 #include "pictures/picture_work.h"
 #include "state/modes.h"
@@ -116,6 +117,15 @@ class Platform : public BitmapFiles {
 
   /// What pictures are worked on with; from any thread.
   virtual PictureWork& pictureWork() = 0;
+
+  /// What letters and stamps are had from; in the program's own thread.
+  virtual InkWork& inkWork() = 0;
+
+  /// Writes a PNG whose pixels are just these, over what is there, by way of a file beside it.
+  virtual Outcome<Done> savePng(const BitmapView& picture, const std::filesystem::path& path) = 0;
+
+  /// Opens a file with the program that this desktop has for its kind. \returns whether there is one.
+  virtual bool openElsewhere(const std::filesystem::path& file) = 0;
 
   /// Asks a person for a picture or a drawing.
   /// \returns nothing when there was no choice.

@@ -22,6 +22,7 @@
 #include "state/prepare_panel.h"
 #include "state/program_state.h"
 #include "state/random.h"
+#include "state/workshop.h"
 
 namespace gridwright {
 
@@ -47,6 +48,7 @@ struct Program {
   StepFiles steps;
 
   PreparePanel prepare;
+  Workshop workshop;
   RegionsView regions;
   std::vector<std::filesystem::path> recent;  ///< Opened from anywhere, the last first, at most ten.
   std::function<void(Program&)> whenDrawing;  ///< Waits for the stage of drawing, which runs it once.

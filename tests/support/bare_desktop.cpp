@@ -88,6 +88,12 @@ Outcome<FileMark> BareDesktop::saveBitmap(const BitmapView& picture, const std::
   return FileMark{};
 }
 
+Outcome<Done> BareDesktop::savePng(const BitmapView& picture, const std::filesystem::path& path) {
+  const auto saved = saveBitmap(picture, path, Overwrite::atOnce);
+  if (!saved) return saved.fault();
+  return Done{};
+}
+
 void BareDesktop::workBeside(Program& program, Work asked) {
   if (worksLater) {
     workUnderWay = std::move(asked);

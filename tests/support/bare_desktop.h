@@ -16,6 +16,7 @@
 #include "state/menu_tree.h"
 #include "state/platform.h"
 #include "state/program.h"
+#include "support/plain_ink.h"
 #include "support/plain_work.h"
 
 namespace gridwright::test {
@@ -59,6 +60,12 @@ class BareDesktop : public Platform {
   void workBeside(Program& program, Work work) override;
   Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
   PictureWork& pictureWork() override { return work; }
+  InkWork& inkWork() override { return ink; }
+  Outcome<Done> savePng(const BitmapView& picture, const std::filesystem::path& path) override;
+  bool openElsewhere(const std::filesystem::path& file) override {
+    openedElsewhere.push_back(file);
+    return opensElsewhere;
+  }
   std::optional<std::filesystem::path> choosePicture() override { return chosen; }
   Outcome<Pasted> pasted() override { return clipboard; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
@@ -92,6 +99,9 @@ class BareDesktop : public Platform {
   std::optional<std::filesystem::path> chosen;                 ///< In the dialog.
   Outcome<Pasted> clipboard = Fault{Fault::Kind::notFound, "there is no picture to paste"};
   PlainWork work;
+  PlainInk ink;
+  std::vector<std::filesystem::path> openedElsewhere;
+  bool opensElsewhere = true;
   bool worksLater = false;           ///< Work beside the program waits.
   std::optional<Work> workUnderWay;  ///< The newest.
   std::vector<WindowState> states;   ///< As the program set them.

@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "platform/headless/headless_desktop.h"
+#include "session/workshop.h"
 #include "state/program.h"
 
 namespace gridwright {
@@ -73,9 +74,14 @@ void HeadlessDesktop::expectControl(const Program& program) {
   if (!holds) fail("it is not");
 }
 
-void HeadlessDesktop::expectText(const Program& program) {
+void HeadlessDesktop::expectText(Program& program) {
   if (word(2) == "prepareline") {
     compare("the line", program.prepare.line, text());
+  } else if (word(2) == "sheetline") {
+    countSheet(program);
+    compare("the line", program.workshop.line, text());
+  } else if (word(2) == "sheetnote") {
+    compare("the note", sheetNote(program), text());
   } else if (const auto item = itemNamed(word(2))) {
     compare("the caption", program.menus.caption(*item), text());
   } else if (const auto id = controlNamed(word(2))) {

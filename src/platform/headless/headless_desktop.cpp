@@ -10,6 +10,7 @@
 #include "platform/shared/end_signals.h"
 #include "platform/shared/image_files.h"
 #include "session/input.h"
+#include "session/workshop.h"
 #include "state/program.h"
 
 namespace gridwright {
@@ -19,7 +20,10 @@ constexpr std::int64_t kPatience = 50'000'000;  // pumps that `until` waits
 }
 
 HeadlessDesktop::HeadlessDesktop(std::string scriptName, std::string_view source, HeadlessOptions options)
-    : scriptName_(std::move(scriptName)), lines_(readScript(source)), options_(std::move(options)) {}
+    : scriptName_(std::move(scriptName)),
+      lines_(readScript(source)),
+      options_(std::move(options)),
+      ink_(options_.contentFolder / "stamps") {}
 
 Size HeadlessDesktop::maximise() {
   windowState_ = WindowState::maximised;
@@ -90,7 +94,13 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"close", &HeadlessDesktop::close},       {"open", &HeadlessDesktop::open},
       {"paste", &HeadlessDesktop::paste},       {"prepare", &HeadlessDesktop::prepare},
       {"accept", &HeadlessDesktop::accept},     {"asitis", &HeadlessDesktop::asitis},
-      {"cancel", &HeadlessDesktop::cancel},
+      {"cancel", &HeadlessDesktop::cancel},     {"newsheet", &HeadlessDesktop::newsheet},
+      {"tool", &HeadlessDesktop::tool},         {"press", &HeadlessDesktop::press},
+      {"drag", &HeadlessDesktop::drag},         {"release", &HeadlessDesktop::release},
+      {"words", &HeadlessDesktop::words},       {"stamp", &HeadlessDesktop::stamp},
+      {"place", &HeadlessDesktop::place},       {"undo", &HeadlessDesktop::undo},
+      {"redo", &HeadlessDesktop::redo},         {"sheet", &HeadlessDesktop::sheet},
+      {"copyfile", &HeadlessDesktop::copyfile}, {"editelsewhere", &HeadlessDesktop::editelsewhere},
   });
   applyEnableTableIfChanged(program);
   const auto* verb =
@@ -211,6 +221,10 @@ HeadlessDesktop::Turn HeadlessDesktop::mouse(Program& program, const ScriptLine&
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::tick(Program& program, const ScriptLine&) {
+  if (word(1) == "sheetwatch") {
+    watchSheetFile(program);
+    return Turn::givePump;
+  }
   const auto id = controlNamed(word(1));
   if (!id || rowOf(*id).kind != ControlKind::timer) refuse("no such timer: " + word(1));
   if (!program.controls[*id].enabled || program.controls[*id].interval <= 0)

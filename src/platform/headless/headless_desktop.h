@@ -15,6 +15,7 @@
 
 #include "platform/headless/script.h"
 #include "platform/pictures/leptonica_work.h"
+#include "platform/pictures/qt_ink.h"
 #include "platform/shared/image_files.h"
 #include "state/field_names.h"
 #include "state/platform.h"
@@ -60,6 +61,12 @@ class HeadlessDesktop : public Platform {
   void workBeside(Program& program, Work work) override { work()(program); }
   Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
   PictureWork& pictureWork() override { return pictureWork_; }
+  InkWork& inkWork() override;
+  Outcome<Done> savePng(const BitmapView& picture, const std::filesystem::path& path) override {
+    return writePngFile(picture, path);
+  }
+  /// The script's `copyfile` does what another program would.
+  bool openElsewhere(const std::filesystem::path&) override { return true; }
   /// Nobody is there to choose.
   std::optional<std::filesystem::path> choosePicture() override { return std::nullopt; }
   Outcome<Pasted> pasted() override;
@@ -110,11 +117,24 @@ class HeadlessDesktop : public Platform {
   Turn accept(Program& program, const ScriptLine& line);
   Turn asitis(Program& program, const ScriptLine& line);
   Turn cancel(Program& program, const ScriptLine& line);
+  Turn newsheet(Program& program, const ScriptLine& line);
+  Turn tool(Program& program, const ScriptLine& line);
+  Turn press(Program& program, const ScriptLine& line);
+  Turn drag(Program& program, const ScriptLine& line);
+  Turn release(Program& program, const ScriptLine& line);
+  Turn words(Program& program, const ScriptLine& line);
+  Turn stamp(Program& program, const ScriptLine& line);
+  Turn place(Program& program, const ScriptLine& line);
+  Turn undo(Program& program, const ScriptLine& line);
+  Turn redo(Program& program, const ScriptLine& line);
+  Turn sheet(Program& program, const ScriptLine& line);
+  Turn editelsewhere(Program& program, const ScriptLine& line);
+  Turn copyfile(Program& program, const ScriptLine& line);
 
   void expectPixel(const Program& program);
   void expectMenu(const Program& program);
   void expectControl(const Program& program);
-  void expectText(const Program& program);
+  void expectText(Program& program);
 
   // Refuse an input (2) or fail an expectation (1) at the present line.
   [[noreturn]] void refuse(const std::string& reason) const;
@@ -126,7 +146,10 @@ class HeadlessDesktop : public Platform {
   [[nodiscard]] ControlId liveControl(const Program& program, ControlKind kind) const;
   [[nodiscard]] std::filesystem::path pathWord(const Program& program) const;
   Turn menuEntry(Program& program, Item item);
-  void holdPanelOpen(const Program& program) const;
+  void holdPictureOpen(const Program& program) const;
+  void holdWorkshopOpen(const Program& program) const;
+  void holdUnderstood(const std::string& word) const;
+  Turn atPlace(Program& program, void (*act)(Sheet&, Corner));
   void savePicture(const Program& program, const BitmapView& picture);
   void keepPage(const BitmapView& picture);
 
@@ -139,6 +162,7 @@ class HeadlessDesktop : public Platform {
   std::string lastMessage_;
   std::filesystem::path clipboard_;  // the picture that the script pasted last
   LeptonicaWork pictureWork_;
+  QtInk ink_;
   std::uint32_t seed_ = 0;
 
   std::int64_t keysLeft_ = 0;  // of `key CODE COUNT`

@@ -33,10 +33,9 @@ Outcome<std::vector<int>> numberList(std::string_view word) {
 
 /// One of the words "colours=6" and its like. \returns whether it was understood.
 bool readSetting(std::string_view word, PrepareSettings& settings) {
-  const std::size_t equals = word.find('=');
-  if (equals == std::string_view::npos) return false;
-  const std::string_view name = word.substr(0, equals);
-  const std::string_view value = word.substr(equals + 1);
+  const auto parts = settingIn(word);
+  if (!parts) return false;
+  const auto [name, value] = *parts;
   const auto within = [&](int least, int most, int& setting) {
     const auto number = wholeNumber(value);
     if (!number || number.value() < least || number.value() > most) return false;
@@ -114,12 +113,16 @@ HeadlessDesktop::Turn HeadlessDesktop::paste(Program& program, const ScriptLine&
   return Turn::givePump;
 }
 
-void HeadlessDesktop::holdPanelOpen(const Program& program) const {
+void HeadlessDesktop::holdPictureOpen(const Program& program) const {
   if (!program.prepare.open) refuse("no picture is being prepared");
 }
 
+void HeadlessDesktop::holdWorkshopOpen(const Program& program) const {
+  if (!program.workshop.open) refuse("the workshop is not open");
+}
+
 HeadlessDesktop::Turn HeadlessDesktop::prepare(Program& program, const ScriptLine& line) {
-  holdPanelOpen(program);
+  holdPictureOpen(program);
   PrepareSettings settings = program.prepare.settings;
   settings.grow.reset();
   for (std::size_t i = 1; i < line.words.size(); ++i) {
@@ -130,20 +133,20 @@ HeadlessDesktop::Turn HeadlessDesktop::prepare(Program& program, const ScriptLin
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::accept(Program& program, const ScriptLine&) {
-  holdPanelOpen(program);
+  holdWorkshopOpen(program);
   input::preparedAccepted(program);
   return Turn::givePump;
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::asitis(Program& program, const ScriptLine&) {
-  holdPanelOpen(program);
+  holdPictureOpen(program);
   if (!program.prepare.fitsAsItIs()) refuse("the Canvas does not hold the picture as it is");
   input::pictureAcceptedAsItIs(program);
   return Turn::givePump;
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::cancel(Program& program, const ScriptLine&) {
-  holdPanelOpen(program);
+  holdWorkshopOpen(program);
   input::preparationCancelled(program);
   return Turn::givePump;
 }

@@ -11,6 +11,7 @@ namespace {
 ScriptLine cut(std::string_view line, int number) {
   ScriptLine cut;
   cut.number = number;
+  cut.whole = line;
   const std::size_t first = line.find('"');
   const std::size_t last = line.rfind('"');
   std::string_view words = line;
@@ -44,6 +45,36 @@ std::vector<ScriptLine> readScript(std::string_view source) {
     if (!parts.words.empty()) lines.push_back(std::move(parts));
   }
   return lines;
+}
+
+std::vector<std::string> quotedWords(std::string_view line) {
+  std::vector<std::string> words;
+  bool isQuoted = false, isWord = false;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    const char letter = line[i];
+    const bool isBlank = letter == ' ' || letter == '\t' || letter == '\r';
+    if (isBlank && !isQuoted) {
+      isWord = false;
+      continue;
+    }
+    if (!isWord) words.emplace_back();
+    isWord = true;
+    if (letter == '"') {
+      isQuoted = !isQuoted;
+    } else if (isQuoted && letter == '\\' && line.substr(i + 1, 1) == "n") {
+      words.back() += '\n';
+      ++i;
+    } else {
+      words.back() += letter;
+    }
+  }
+  return words;
+}
+
+std::optional<ScriptSetting> settingIn(std::string_view word) {
+  const std::size_t equals = word.find('=');
+  if (equals == std::string_view::npos) return std::nullopt;
+  return ScriptSetting{word.substr(0, equals), word.substr(equals + 1)};
 }
 
 Outcome<std::int64_t> wholeNumber(std::string_view word) {

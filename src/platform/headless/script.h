@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +18,19 @@ struct ScriptLine {
   std::vector<std::string> words;
   std::string text;
   bool hasText = false;
+  std::string whole;  ///< As it stands.
 };
+
+/// A line cut at its blanks, but for those between double quotes, which may stand anywhere in a word and are
+/// left out; within them \n is a new line. A quote that is never closed reaches to the end.
+std::vector<std::string> quotedWords(std::string_view line);
+
+/// One of the words "name=value".
+struct ScriptSetting {
+  std::string_view name, value;
+};
+/// \returns nothing where the word has no equals sign.
+std::optional<ScriptSetting> settingIn(std::string_view word);
 
 /// The lines that hold a command; blank ones and comments are left out.
 std::vector<ScriptLine> readScript(std::string_view source);

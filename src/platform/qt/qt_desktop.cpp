@@ -34,12 +34,6 @@ QString placeOf(const ProgramState& s, const Square& square) {
   return qString(placeWords(cellsOf(s, square)));
 }
 
-/// Opens a file with the program that this desktop has for its kind.
-/// \returns whether there is one.
-bool openOnDesktop(const std::filesystem::path& file) {
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.c_str())));
-}
-
 }  // namespace
 
 QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
@@ -47,6 +41,7 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
       controls_(window_.view(), inputs_,
                 [this](ControlId swatch, Qt::MouseButton button) { swatchPressed(swatch, button); }),
       printing_(workFolder),
+      ink_(contentFolderOfProgram() / "stamps"),
       prepareFrame_(new PanelFrame(&window_.view())),
       preparePage_(new PreparePage(prepareFrame_)) {
   listenToPage();
@@ -67,7 +62,7 @@ void QtDesktop::listenToWindow() {
     inputs_.byPerson([button](Program& program) { input::mouseDown(program, button); });
   };
   window_.statusLine().onOpen = [this](const std::filesystem::path& file) {
-    if (openOnDesktop(file)) return;
+    if (openElsewhere(file)) return;
     inputs_.byPerson([file](Program& program) {
       program.notices.tell("no program on this desktop opens " + file.filename().string());
     });
@@ -267,6 +262,14 @@ void QtDesktop::messageBox(std::string_view text) {
   QMessageBox box(QMessageBox::NoIcon, QString(), qString(text), QMessageBox::Ok, &window_);
   box.setTextFormat(Qt::PlainText);
   box.exec();
+}
+
+bool QtDesktop::openElsewhere(const std::filesystem::path& file) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.c_str())));
+}
+
+Outcome<Done> QtDesktop::savePng(const BitmapView& picture, const std::filesystem::path& path) {
+  return writePngFile(picture, path);
 }
 
 Outcome<Bitmap> QtDesktop::loadBitmap(const std::filesystem::path& path) { return readBitmapFile(path); }

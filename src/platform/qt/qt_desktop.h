@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "platform/pictures/leptonica_work.h"
+#include "platform/pictures/qt_ink.h"
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/menu_mirror.h"
@@ -42,6 +43,9 @@ class QtDesktop : public Platform {
   void workBeside(Program& program, Work work) override;
   Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
   PictureWork& pictureWork() override { return pictureWork_; }
+  InkWork& inkWork() override { return ink_; }
+  Outcome<Done> savePng(const BitmapView& picture, const std::filesystem::path& path) override;
+  bool openElsewhere(const std::filesystem::path& file) override;
   std::optional<std::filesystem::path> choosePicture() override;
   Outcome<Pasted> pasted() override;
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
@@ -92,6 +96,7 @@ class QtDesktop : public Platform {
   MenuMirror menus_;
   ControlMirror controls_;
   Printing printing_;
+  QtInk ink_;
   PanelFrame* prepareFrame_;
   PreparePage* preparePage_;
   std::uint64_t prepareShown_ = 0, regionsShown_ = 0;

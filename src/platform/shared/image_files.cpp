@@ -1,5 +1,6 @@
 #include "platform/shared/image_files.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QMarginsF>
@@ -48,6 +49,17 @@ QImage imageOf(const BitmapView& picture) {
 Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const std::filesystem::path& path,
                                   Overwrite how) {
   return replacePlainFile(path, encodeBitmapFile(picture), how);
+}
+
+Outcome<Done> writePngFile(const BitmapView& picture, const std::filesystem::path& path) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  if (!buffer.open(QIODevice::WriteOnly) || !imageOf(picture).save(&buffer, "PNG"))
+    return Fault{Fault::Kind::notWritable, path.string()};
+  const auto written =
+      replacePlainFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())}, Overwrite::atOnce);
+  if (!written) return written.fault();
+  return Done{};
 }
 
 void turnPageTo(QPagedPaintDevice& device, const BitmapView& picture) {

@@ -24,6 +24,9 @@ Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
 Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const std::filesystem::path& path,
                                   Overwrite how = Overwrite::atOnce);
 
+/// Writes a PNG of just these pixels by way of a file beside it that is renamed.
+Outcome<Done> writePngFile(const BitmapView& picture, const std::filesystem::path& path);
+
 QImage imageOf(const BitmapView& picture);
 
 /// Turns the device's page to the picture's shape; to be called before its page begins.

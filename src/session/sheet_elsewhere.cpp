@@ -1,0 +1,56 @@
+// The workshop's sheet in another program: written as a picture, and looked at when that program saves it.
+#include <algorithm>
+#include <memory>
+
+#include "pictures/on_paper.h"
+#include "session/prepare_panel.h"
+#include "session/workshop.h"
+
+namespace gridwright {
+
+namespace {
+
+constexpr std::string_view kSheetFile = "sheet.png";
+
+/// Whether a sheet can hold the picture as it is.
+bool isSheet(const Picture& picture) {
+  if (!picture.isWholeAsItIs() || picture.own.width > Sheet::kSide || picture.own.height > Sheet::kSide)
+    return false;
+  return inInks(onPaper(picture.asItIs())).others == 0;
+}
+
+}  // namespace
+
+void editelsewhere(Program& program) {
+  Workshop& w = program.workshop;
+  if (!w.open) return;
+  w.sheet->endStroke();
+  const std::filesystem::path file = program.files->resolve(kSheetFile);
+  if (const auto saved = program.platform.savePng(w.sheet->picture(), file); !saved) {
+    program.notices.tell("sheet.png could not be written: " + saved.fault().words);
+    return;
+  }
+  w.elsewhere = file;
+  w.mark = markOf(file);
+  ++w.revision;
+  if (!program.platform.openElsewhere(file))
+    program.notices.tell("no program on this desktop opens sheet.png");
+}
+
+void watchSheetFile(Program& program) {
+  Workshop& w = program.workshop;
+  if (!w.open || w.elsewhere.empty()) return;
+  const auto mark = markOf(w.elsewhere);
+  if (!mark || mark == w.mark) return;
+  const auto read = program.platform.readPicture(w.elsewhere, w.sheet->size());
+  if (!read) return;  // half written, perhaps: it is looked at again
+  w.mark = mark;
+  if (!isSheet(read.value())) {
+    openPreparePanel(program, std::make_shared<const Picture>(read.value()));
+    return;
+  }
+  onSheet(program, [&](Sheet& sheet) { sheet.replace(onPaper(read.value().asItIs()), sheet.meaning()); });
+  turnPage(program, WorkshopPage::sheet);
+}
+
+}  // namespace gridwright

@@ -1,0 +1,184 @@
+#include "session/workshop.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "canvas/free_cell.h"
+#include "colours/colour_editor.h"
+#include "drawings/drawing_files.h"
+#include "drawings/import_drawing.h"
+#include "menus/panels.h"
+#include "session/arrivals.h"
+#include "session/prepare_panel.h"
+#include "state/grid.h"
+
+namespace gridwright {
+
+namespace {
+
+std::string wordsOf(Size size) { return std::to_string(size.width) + "x" + std::to_string(size.height); }
+
+/// What is on the Canvas as a sheet holds it: its ground is paper.
+InkPicture drawingInInks(const Program& program) {
+  Bitmap drawing = program.canvas.image();
+  std::replace(drawing.pixels.begin(), drawing.pixels.end(), program.canvas.backColor(), kPaper);
+  return inInks(drawing);
+}
+
+/// Whether two pictures show the same, each with paper all round it.
+bool showSame(const Bitmap& one, const Bitmap& other) {
+  const Size both{std::max(one.width, other.width), std::max(one.height, other.height)};
+  return resized(one, both) == resized(other, both);
+}
+
+/// The drawing comes onto the sheet where it is not what the sheet was last used or left for.
+void takeTheDrawing(Program& program) {
+  Workshop& w = program.workshop;
+  if (program.state.phase != Phase::drawing) return;  // a maze is no drawing
+  InkPicture drawing = drawingInInks(program);
+  if (showSame(drawing.picture, w.seen)) return;
+  w.sheet->replace(drawing.picture, Meaning::ofTheDrawing);
+  if (drawing.others > 0) {
+    w.note = std::to_string(drawing.others) +
+             " pixels had colours that the sheet does not hold: they have the nearest";
+  }
+  w.seen = std::move(drawing.picture);
+}
+
+void closeWorkshop(Program& program) {
+  Workshop& w = program.workshop;
+  w.sheet->endStroke();
+  w.open = w.firstFills = false;
+  w.placed.reset();
+  w.note.clear();
+  w.page = WorkshopPage::sheet;
+  ++w.revision;
+  closePreparation(program);
+  releaseWindow(program);
+}
+
+}  // namespace
+
+void workshop(Program& program) { openWorkshop(program, false); }
+
+void openWorkshop(Program& program, bool forPicture) {
+  Workshop& w = program.workshop;
+  if (w.open) return;
+  const ProgramState& s = program.state;
+  w.canvas = canvasFor(program.platform.maximise());
+  holdWindowOverScreen(program);
+  if (!w.sheet) w.sheet = std::make_unique<Sheet>(w.canvas);
+  const int pitch = pitchOf(s.wallWidth, s.mazeKind);
+  w.sheet->setPitch({pitch, pitch, s.wallWidth});
+  w.drawingSets = program.colours;
+  w.open = true;
+  w.firstFills = forPicture;
+  takeTheDrawing(program);
+  w.acted = false;
+  w.countedAt = 0;
+  ++w.revision;
+}
+
+void useWorkshop(Program& program) {
+  Workshop& w = program.workshop;
+  if (!w.open) return;
+  if (program.prepare.open) {
+    if (program.prepare.working) {
+      program.prepare.useWhenMade = true;
+      return;
+    }
+    placePrepared(program, std::nullopt, std::nullopt);
+  }
+  w.sheet->endStroke();
+  const bool isPainted = w.acted || !showSame(w.sheet->picture(), w.seen);
+  Bitmap picture = resized(w.sheet->picture(), w.canvas);
+  const bool resets = w.sheet->meaning() == Meaning::ofTheStart;
+  closeWorkshop(program);
+  if (!isPainted) return;
+  w.seen = picture;
+  w.sheet->setMeaning(Meaning::ofTheDrawing);
+  takeInDrawing(program, [picture = std::move(picture), resets](Program& p) {
+    if (resets) resetcolors(p);
+    takePicture(p, picture);
+  });
+}
+
+void leaveWorkshop(Program& program) {
+  if (program.workshop.open) closeWorkshop(program);
+}
+
+void onSheet(Program& program, const std::function<void(Sheet&)>& act) {
+  Workshop& w = program.workshop;
+  if (!w.open) return;
+  const std::uint64_t before = w.sheet->revision();
+  const ToolSettings tool = w.sheet->settings();
+  act(*w.sheet);
+  if (w.sheet->revision() != before) {
+    w.acted = true;
+    w.placed.reset();
+    w.note.clear();
+  }
+  if (w.sheet->revision() != before || w.sheet->settings() != tool) ++w.revision;
+}
+
+void newsheet(Program& program) {
+  onSheet(program, [&](Sheet& sheet) { sheet.newsheet(program.workshop.canvas); });
+}
+
+void turnPage(Program& program, WorkshopPage page) {
+  Workshop& w = program.workshop;
+  if (!w.open || w.page == page || (page == WorkshopPage::prepare && !program.prepare.open)) return;
+  w.sheet->endStroke();
+  w.page = page;
+  ++w.revision;
+}
+
+void choosePictureForSheet(Program& program) {
+  if (program.workshop.open) openpicture(program);
+}
+
+void countSheet(Program& program) {
+  Workshop& w = program.workshop;
+  if (!w.sheet || w.countedAt == w.sheet->revision()) return;
+  w.countedAt = w.sheet->revision();
+  const ProgramState& s = program.state;
+  w.map = mapRegions(w.sheet->picture(), w.sets(), gridOn(w.sheet->size(), s.wallWidth, s.mazeKind));
+  w.line = regionLine(w.map.count);
+  ++w.revision;
+}
+
+std::string sheetNote(const Program& program) {
+  const Workshop& w = program.workshop;
+  if (!w.sheet) return {};
+  std::string note = w.sheet->note();
+  const auto add = [&](const std::string& words) {
+    note += (note.empty() || words.empty() ? "" : "; ") + words;
+  };
+  add(w.note);
+  if (w.sheet->size() != w.canvas) {
+    const bool isCut = w.sheet->size().width > w.canvas.width || w.sheet->size().height > w.canvas.height;
+    add("the sheet is " + wordsOf(w.sheet->size()) + ", the Canvas " + wordsOf(w.canvas) + ": Use " +
+        (isCut ? "cuts it" : "fills it up with paper"));
+  }
+  return note;
+}
+
+void keepLastSheet(Program& program) {
+  Workshop& w = program.workshop;
+  if (!w.sheet) return;
+  w.sheet->endStroke();
+  const Bitmap& picture = w.sheet->picture();
+  const bool isBlank =
+      std::all_of(picture.pixels.begin(), picture.pixels.end(), [](Colour pixel) { return pixel == kPaper; });
+  if (!isBlank) keepSheet(program, picture);
+}
+
+void workshopResized(Program& program) {
+  Workshop& w = program.workshop;
+  const Size canvas = canvasFor(program.platform.clientSize());
+  if (!w.open || canvas == w.canvas) return;
+  w.canvas = canvas;
+  ++w.revision;
+}
+
+}  // namespace gridwright
