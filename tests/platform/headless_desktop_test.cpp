@@ -348,10 +348,29 @@ TEST(Inputs, AreNeverLostAlthoughOnePumpTakesOne) {
 TEST(APictureLine, ThatAPersonCouldNotGiveStopsTheScript) {
   Twin t;
   EXPECT_EQ(t.run(kDrawing + "prepare colours=4\n").words, "s.txt:5: no picture is being prepared");
-  for (const std::string line : {"accept", "asitis", "cancel"}) {
+  EXPECT_EQ(t.run(kDrawing + "asitis\n").words, "s.txt:5: no picture is being prepared");
+  for (const std::string line :
+       {"accept", "cancel", "newsheet", "tool pencil", "press 1 1", "drag 1 1", "release 1 1", "words \"A\"",
+        "stamp heart", "place", "undo", "redo", "editelsewhere"}) {
     const Ended ended = t.run(kDrawing + line + "\n");
     EXPECT_EQ(ended.status, 2) << line;
-    EXPECT_EQ(ended.words, "s.txt:5: no picture is being prepared") << line;
+    EXPECT_EQ(ended.words, "s.txt:5: the workshop is not open") << line;
+  }
+  EXPECT_EQ(t.run(kDrawing + "sheet x.bmp\n").words, "s.txt:5: there is no sheet yet");
+  const auto inWorkshop = [&](const std::string& line) {
+    return t.run(kDrawing + "menu workshop\n" + line + "\n").words;
+  };
+  EXPECT_EQ(inWorkshop("place"), "s.txt:6: there is no picture to place");
+  EXPECT_EQ(inWorkshop("tool brush"), "s.txt:6: no such tool: brush");
+  EXPECT_EQ(inWorkshop("stamp dog"), "s.txt:6: no such stamp: dog");
+  EXPECT_EQ(inWorkshop("words MIA"), "s.txt:6: a text in double quotes is missing");
+  for (const std::string setting : {"size=0", "size=51", "snap=2", "outline=x", "mirror=up", "colour=15",
+                                    "colour=white", "thick=1", "size"}) {
+    EXPECT_EQ(inWorkshop("tool line " + setting), "s.txt:6: not understood: " + setting);
+  }
+  for (const std::string setting :
+       {"height=0", "height=201", "colour=15", "bold=yes", "join=2", "frame=", "at=1", "at=a,b", "font="}) {
+    EXPECT_EQ(inWorkshop("words \"A\" " + setting), "s.txt:6: not understood: " + setting);
   }
   EXPECT_EQ(t.run(kDrawing + "open\n").words, "s.txt:5: a word is missing");
   EXPECT_EQ(t.run(kDrawing + "menu openrecent 1\n").words, "s.txt:5: no such entry: 1");

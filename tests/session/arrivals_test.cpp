@@ -158,10 +158,18 @@ TEST(UnderAPanel, APictureIsRefused) {
   expectRefused(v, "Not now: a panel is open");
 }
 
-TEST(UnderItsOwnPanelToo, APictureIsRefused) {
+TEST(InTheWorkshop, APictureComesToItsPageAndADrawingIsRefused) {
   Visit v;
-  v.bring({"/pictures/other.png"});
-  expectRefused(v, "Not now: a panel is open");
+  v.desktop.menu(Item::workshop);
+  v.bring({"/pictures/ready.png"});
+  v.desktop.look([](Program& p) {
+    EXPECT_TRUE(p.prepare.open) << "also one that is ready for a maze";
+    EXPECT_EQ(p.workshop.page, WorkshopPage::prepare);
+    EXPECT_FALSE(samePicture(p.canvas.image(), kReady));
+  });
+  v.bring({"/pictures/lion.maze"});
+  v.desktop.look([](Program& p) { EXPECT_EQ(p.notices.words(), "Not now: a panel is open"); });
+  v.finish();
 }
 
 TEST(InARun, APictureIsRefused) {

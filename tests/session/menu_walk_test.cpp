@@ -10,6 +10,7 @@
 #include "menus/enable_table.h"
 #include "menus/panels.h"
 #include "session/input.h"
+#include "session/workshop.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -64,6 +65,7 @@ const std::array kRows = {
     Row{Item::openrecent, ".xxxxx"},
     Row{Item::openexample, ".xxxxx"},
     Row{Item::pastepicture, ".xxxxx"},
+    Row{Item::workshop, ".x...."},
     Row{Item::preparepicture, ".x...."},
     Row{Item::whiteground, ".xxxxx"},
     Row{Item::showregions, ".x...."},
@@ -223,7 +225,7 @@ class Fidget {
       case 7:
         return input::menuClick(p, item());
       case 8:
-        return p.prepare.open ? preparation(p) : box(p);
+        return p.workshop.open ? atWorkshop(p) : box(p);
       case 9:
         return swatch(p);
       case 10:
@@ -286,6 +288,51 @@ class Fidget {
         return input::preparationChanged(p, settings);
     }
   }
+  void atWorkshop(Program& p) {
+    if (p.prepare.open && below(2) == 0) return preparation(p);
+    const auto place = [&] { return below(400) - 100; };
+    const std::optional<Corner> at = below(2) == 0 ? std::optional(Corner{place(), place()}) : std::nullopt;
+    const int x = place();
+    const int y = place();
+    switch (below(12)) {
+      case 0:
+        return onSheet(p, [&](Sheet& sheet) { sheet.press(x, y); });
+      case 1:
+        return onSheet(p, [&](Sheet& sheet) { sheet.drag(x, y, below(2) == 0); });
+      case 2:
+        return onSheet(p, [&](Sheet& sheet) { sheet.release(x, y); });
+      case 3:
+        return onSheet(p, [&](Sheet& sheet) { sheet.undo(); });
+      case 4:
+        return onSheet(p, [&](Sheet& sheet) { sheet.redo(); });
+      case 5:
+        return putStamp(p, {"star", below(20), below(15)}, at);
+      case 6:
+        return putWords(p, {}, at);
+      case 7:
+        return placePrepared(p, at,
+                             below(2) == 0 ? std::optional(Size{below(300), below(300)}) : std::nullopt);
+      case 8:
+        return movePlaced(p, {x, y}, {below(300), below(300)});
+      case 9:
+        return newsheet(p);
+      case 10:
+        return below(3) == 0 ? leaveWorkshop(p) : putPictureAway(p);
+      default:
+        return below(3) == 0 ? useWorkshop(p) : onSheet(p, [&](Sheet& sheet) { choose(sheet); });
+    }
+  }
+  void choose(Sheet& sheet) {
+    ToolSettings tool;
+    tool.tool = static_cast<Tool>(below(7));
+    tool.size = below(60);
+    tool.oneCell = below(4) == 0;
+    tool.snap = below(4) == 0;
+    tool.outline = below(2) == 0;
+    tool.mirror = static_cast<Mirror>(below(4));
+    tool.colour = below(17);
+    sheet.choose(tool);
+  }
   void arrival(Program& p, BareDesktop& desktop) {
     if (desktop.picturesElsewhere.empty()) {
       const Bitmap ready = drawing({"....", "...."});
@@ -334,7 +381,7 @@ bool isAtRest(const Program& p) {
 
 /// The way back to a drawing that is open to everybody: out of panels, to the title, and on.
 void leadBack(Program& p, int turn) {
-  if (p.prepare.open) return input::preparationCancelled(p);
+  if (p.workshop.open) return leaveWorkshop(p);
   for (const ControlId id : {ControlId::Text2, ControlId::Text7, ControlId::text1, ControlId::Text4,
                              ControlId::Text5, ControlId::Text6, ControlId::Text3, ControlId::Text8}) {
     if (p.controls[id].visible) return input::escapePressed(p, id);
