@@ -28,6 +28,7 @@ void Canvas::fill(int x1, int y1, int x2, int y2, Colour colour) {
     if (autoRedraw_) std::fill_n(persistent_.data() + index(left, y), run, ink);
   }
   touch(left, top, right, bottom);
+  if (autoRedraw_) noteKept(left, top, right, bottom);
 }
 
 void Canvas::line(int x1, int y1, int x2, int y2, Colour colour) {
@@ -49,6 +50,7 @@ void Canvas::outline(int x1, int y1, int x2, int y2, Colour colour) {
 void Canvas::cls() {
   if (autoRedraw_) {
     std::fill(persistent_.begin(), persistent_.end(), backColor_ & kColourBits);
+    noteKept(0, 0, kSide - 1, kSide - 1);
   }
   shown_ = persistent_;  // same size: copies in place
   touch(0, 0, kSide - 1, kSide - 1);
@@ -65,6 +67,7 @@ void Canvas::paintPicture(const Bitmap& source) {
     if (autoRedraw_) std::copy_n(shown, columns, persistent_.data() + index(0, y));
   }
   touch(0, 0, columns - 1, rows - 1);
+  if (autoRedraw_) noteKept(0, 0, columns - 1, rows - 1);
 }
 
 void Canvas::setPicture(const Bitmap& picture) {
@@ -80,6 +83,7 @@ void Canvas::setPicture(const Bitmap& picture) {
   }
   shown_ = persistent_;
   touch(0, 0, kSide - 1, kSide - 1);
+  noteKept(0, 0, kSide - 1, kSide - 1);
 }
 
 void Canvas::setBackColor(Colour colour) {
@@ -92,6 +96,7 @@ void Canvas::setBackColor(Colour colour) {
     }
   }
   touch(0, 0, kSide - 1, kSide - 1);
+  noteKept(0, 0, kSide - 1, kSide - 1);
 }
 
 Colour Canvas::shownPoint(int x, int y) const {
@@ -123,6 +128,45 @@ void Canvas::widen(Dirty& part, int left, int top, int right, int bottom) {
   part.top = std::min(part.top, top);
   part.right = std::max(part.right, right + 1);
   part.bottom = std::max(part.bottom, bottom + 1);
+}
+
+// Two strokes of a sweep are one box, a square and its mirrors four: what lies between them is not looked at.
+void Canvas::noteKept(int left, int top, int right, int bottom) {
+  const auto area = [](const Dirty& box) { return (box.right - box.left) * (box.bottom - box.top); };
+  const Dirty added{left, top, right + 1, bottom + 1};
+  for (std::size_t i = 0; i < kept_.count; ++i) {
+    Dirty& box = kept_.boxes[i];
+    Dirty both = box;
+    widen(both, left, top, right, bottom);
+    if (area(both) > area(box) + area(added)) continue;
+    box = both;
+    return;
+  }
+  if (kept_.count < kept_.boxes.size()) {
+    kept_.boxes[kept_.count++] = added;
+    return;
+  }
+  Dirty& all = kept_.boxes[0];
+  for (const Dirty& box : kept_.boxes) widen(all, box.left, box.top, box.right - 1, box.bottom - 1);
+  widen(all, left, top, right, bottom);
+  kept_.count = 1;
+}
+
+Canvas::KeptBoxes Canvas::takeKept() {
+  const KeptBoxes taken = kept_;
+  kept_.count = 0;
+  return taken;
+}
+
+void Canvas::putBack(const Dirty& box, const Colour* pixels) {
+  if (box.empty()) return;
+  const auto run = static_cast<std::size_t>(box.right - box.left);
+  for (int y = box.top; y < box.bottom; ++y, pixels += run) {
+    std::copy_n(pixels, run, persistent_.data() + index(box.left, y));
+    std::copy_n(pixels, run, shown_.data() + index(box.left, y));
+  }
+  touch(box.left, box.top, box.right - 1, box.bottom - 1);
+  noteKept(box.left, box.top, box.right - 1, box.bottom - 1);
 }
 
 Canvas::Dirty Canvas::takePainted() {

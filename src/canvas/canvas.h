@@ -12,6 +12,7 @@
 //  * A pixel that neither the picture nor a stroke has covered follows `setBackColor()`.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -108,6 +109,18 @@ class Canvas {
   /// The part of both planes that changed since `takePainted`, right and bottom excluded: for a routine
   /// that remembers what it has read.
   Dirty takePainted();
+  /// Boxes of the persistent plane that strokes went to since `takeKept`, beyond the visible part too, in no
+  /// order; they may overlap. For who keeps what stood there before.
+  struct KeptBoxes {
+    std::array<Dirty, 8> boxes;
+    std::size_t count = 0;
+  };
+  KeptBoxes takeKept();
+  /// A row of the persistent plane, with the marks of what a stroke has covered.
+  [[nodiscard]] const Colour* keptRow(int y) const { return persistent_.data() + index(0, y); }
+  /// Puts pixels back on both planes as `keptRow` gave them, with their marks: the box's rows, one after the
+  /// other. The box lies within the block.
+  void putBack(const Dirty& box, const Colour* pixels);
   /// Grows with every change of a pixel: what was read at the same count is still so.
   [[nodiscard]] std::uint64_t changes() const { return changes_; }
 
@@ -119,6 +132,7 @@ class Canvas {
   }
   void touch(int left, int top, int right, int bottom);
   static void widen(Dirty& part, int left, int top, int right, int bottom);
+  void noteKept(int left, int top, int right, int bottom);
   [[nodiscard]] BitmapView visiblePart(const std::vector<Colour>& plane) const {
     return {width_, height_, plane.data(), kSide};
   }
@@ -129,6 +143,7 @@ class Canvas {
   bool autoRedraw_ = true;
   Colour backColor_ = qb::white;
   Dirty dirty_, painted_;
+  KeptBoxes kept_;
   std::uint64_t changes_ = 0;
 };
 

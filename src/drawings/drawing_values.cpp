@@ -222,6 +222,27 @@ void markAll(Program& program, const Values& values) {
   showCreateItems(program);
 }
 
+/// The window first: squares are held against the Canvas that they will lie on.
+void takeWindow(Program& program, const Values& values) {
+  takeWindowPlace(program, values);
+  program.canvas.resize(program.platform.maximise());
+}
+
+void takeRecord(Program& program, const DrawingRecord& drawing) {
+  ProgramState& s = program.state;
+  s.files.lastSet.clear();
+  takeGeometry(program, drawing.values);
+  takeColours(program, drawing.values);
+  takeSettings(program, drawing.values);
+  for (std::size_t i = 0; i < drawing.lists.size(); ++i) {
+    const ListPlace place = listPlace(i);
+    program.steps.install(place.kind, place.direction, drawing.lists[i]);
+  }
+  program.platform.raise();
+  s.drawing.skipPaintOnce = s.drawing.firstPaint = true;
+  markAll(program, drawing.values);
+}
+
 }  // namespace
 
 DrawingRecord recordOf(Program& program) {
@@ -246,24 +267,15 @@ DrawingRecord recordOf(Program& program) {
   return drawing;
 }
 
+void takeValues(Program& program, const DrawingRecord& drawing) {
+  takeWindow(program, drawing.values);
+  takeRecord(program, drawing);
+}
+
 void install(Program& program, const DrawingRecord& drawing, const Bitmap& picture) {
-  ProgramState& s = program.state;
-  const Values& values = drawing.values;
-  // The window first: squares are held against the Canvas that they will lie on.
-  takeWindowPlace(program, values);
-  program.canvas.resize(program.platform.maximise());
+  takeWindow(program, drawing.values);
   program.canvas.setPicture(picture);
-  s.files.lastSet.clear();
-  takeGeometry(program, values);
-  takeColours(program, values);
-  takeSettings(program, values);
-  for (std::size_t i = 0; i < drawing.lists.size(); ++i) {
-    const ListPlace place = listPlace(i);
-    program.steps.install(place.kind, place.direction, drawing.lists[i]);
-  }
-  program.platform.raise();
-  s.drawing.skipPaintOnce = s.drawing.firstPaint = true;
-  markAll(program, values);
+  takeRecord(program, drawing);
   program.canvas.setAutoRedraw(false);
   program.canvas.cls();
 }

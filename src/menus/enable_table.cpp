@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
+
+#include "state/menu_tips.h"
 
 namespace gridwright {
 
@@ -29,6 +32,8 @@ enum Need : unsigned {
   kPrintRun = 1U << 5,        // while `printMode` is not 0
   kRefreshDue = 1U << 6,      // while a maze is part of every maze
   kBesideNoRun = 1U << 7,     // while neither a run is set up nor patterns are made for a maze
+  kUndo = 1U << 8,            // while something can be taken back
+  kRedo = 1U << 9,            // while something can be done again
 };
 
 struct Rule {
@@ -46,6 +51,8 @@ constexpr auto kTable = std::to_array<Rule>({
     {Item::preparepicture, kDrawing, kBesideNoRun},
     {Item::whiteground, kWorking, kBesideNoRun},
     {Item::showregions, kDrawing, kBesideNoRun},
+    {Item::undo, phases(Phase::drawing, Phase::making), kBesideNoRun | kUndo},
+    {Item::redo, kDrawing, kBesideNoRun | kRedo},
     {Item::importdrawing, kDrawing, kNothing},
     {Item::ndrawing, kDrawing, kNothing},
     {Item::sdrawing, kDrawing, kNothing},
@@ -102,6 +109,8 @@ bool holds(const Program& program, const Rule& rule) {
   if (has(kNoPrintRun) && s.print.printTotal != 0) return false;
   if (has(kBesideNoRun) && (s.print.printTotal != 0 || s.editor.preparing)) return false;
   if (has(kPrintRun) && s.print.printMode == PrintMode::none) return false;
+  if (has(kUndo) && !whyNoUndo(program).empty()) return false;
+  if (has(kRedo) && !whyNoRedo(program).empty()) return false;
   return !has(kRefreshDue) || s.nrefreshDue;
 }
 
@@ -116,11 +125,14 @@ std::uint64_t keyOf(const Program& program) {
   for (const bool flag :
        {s.paused, s.panelOpen, s.editedPattern != 0, s.print.printTotal != 0,
         s.print.printMode != PrintMode::none, s.nrefreshDue, program.controls[ControlId::Check1].visible,
-        program.controls[ControlId::Check17].visible}) {
+        program.controls[ControlId::Check17].visible, program.undoMarks.canUndo, program.undoMarks.canRedo,
+        s.creationMode == CreationMode::user}) {
     key = key << 1 | static_cast<std::uint64_t>(flag);
   }
   return key;
 }
+
+constexpr std::string_view kRunStands = "not while a run is set up or patterns are made for a maze";
 
 constexpr std::uint64_t kHeldBack = ~std::uint64_t{0} - 1;  // no key of any values
 
@@ -132,9 +144,46 @@ void holdBack(MenuModel& menus) {
   for (const Rule& rule : kTable) {
     if ((rule.needs & kBesideNoRun) != 0) menus.setEnabled(rule.item, false);
   }
+  for (const Item item : {Item::undo, Item::redo}) menus.setTip(item, kRunStands);
+}
+
+std::string_view plainTip(Item item) {
+  const auto* row =
+      std::find_if(kMenuTips.begin(), kMenuTips.end(), [&](const MenuTip& t) { return t.item == item; });
+  return row == kMenuTips.end() ? std::string_view() : row->words;
+}
+
+/// An item that is off says why.
+void tipUndo(Program& program) {
+  const std::string_view noUndo = whyNoUndo(program), noRedo = whyNoRedo(program);
+  program.menus.setTip(Item::undo, noUndo.empty() ? plainTip(Item::undo) : noUndo);
+  program.menus.setTip(Item::redo, noRedo.empty() ? plainTip(Item::redo) : noRedo);
+}
+
+/// What holds back both.
+std::string_view whyNeither(const ProgramState& s) {
+  if (s.editedPattern != 0) return "not in the pattern editor";
+  if (s.print.printTotal != 0 || s.editor.preparing) return kRunStands;
+  return s.panelOpen || s.paused ? "not while a panel is open" : "";
 }
 
 }  // namespace
+
+std::string_view whyNoUndo(const Program& program) {
+  const ProgramState& s = program.state;
+  if (const std::string_view why = whyNeither(s); !why.empty()) return why;
+  if (s.phase == Phase::making)
+    return s.creationMode == CreationMode::user ? "" : "not while the computer carves";
+  if (s.phase != Phase::drawing) return "only in the drawing, and while you carve";
+  return program.undoMarks.canUndo ? "" : "nothing was done yet";
+}
+
+std::string_view whyNoRedo(const Program& program) {
+  const ProgramState& s = program.state;
+  if (const std::string_view why = whyNeither(s); !why.empty()) return why;
+  if (s.phase != Phase::drawing) return "only in the drawing";
+  return program.undoMarks.canRedo ? "" : "nothing was taken back";
+}
 
 bool tableLists(Item item) { return ruleOf(item) != nullptr; }
 
@@ -147,6 +196,7 @@ void applyEnableTable(Program& program) {
   for (const Rule& rule : kTable) {
     program.menus.setEnabled(rule.item, holds(program, rule));
   }
+  tipUndo(program);
   program.menus.enableKey = keyOf(program);
 }
 

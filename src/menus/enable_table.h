@@ -3,12 +3,18 @@
 // can leave one disabled for good.
 #pragma once
 
+#include <string_view>
+
 #include "state/program.h"
 
 namespace gridwright {
 
 /// What the table says of an item now; items it does not list keep the state that their own rules give.
 bool tableEnables(const Program& program, Item item);
+
+/// Why nothing can be taken back, or done again, now: the tip of an item that is off. Empty when something can.
+std::string_view whyNoUndo(const Program& program);
+std::string_view whyNoRedo(const Program& program);
 
 /// Whether the table lists the item.
 bool tableLists(Item item);

@@ -11,6 +11,7 @@ void yield(Program& program, Pace pace) {
 }
 
 void housekeeping(Program& program) {
+  if (program.lookOn) program.lookOn(program);
   applyEnableTableIfChanged(program);
   program.platform.doEvents(program, Pace::housekeeping);
 }

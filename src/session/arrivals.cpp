@@ -9,6 +9,7 @@
 
 #include "drawings/drawing_files.h"
 #include "drawings/import_drawing.h"
+#include "history/history.h"
 #include "patterns/pattern_sets.h"
 #include "pictures/on_paper.h"
 #include "pictures/ready.h"
@@ -123,6 +124,7 @@ void drawingArrived(Program& program, const fs::path& file) {
   const std::string words = file.stem().string() + " is loaded from " + file.parent_path().string() +
                             "; what you save goes to " + program.files->path().string();
   beginAndTake(program, [drawing = std::move(drawing.value()), words](Program& p) {
+    noteLoad(p);
     takeDrawing(p, drawing);
     p.notices.tell(words);
   });
@@ -152,7 +154,10 @@ std::vector<std::string> patternSets(const Program& program) {
 }  // namespace
 
 void takeInDrawing(Program& program, std::function<void(Program&)> take) {
-  if (program.state.phase == Phase::drawing) return take(program);
+  if (program.state.phase == Phase::drawing) {
+    beginStep(program);
+    return take(program);
+  }
   backtodrawing(program);
   program.whenDrawing = std::move(take);
 }
@@ -160,6 +165,7 @@ void takeInDrawing(Program& program, std::function<void(Program&)> take) {
 void takeWhatWaited(Program& program) {
   if (!program.whenDrawing) return;
   const auto take = std::exchange(program.whenDrawing, nullptr);
+  beginStep(program);
   take(program);
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "colours/colour_editor.h"
+#include "history/history.h"
 #include "menus/enable_table.h"
 #include "menus/panels.h"
 #include "printing/print_job.h"
@@ -64,11 +65,12 @@ constexpr std::array kLists = {
 
 }  // namespace
 
-void keyDown(Program& program, int code) {
+void keyDown(Program& program, int code, KeyGo go) {
   if (hideRegions(program)) return;
   ProgramState& s = program.state;
   if (s.paused || program.controls.focus() || s.keyBusy) return;
   s.keyBusy = true;
+  noteKey(program, code, go);
   dispatchKey(program, code);
 }
 
@@ -80,6 +82,7 @@ void menuClick(Program& program, Item item) {
     return;
   }
   program.state.keyBusy = true;
+  noteItem(program, item);
   command(program);
 }
 
@@ -88,6 +91,7 @@ void menuEntryClick(Program& program, Item item, int entry) {
   const auto count = static_cast<int>(program.menus.entries(item).size());
   if (command == nullptr || entry < 0 || entry >= count || !canBeChosen(program, item)) return;
   program.state.keyBusy = true;
+  noteItem(program, item);
   command(program, entry);
 }
 
@@ -123,6 +127,7 @@ void textTyped(Program& program, ControlId box, std::string_view text) {
 void enterPressed(Program& program, ControlId box) {
   if (!isLive(program, box)) return;
   if (box == ControlId::Text3) printPanelKey(program);
+  if (box == ControlId::Text4) noteLoad(program);
   panelEntered(program, box);
 }
 
@@ -177,6 +182,7 @@ void resized(Program& program, Size size) {
   hideRegions(program);
   workshopResized(program);
   preparationResized(program);
+  if (!program.state.panelOpen) noteResize(program);
   const ProgramState& s = program.state;
   if (s.phase != Phase::title && s.phase != Phase::drawing) return;
   if (s.editedPattern == 0) followWindow(program, size);

@@ -9,6 +9,7 @@
 #include "drawings/import_drawing.h"
 #include "drawings/new_drawing.h"
 #include "drawings/wall_size.h"
+#include "history/history.h"
 #include "maze/maze_settings.h"
 #include "patterns/pattern_commands.h"
 #include "patterns/pattern_editor.h"
@@ -121,6 +122,8 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::preparepicture, preparepicture},
     {Item::whiteground, whiteground},
     {Item::showregions, showregions},
+    {Item::undo, undo},
+    {Item::redo, redo},
 });
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "colours/colour_repairs.h"
 #include "drawing/drawpicture.h"
+#include "history/history.h"
 #include "maze/finishmaking.h"
 #include "maze/makemaze.h"
 #include "maze/makemaze2.h"
@@ -146,6 +147,7 @@ Stage drawingStage(Program& program) {
   program.canvas.setAutoRedraw(false);
   giveBrushBack(s);
   s.drawing.skipPaintOnce = true;  // each way here measures: the Canvas and the grid may be others now
+  comeBackToDrawing(program);
   takeWhatWaited(program);
   drawpicture(program);
   if (s.phase == Phase::quitToTitle) return Stage::title;
@@ -201,6 +203,7 @@ Stage makingStage(Program& program) {
     if (!makeRandomPatterns(program)) return Stage::title;
   }
   putWalkerOnOrigin(program);
+  beginCarving(program);
   makemaze(program);
   s.mazeStage = Phase::making;
   if (s.phase == Phase::quitToTitle || s.phase == Phase::drawing) return stageOf(s.phase);

@@ -3,6 +3,7 @@
 
 #include "colours/colour_repairs.h"
 #include "drawings/drawing_files.h"
+#include "history/history.h"
 #include "maze/finishmaking.h"
 #include "menus/enable_table.h"
 #include "menus/menu_rules.h"
@@ -97,6 +98,7 @@ Stage leaveTitleStage(Program& program) {
   s.cur = firstCell(s);
   resetfillcursor(s);
   program.platform.maximise();
+  beginHistory(program);
   applyEnableTable(program);
   return Stage::drawing;
 }

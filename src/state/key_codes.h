@@ -15,6 +15,13 @@ inline constexpr int comma = 188, period = 190, slash = 191, quote = 222;
 
 namespace gridwright {
 
+/// How a key came after the one before, for the steps of undoing.
+enum class KeyGo {
+  fresh,  ///< A step of its own.
+  soon,   ///< Within 300 ms: one step with it, unless either fills the screen or jumps.
+  held,   ///< It is held down: one step, whatever it does.
+};
+
 /// The step code that an arrow key stands for, 0 for any other key.
 constexpr int stepOfArrow(int code) {
   switch (code) {

@@ -23,6 +23,8 @@ inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::preparepicture, "few colours, clear outlines and white paper for what is on the Canvas"},
     {Item::showregions, "the regions of this drawing in colours, and how many cells they have"},
     {Item::whiteground, "pages without the ground round the picture, which prints white"},
+    {Item::undo, "takes back what was done last"},
+    {Item::redo, "does again what was taken back last"},
     {Item::importdrawing, "a bitmap from this folder becomes the drawing"},
     {Item::rmazes, "an empty drawing; press / and then ., move to where you begin, press / again"},
     {Item::mazes3d1, "an empty drawing for mazes that pass under themselves; to draw, press / and then ."},

@@ -26,6 +26,13 @@
 
 namespace gridwright {
 
+struct History;  // history/history.h
+
+/// Whether the drawing has a step that can be taken back, and one that can be done again.
+struct UndoMarks {
+  bool canUndo = false, canRedo = false;
+};
+
 struct Program {
   /// \param workFolder where every file lies; it must exist.
   Program(Platform& desktop, const std::filesystem::path& workFolder)
@@ -52,6 +59,11 @@ struct Program {
   RegionsView regions;
   std::vector<std::filesystem::path> recent;  ///< Opened from anywhere, the last first, at most ten.
   std::function<void(Program&)> whenDrawing;  ///< Waits for the stage of drawing, which runs it once.
+
+  std::shared_ptr<History> history;  ///< Steps of the drawing; null where nobody keeps any.
+  UndoMarks undoMarks;
+  /// Called at the head of each pass of the drawing: who stands above the rooms sees there what they did.
+  std::function<void(Program&)> lookOn;
 
   /// Where a drawing is kept that the working folder does not take; empty for nowhere.
   std::filesystem::path dataFolder;

@@ -108,7 +108,7 @@ TEST(KeysAndMouseButtonsOnTheCanvas, AreReportedByTheirCodes) {
   CanvasView view(nullptr);
   std::vector<int> keys;
   std::vector<int> buttons;
-  view.onKey = [&](int code) { keys.push_back(code); };
+  view.onKey = [&](int code, KeyGo) { keys.push_back(code); };
   view.onMouse = [&](int button) { buttons.push_back(button); };
   QTest::keyClick(&view, Qt::Key_J);
   QTest::keyClick(&view, Qt::Key_Shift);

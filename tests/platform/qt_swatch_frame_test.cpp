@@ -175,7 +175,7 @@ TEST(NoOtherKeyOfAPanel, GoesOnToTheCanvas) {
   Colours desk;
   desk.showPanel(kDraw);
   int keys = 0;
-  desk.view.onKey = [&](int) { ++keys; };
+  desk.view.onKey = [&](int, KeyGo) { ++keys; };
   for (const Qt::Key key : {Qt::Key_J, Qt::Key_Slash, Qt::Key_Escape, Qt::Key_Space, Qt::Key_Left})
     desk.press(key);
   EXPECT_EQ(keys, 0);

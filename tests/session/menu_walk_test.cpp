@@ -69,6 +69,8 @@ const std::array kRows = {
     Row{Item::preparepicture, ".x...."},
     Row{Item::whiteground, ".xxxxx"},
     Row{Item::showregions, ".x...."},
+    Row{Item::undo, ".xx..."},
+    Row{Item::redo, ".x...."},
 };
 
 bool colourPanel(const Program& p) {
@@ -82,6 +84,9 @@ bool wanted(const Program& p, const Row& row) {
   if (row.phases[phase + 1] != 'x') return false;
   if (s.editedPattern != 0 && !row.inEditor) return false;
   if (s.paused && (!row.underTextPanel || colourPanel(p))) return false;
+  if (row.item == Item::undo && phase == 0 && !p.undoMarks.canUndo) return false;
+  if (row.item == Item::undo && phase == 1 && s.creationMode != CreationMode::user) return false;
+  if (row.item == Item::redo && !p.undoMarks.canRedo) return false;
   const bool besideNoRun =
       row.item == Item::printwithsolutions || row.item == Item::printnosolutions || rowOf(row.item).isOurs;
   return !besideNoRun || s.print.printTotal == 0;
@@ -109,12 +114,14 @@ std::string disagreement(const Program& p) {
 TEST(EveryCommand, IsOnExactlyWhereItsRowSaysSo) {
   World w(drawing({"...", "..."}));
   for (int phase = -1; phase <= 4; ++phase) {
-    for (int bits = 0; bits < 16; ++bits) {
+    for (int bits = 0; bits < 128; ++bits) {
       w.state.phase = static_cast<Phase>(phase);
       w.state.editedPattern = (bits & 1) != 0 || phase == -1 ? 1 : 0;
       w.state.print.printTotal = (bits & 2) != 0 ? 3 : 0;
       w.state.print.printMode = (bits & 2) != 0 ? PrintMode::withAnswers : PrintMode::none;
       w.state.nrefreshDue = (bits & 4) != 0;
+      w.program.undoMarks = {(bits & 16) != 0, (bits & 32) != 0};
+      w.state.creationMode = (bits & 64) != 0 ? CreationMode::computer : CreationMode::user;
       if ((bits & 8) != 0) openPanel(w.program, kWallSizePanel, "10");
       applyEnableTableIfChanged(w.program);
       EXPECT_EQ(disagreement(w.program), "");

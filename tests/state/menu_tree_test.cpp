@@ -110,7 +110,7 @@ TEST(AtTheStart, TheseItemsAreHiddenOrDisabled) {
     const bool hidden =
         item == Item::printing || item == Item::help || item == Item::fddf || item == Item::filet;
     const bool disabled = item == Item::printing || item == Item::nrefresh || item == Item::crpattern ||
-                          item == Item::keyspattern;
+                          item == Item::keyspattern || item == Item::undo || item == Item::redo;
     EXPECT_EQ(menus.visible(item), !hidden) << kMenuRows[i].name;
     EXPECT_EQ(menus.enabled(item), !disabled) << kMenuRows[i].name;
   }

@@ -178,12 +178,13 @@ HeadlessDesktop::Turn HeadlessDesktop::key(Program& program, const ScriptLine& l
   if (code < 1 || code > 255) refuse("no key code from 1 to 255: " + word(1));
   if (keysLeft_ < 1) refuse("no count: " + word(2));
   keyCode_ = static_cast<int>(code);
+  keyGo_ = KeyGo::fresh;
   return pressKey(program);
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::pressKey(Program& program) {
   --keysLeft_;
-  input::keyDown(program, keyCode_);
+  input::keyDown(program, keyCode_, std::exchange(keyGo_, KeyGo::held));
   return Turn::givePump;
 }
 

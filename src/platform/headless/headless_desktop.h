@@ -18,6 +18,7 @@
 #include "platform/pictures/qt_ink.h"
 #include "platform/shared/image_files.h"
 #include "state/field_names.h"
+#include "state/key_codes.h"
 #include "state/platform.h"
 
 namespace gridwright {
@@ -167,6 +168,7 @@ class HeadlessDesktop : public Platform {
 
   std::int64_t keysLeft_ = 0;  // of `key CODE COUNT`
   int keyCode_ = 0;
+  KeyGo keyGo_ = KeyGo::fresh;  // the passes of one line are one key held
   std::int64_t pumpsLeft_ = 0;  // of `pumps` or of `until`
   bool settling_ = false;
   const FieldName* awaited_ = nullptr;

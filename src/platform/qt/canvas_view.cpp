@@ -15,7 +15,8 @@ namespace gridwright {
 namespace {
 
 constexpr int kMostRemembered = 32;
-constexpr int kOverlayAlpha = 190;  // the drawing shines through
+constexpr std::uint64_t kSoon = 300;  // milliseconds between keys of one go
+constexpr int kOverlayAlpha = 190;    // the drawing shines through
 
 QRgb screenColour(Colour colour) { return qRgb(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
 
@@ -173,11 +174,20 @@ void CanvasView::resizeEvent(QResizeEvent* /*event*/) {
   if (onPlaced) onPlaced();
 }
 
+/// By the window system's own clock: a busy program hands keys over later than they were pressed.
+KeyGo CanvasView::goOf(const QKeyEvent& event) {
+  const std::uint64_t since =
+      event.timestamp() - lastKeyAt_;  // wraps to a huge number where a clock began anew
+  lastKeyAt_ = event.timestamp();
+  if (event.isAutoRepeat()) return KeyGo::held;
+  return since <= kSoon ? KeyGo::soon : KeyGo::fresh;
+}
+
 void CanvasView::keyPressEvent(QKeyEvent* event) {
   if (!overlay_.isNull()) return onDismiss();
   const auto code = keyCodeOf(event->key(), event->modifiers(), event->nativeScanCode());
   if (code && onKey) {
-    onKey(*code);
+    onKey(*code, goOf(*event));
   } else {
     QWidget::keyPressEvent(event);
   }

@@ -7,10 +7,12 @@
 #include <QImage>
 #include <QRect>
 #include <QWidget>
+#include <cstdint>
 #include <functional>
 
 #include "canvas/canvas.h"
 #include "canvas/geometry.h"
+#include "state/key_codes.h"
 
 class QPainter;
 
@@ -22,7 +24,7 @@ class CanvasView : public QWidget {
 
   explicit CanvasView(QWidget* parent);
 
-  std::function<void(int code)> onKey;
+  std::function<void(int code, KeyGo go)> onKey;
   std::function<void(int button)> onMouse;  ///< 1 left, 2 right.
   std::function<void()> onPlaced;           ///< The Canvas lies elsewhere in the view now.
 
@@ -59,6 +61,7 @@ class CanvasView : public QWidget {
   [[nodiscard]] int zoom() const;       ///< Screen pixels a Canvas pixel, along each axis.
   [[nodiscard]] QPoint origin() const;  ///< Of the Canvas in the view, in screen pixels.
   [[nodiscard]] QSize screenSize() const;
+  KeyGo goOf(const QKeyEvent& event);
   QRect copyChanges(const Canvas& canvas, const Canvas::Dirty& part);
   void repaintStroke(const QRect& changed);
 
@@ -69,8 +72,9 @@ class CanvasView : public QWidget {
   QImage picture_;  // the shown plane as Qt paints it
   uchar* pixels_;   // its memory, which nobody shares
   Size canvasSize_ = kSmallest;
-  QRect lastStroke_;           // in the view's coordinates
-  int strokesRemembered_ = 0;  // by Qt, see repaintStroke
+  QRect lastStroke_;             // in the view's coordinates
+  int strokesRemembered_ = 0;    // by Qt, see repaintStroke
+  std::uint64_t lastKeyAt_ = 0;  // in milliseconds, as the window system counts them
 };
 
 }  // namespace gridwright

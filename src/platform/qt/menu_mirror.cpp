@@ -25,7 +25,8 @@ struct Keys {
   Item item;
   const char* words;
 };
-constexpr std::array kKeys = {Keys{Item::openpicture, "Ctrl+O"}, Keys{Item::pastepicture, "Ctrl+V"}};
+constexpr std::array kKeys = {Keys{Item::openpicture, "Ctrl+O"}, Keys{Item::pastepicture, "Ctrl+V"},
+                              Keys{Item::undo, "Ctrl+Z"}, Keys{Item::redo, "Ctrl+Shift+Z"}};
 
 /// Items that can bear a tick. They keep its place free, so that a menu does not shift when one moves.
 constexpr auto kMarkable = std::to_array<Item>({

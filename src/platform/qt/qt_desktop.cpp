@@ -55,8 +55,8 @@ void QtDesktop::listenToWindow() {
     controls_.place();
     prepareFrame_->setGeometry(window_.view().rect());
   };
-  window_.view().onKey = [this](int code) {
-    inputs_.byPerson([code](Program& program) { input::keyDown(program, code); });
+  window_.view().onKey = [this](int code, KeyGo go) {
+    inputs_.byPerson([code, go](Program& program) { input::keyDown(program, code, go); });
   };
   window_.view().onMouse = [this](int button) {
     inputs_.byPerson([button](Program& program) { input::mouseDown(program, button); });

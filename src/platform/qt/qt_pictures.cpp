@@ -43,6 +43,9 @@ void QtDesktop::listenToPage() {
   window_.onOpen = [this] {
     inputs_.byPerson([](Program& program) { input::menuClick(program, Item::openpicture); });
   };
+  window_.onItem = [this](Item item) {
+    inputs_.byPerson([item](Program& program) { input::menuClick(program, item); });
+  };
   window_.view().onDismiss = [this] {
     inputs_.byPerson([](Program& program) { input::viewDismissed(program); });
   };

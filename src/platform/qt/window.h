@@ -8,6 +8,7 @@
 
 #include "platform/qt/canvas_view.h"
 #include "platform/qt/status_line.h"
+#include "state/menu_tree.h"
 
 class QMimeData;
 
@@ -21,8 +22,9 @@ class Window : public QMainWindow {
 
   /// Files of this computer were dropped on the window; none when what was dropped is no such file.
   std::function<void(std::vector<std::filesystem::path>)> onDrop;
-  std::function<void()> onPaste;  ///< The keys that paste, while no text box has them.
-  std::function<void()> onOpen;   ///< The keys that open a file.
+  std::function<void()> onPaste;     ///< The keys that paste, while no text box has them.
+  std::function<void()> onOpen;      ///< The keys that open a file.
+  std::function<void(Item)> onItem;  ///< The keys of another item, while no text box has them.
 
   /// Shows the window with room for the smallest Canvas; its menus must stand already.
   void open();
