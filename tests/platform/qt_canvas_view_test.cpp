@@ -104,6 +104,25 @@ TEST(ALargerView, HasTheCanvasInTheMiddleAndASmallerOneItsTopLeft) {
   EXPECT_EQ(view.visibleCanvas(), QRect(0, 0, 640, 480));
 }
 
+TEST(AKey, IsToldHowItCameAfterTheOneBefore) {
+  CanvasView view(nullptr);
+  std::vector<KeyGo> goes;
+  view.onKey = [&](int, KeyGo go) { goes.push_back(go); };
+  const auto press = [&](quint64 at, bool repeated) {
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_L, Qt::NoModifier, "l", repeated);
+    event.setTimestamp(at);
+    QCoreApplication::sendEvent(&view, &event);
+  };
+  press(10'000, false);
+  press(10'300, false);
+  press(10'960, true);
+  press(10'990, true);
+  press(11'291, false);
+  press(5, false);
+  using enum KeyGo;
+  EXPECT_EQ(goes, (std::vector{fresh, soon, held, held, fresh, fresh}));
+}
+
 TEST(KeysAndMouseButtonsOnTheCanvas, AreReportedByTheirCodes) {
   CanvasView view(nullptr);
   std::vector<int> keys;
