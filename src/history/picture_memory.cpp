@@ -71,8 +71,8 @@ void PictureMemory::takeBox(const Canvas& canvas, const Canvas::Dirty& box, Patc
 }
 
 void PictureMemory::putBefore(Canvas& canvas, const Patches& patches) {
-  for (auto patch = patches.rbegin(); patch != patches.rend(); ++patch)
-    put(canvas, patch->box, patch->before);
+  std::for_each(patches.rbegin(), patches.rend(),
+                [&](const Patch& patch) { put(canvas, patch.box, patch.before); });
   follow(canvas);
 }
 

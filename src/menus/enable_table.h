@@ -12,7 +12,8 @@ namespace gridwright {
 /// What the table says of an item now; items it does not list keep the state that their own rules give.
 bool tableEnables(const Program& program, Item item);
 
-/// Why nothing can be taken back, or done again, now: the tip of an item that is off. Empty when something can.
+/// Why nothing can be taken back, or done again, now: the tip of an item that is off. Empty when something
+/// can.
 std::string_view whyNoUndo(const Program& program);
 std::string_view whyNoRedo(const Program& program);
 

@@ -12,8 +12,9 @@
 
 namespace gridwright::input {
 
-/// A key goes down with this code; `go` says how it came after the one before, for the steps of undoing. Lost while a panel or an editor holds the work, while a text box has
-/// the keyboard, and when a command was taken in this pump already.
+/// A key goes down with this code; `go` says how it came after the one before, for the steps of undoing. Lost
+/// while a panel or an editor holds the work, while a text box has the keyboard, and when a command was taken
+/// in this pump already.
 void keyDown(Program& program, int code, KeyGo go = KeyGo::fresh);
 
 /// Chooses an item. One that is disabled, hidden or only informs does nothing.
