@@ -10,7 +10,6 @@
 
 #include "colours/colour_repairs.h"
 #include "maze/makemaze.h"
-#include "platform/pictures/leptonica_work.h"
 #include "state/grid.h"
 #include "state/program.h"
 
@@ -62,9 +61,6 @@ class StillDesktop : public Platform {
   Phase until = Phase::title;
   std::int64_t pumps = 0;
   std::map<std::string, Bitmap> pictures;
-
- private:
-  LeptonicaWork pictureWork_;
 };
 
 struct MeasuredProgram {
