@@ -78,12 +78,22 @@ void add(History& history, Patches patches, const KeptValues& now, std::unique_p
   holdToLimit(history);
 }
 
+/// Where a window that changes under a panel drives the square to, the panel has not put it.
+void leaveToWindow(History& history, const KeptValues& now) {
+  KeptValues& values = history.values;
+  if (now.wallWidth != values.wallWidth || now.mazeKind != values.mazeKind) return;
+  values.cur = now.cur;
+  values.mirror = now.mirror;
+  values.canvas = now.canvas;
+}
+
 void look(Program& program) {
   if (program.history == nullptr || !isAtRest(program.state)) return;
   History& history = *program.history;
   Patches patches = history.picture.take(program.canvas);
   const KeptValues now = keptValuesOf(program);
   auto load = loadedSince(program, history.beforeLoad);
+  if (history.windowMoved && patches.empty() && !load) leaveToWindow(history, now);
   const bool changed = !patches.empty() || load || now != history.values;
   if (changed && history.stepAwaited) add(history, std::move(patches), now, std::move(load));
   history.values = now;
@@ -91,7 +101,7 @@ void look(Program& program) {
 }
 
 void endStep(History& history) {
-  history.stepAwaited = history.stepBegun = false;
+  history.stepAwaited = history.stepBegun = history.windowMoved = false;
   history.lastKey.reset();
 }
 
@@ -193,6 +203,10 @@ void noteItem(Program& program, Item item) {
 
 void noteResize(Program& program) {
   if (program.history == nullptr) return;
+  if (program.state.panelOpen) {  // whose own step goes on
+    program.history->windowMoved = true;
+    return;
+  }
   look(program);
   endStep(*program.history);
 }

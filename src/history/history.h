@@ -16,7 +16,7 @@
 
 namespace gridwright {
 
-/// All steps together take no more bytes than that; the oldest go.
+/// The steps of the drawing take no more bytes than that, nor do those of a carving; the oldest go.
 inline constexpr std::size_t kHistoryBytes = std::size_t{64} << 20;
 
 /// A drawing begins: nothing can be taken back. From then on it looks at each pass of the drawing.

@@ -73,12 +73,22 @@ void PictureMemory::takeBox(const Canvas& canvas, const Canvas::Dirty& box, Patc
 void PictureMemory::putBefore(Canvas& canvas, const Patches& patches) {
   std::for_each(patches.rbegin(), patches.rend(),
                 [&](const Patch& patch) { put(canvas, patch.box, patch.before); });
-  follow(canvas);
+  takeOver(canvas);
 }
 
 void PictureMemory::putAfter(Canvas& canvas, const Patches& patches) {
   for (const Patch& patch : patches) put(canvas, patch.box, patch.after);
-  follow(canvas);
+  takeOver(canvas);
+}
+
+/// Remembers what stands where strokes went since the last look.
+void PictureMemory::takeOver(Canvas& canvas) {
+  const Canvas::KeptBoxes kept = canvas.takeKept();
+  for (std::size_t i = 0; i < kept.count; ++i) {
+    const Canvas::Dirty& box = kept.boxes[i];
+    for (int y = box.top; y < box.bottom; ++y)
+      std::copy_n(canvas.keptRow(y) + box.left, box.right - box.left, row(y) + box.left);
+  }
 }
 
 void PictureMemory::put(Canvas& canvas, const Canvas::Dirty& box, const Runs& runs) {

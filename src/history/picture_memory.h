@@ -41,6 +41,7 @@ class PictureMemory {
  private:
   [[nodiscard]] Canvas::Dirty changedIn(const Canvas& canvas, const Canvas::Dirty& box) const;
   void takeBox(const Canvas& canvas, const Canvas::Dirty& box, Patches& patches);
+  void takeOver(Canvas& canvas);
   void put(Canvas& canvas, const Canvas::Dirty& box, const Runs& runs);
   Colour* row(int y) { return plane_.data() + static_cast<std::size_t>(y) * Canvas::kSide; }
   [[nodiscard]] const Colour* row(int y) const {

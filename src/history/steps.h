@@ -53,6 +53,7 @@ struct History {
   bool stepAwaited = false;    ///< What changes next is a person's doing.
   bool stepBegun = false;      ///< And belongs to the last step.
   std::optional<int> lastKey;  ///< The key that did it; nothing for another input.
+  bool windowMoved = false;    ///< Meanwhile, under a panel, the window got another size.
   std::optional<DrawingRecord> beforeLoad;
   CarveHistory carving;
 };

@@ -182,7 +182,7 @@ void resized(Program& program, Size size) {
   hideRegions(program);
   workshopResized(program);
   preparationResized(program);
-  if (!program.state.panelOpen) noteResize(program);
+  noteResize(program);
   const ProgramState& s = program.state;
   if (s.phase != Phase::title && s.phase != Phase::drawing) return;
   if (s.editedPattern == 0) followWindow(program, size);

@@ -220,6 +220,12 @@ TEST(WhatIsPartOfEveryMaze, IsNotTakenBack) {
 
 TEST(ANewMaze, IsNotTakenBackToTheOneBefore) {
   stays([](Carver& c) { c.menu(Item::newmaze); });
+  stays([](Carver& c) { c.menu(Item::create3d); });
+  stays([](Carver& c) {
+    c.menu(Item::mpdrawing);
+    c.arrow(key::right);
+    c.menu(Item::nrefresh);
+  });
 }
 
 TEST(Undo, IsOffWhileTheComputerCarvesAndInOtherPhasesAndRedoInAMaze) {

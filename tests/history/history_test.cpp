@@ -102,6 +102,21 @@ TEST(AFillAndAJump, AreStepsOfTheirOwnHoweverSoonTheyCome) {
   EXPECT_EQ(jump->size.toUndo, 5U);
 }
 
+TEST(AFilledScreen, IsEmptyAgainWhenTheFillIsTakenBack) {
+  Sitting s;
+  const auto before = s.see();
+  s.key(key::N);
+  const auto filled = s.see();
+  s.menu(Item::undo);
+  const auto back = s.see();
+  s.menu(Item::redo);
+  const auto again = s.see();
+  s.run();
+  EXPECT_NE(filled->plane, before->plane);
+  EXPECT_EQ(*back, *before);
+  EXPECT_EQ(*again, *filled);
+}
+
 TEST(WhatChangesNothing, IsNoStep) {
   Sitting s;
   s.key(key::J), s.key(key::G), s.key(250);
@@ -158,11 +173,17 @@ const auto kCommands = std::to_array<Command>({
     {"kind", [](Sitting& s) { s.menu(Item::create3d); }},
     {"make corridors", [](Sitting& s) { s.key(key::quote); }},
     {"new drawing of pipes", [](Sitting& s) { s.menu(Item::mazes3d); }},
-    {"new wall size",
+    {"new drawing and new wall size",
      [](Sitting& s) {
        s.menu(Item::newwallsize);
        s.enter(ControlId::Text2, "17");
      }},
+    {"new wall size",
+     [](Sitting& s) {
+       s.menu(Item::changewallsize, [](Program& p) { p.menus.setVisible(Item::changewallsize, true); });
+       s.enter(ControlId::Text2, "17");
+     }},
+    {"jump", [](Sitting& s) { s.key(key::C); }},
     {"import",
      [](Sitting& s) {
        s.desktop.putFile("cat.bmp", drawing({"..##", "..,,"}));
@@ -215,6 +236,22 @@ TEST(StartAndFinish, StayWhereTheyAreWhenANewDrawingIsTakenBack) {
   EXPECT_EQ(start, Square{});
 }
 
+TEST(SettingsAndPatterns, StayAsTheyAreWhenAStepIsTakenBackOrDoneAgain) {
+  Sitting s;
+  s.menu(Item::way4);
+  s.menu(Item::leavetrail), s.menu(Item::cgenerate);
+  s.look([](Program& p) { p.steps.install(MazeKind::regular, step::up, Steps(3, step::left)); });
+  for (const Item item : {Item::undo, Item::redo}) {
+    s.menu(item);
+    s.look([](Program& p) {
+      EXPECT_TRUE(p.state.trailOff);
+      EXPECT_EQ(p.state.creationMode, CreationMode::computer);
+      EXPECT_EQ(p.steps.steps(MazeKind::regular, step::up), Steps(3, step::left));
+    });
+  }
+  s.run();
+}
+
 TEST(TheOldestSteps, GoWhenTheirBytesAreTooMany) {
   Sitting s;
   constexpr std::size_t kFew = 20'000;
@@ -255,6 +292,48 @@ TEST(ASmallerWindow, ThatDrivesTheSquareAwayIsNoStep) {
     EXPECT_EQ(undone->prev, undone->values.cur);
     EXPECT_EQ(undone->values.canvas, (Size{60, 60}));
   }
+}
+
+TEST(AWindowChangedUnderAPanel, IsNoPartOfWhatThePanelDid) {
+  for (const bool colours : {false, true}) {
+    Sitting s;
+    s.key(key::D), s.key(key::right), s.key(key::right), s.key(key::right), s.key(key::right);
+    const auto before = s.see();
+    s.menu(Item::choosew);
+    s.act([&](Program& p) {
+      s.desktop.setClient({60, 60});
+      input::resized(p, {60, 60});
+    });
+    if (colours) s.act([](Program& p) { input::swatchLeft(p, classifySwatch(3)); });
+    s.click(ControlId::Command1);
+    const auto after = s.see();
+    s.menu(Item::undo);
+    const auto back = s.see();
+    s.run();
+    EXPECT_NE(after->values.cur, before->values.cur);
+    EXPECT_EQ(after->size.toUndo, before->size.toUndo + (colours ? 1 : 0));
+    EXPECT_EQ(back->size.toUndo, before->size.toUndo - (colours ? 0 : 1));
+    if (!colours) continue;
+    EXPECT_EQ(back->values.swatches, before->values.swatches);
+    EXPECT_EQ(back->values.cur, after->values.cur);
+  }
+}
+
+TEST(UndoAtTheBottomAndRedoAtTheTop, AreRefusedWithoutAWord) {
+  Sitting s;
+  s.key(key::L);
+  s.look([](Program& p) { p.notices.tell("as it was"); });
+  const auto before = s.see();
+  s.act([](Program& p) { input::menuClick(p, Item::redo); });
+  const auto top = s.see();
+  for (int i = 0; i < 3; ++i) s.act([](Program& p) { input::menuClick(p, Item::undo); });
+  const auto bottom = s.see();
+  s.run();
+  EXPECT_EQ(*top, *before);
+  EXPECT_EQ(bottom->size.toUndo, 0U);
+  EXPECT_EQ(bottom->size.toRedo, 1U);
+  EXPECT_EQ(s.program.notices.words(), "as it was");
+  EXPECT_TRUE(s.desktop.messages.empty());
 }
 
 TEST(UndoAndRedo, AreOffAndSayWhyWhereThereIsNothingOrAPanelIsOpen) {
@@ -308,6 +387,52 @@ TEST(ComingBackFromAMaze, IsNoStepAndTheStepsOfBeforeGoOn) {
   EXPECT_TRUE(samePicture(bottom->image, before->image));
   EXPECT_EQ(bottom->values.cur, before->values.cur);
   EXPECT_EQ(bottom->size.toUndo, 0U);
+}
+
+/// A picture that is ready for a maze arrives from elsewhere.
+void bring(Sitting& s) {
+  const Bitmap picture = drawing({",,,,,,", ",,,,,,", ",,,,,,", ",,,,,,"});
+  s.desktop.picturesElsewhere["/pictures/ready.png"] = {{picture, {}}, {}, {picture.width, picture.height}};
+  s.act([](Program& p) { input::filesBrought(p, {"/pictures/ready.png"}); });
+  s.pump(4);
+}
+
+TEST(APictureThatArrives, IsAStepOfItsOwnAmongKeys) {
+  Sitting s;
+  drawRoom(s);
+  const auto before = s.see();
+  bring(s);
+  const auto after = s.see();
+  s.key(key::L, KeyGo::soon);
+  const auto stroke = s.see();
+  s.menu(Item::undo), s.menu(Item::undo);
+  const auto back = s.see();
+  s.menu(Item::redo);
+  const auto again = s.see();
+  s.run();
+  EXPECT_NE(after->plane, before->plane);
+  EXPECT_EQ(after->size.toUndo, before->size.toUndo + 1);
+  EXPECT_EQ(stroke->size.toUndo, before->size.toUndo + 2);
+  EXPECT_EQ(*back, *before);
+  EXPECT_EQ(*again, *after);
+}
+
+TEST(APictureTakenOverAMaze, IsOneStepAfterThoseOfTheDrawing) {
+  Sitting s;
+  drawRoom(s);
+  const auto before = s.see();
+  s.menu(Item::cgenerate), s.menu(Item::createreg);
+  s.desktop.untilPhase(Phase::placing);
+  bring(s);
+  s.desktop.untilPhase(Phase::drawing);
+  const auto after = s.see();
+  s.menu(Item::undo);
+  const auto back = s.see();
+  s.run();
+  EXPECT_EQ(after->size.toUndo, before->size.toUndo + 1);
+  EXPECT_FALSE(samePicture(after->image, before->image));
+  EXPECT_TRUE(samePicture(back->image, before->image));
+  EXPECT_EQ(back->values.cur, before->values.cur);
 }
 
 TEST(AWallSizeChosenOverAMaze, IsAStepOfTheDrawing) {

@@ -70,6 +70,32 @@ TEST(Refreshing, IsOnWhileAMazeIsPartOfEveryMaze) {
   EXPECT_TRUE(w.program.menus.enabled(Item::nrefresh));
 }
 
+TEST(UndoAndRedo, SayWhatHoldsThemBack) {
+  World w(drawing({"...", "..."}));
+  w.program.undoMarks = {true, true};
+  w.state.phase = Phase::drawing;
+  const auto expect = [&w](const std::string& why) {
+    applyEnableTableIfChanged(w.program);
+    for (const Item item : {Item::undo, Item::redo}) {
+      EXPECT_EQ(w.program.menus.enabled(item), why.empty()) << rowOf(item).name;
+      EXPECT_EQ(w.program.menus.tip(item) == why, !why.empty()) << w.program.menus.tip(item);
+    }
+  };
+  expect("");
+  w.state.editedPattern = 1;
+  expect("not in the pattern editor");
+  w.state.editedPattern = 0;
+  w.state.print.printTotal = 2;
+  expect("not while a run is set up or patterns are made for a maze");
+  w.state.print.printTotal = 0;
+  openPanel(w.program, kWallSizePanel, "10");
+  expect("not while a panel is open");
+  closePanel(w.program, kWallSizePanel);
+  expect("");
+  w.state.editor.preparing = true;
+  expect("not while a run is set up or patterns are made for a maze");
+}
+
 TEST(TheTable, IsAppliedAnewOnlyWhenSomethingItReadsHasChanged) {
   World w(drawing({"...", "..."}));
   w.state.phase = Phase::placing;

@@ -123,6 +123,26 @@ TEST(AKey, IsToldHowItCameAfterTheOneBefore) {
   EXPECT_EQ(goes, (std::vector{fresh, soon, held, held, fresh, fresh}));
 }
 
+TEST(AKeyThatIsReleasedAndPressedAtOnce, IsHeld) {
+  CanvasView view(nullptr);
+  std::vector<KeyGo> goes;
+  view.onKey = [&](int, KeyGo go) { goes.push_back(go); };
+  const auto send = [&](QEvent::Type type, Qt::Key key, quint64 at) {
+    QKeyEvent event(type, key, Qt::NoModifier);
+    event.setTimestamp(at);
+    QCoreApplication::sendEvent(&view, &event);
+  };
+  send(QEvent::KeyPress, Qt::Key_L, 10'000);
+  send(QEvent::KeyRelease, Qt::Key_L, 10'660);
+  send(QEvent::KeyPress, Qt::Key_L, 10'661);
+  send(QEvent::KeyRelease, Qt::Key_L, 10'700);
+  send(QEvent::KeyPress, Qt::Key_K, 10'702);
+  send(QEvent::KeyRelease, Qt::Key_K, 11'800);
+  send(QEvent::KeyPress, Qt::Key_K, 11'840);
+  using enum KeyGo;
+  EXPECT_EQ(goes, (std::vector{fresh, held, soon, fresh}));
+}
+
 TEST(KeysAndMouseButtonsOnTheCanvas, AreReportedByTheirCodes) {
   CanvasView view(nullptr);
   std::vector<int> keys;

@@ -120,6 +120,14 @@ class Desktop:
     def key(self, *keys):
         subprocess.run(["xdotool", "key", "--delay", "20", *keys], env=self.environment, check=True)
 
+    def hold(self, key, condition, what):
+        """Holds a key down until the condition is true."""
+        subprocess.run(["xdotool", "keydown", key], env=self.environment, check=True)
+        try:
+            until(condition, what)
+        finally:
+            subprocess.run(["xdotool", "keyup", key], env=self.environment, check=True)
+
     def type(self, text):
         subprocess.run(["xdotool", "type", "--delay", "10", text], env=self.environment, check=True)
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Walks the window as a person without a mouse does: slides, all eleven panels, a run of mazes, the menus
-with their tips and the status line.
+with their tips, what is taken back, and the status line.
 
     walk.py GRIDWRIGHT PATTERN_SET
 """
@@ -214,6 +214,19 @@ class Walk:
         desktop.key("l")
         self.awaitPixel(50, 30, LIME, "the square paints in lime, and the keys reach the Canvas again")
 
+    def takeBack(self):
+        desktop = self.desktop
+        painted = desktop.quietShot()
+        for redo in ("ctrl+shift+z", "ctrl+y"):
+            desktop.key("ctrl+z")
+            until(lambda: desktop.shot().at(*self.onCanvas(50, 30)) != LIME, "Ctrl+Z takes the stroke back")
+            desktop.key(redo)
+            self.awaitView(painted, redo + " does it again")
+        desktop.hold("l", lambda: desktop.shot().at(*self.onCanvas(130, 30)) == LIME, "the key that is held repeats")
+        desktop.quietShot()
+        desktop.key("ctrl+z")
+        self.awaitView(painted, "one Ctrl+Z takes back all that the held key painted")
+
     def editColors(self):
         desktop = self.desktop
         self.openPanel("o", *["Down"] * 8)
@@ -308,8 +321,8 @@ def main(program, patterns):
             desktop.environment["PATH"] = opener(folder, work) + os.pathsep + desktop.environment["PATH"]
             desktop.run([os.path.abspath(program)], work)
             walk = Walk(desktop, work)
-            return (walk.slides, walk.begin, walk.tips, walk.textPanels, walk.selectColor, walk.editColors, walk.run,
-                    walk.openPrinted, walk.solve, walk.quit)
+            return (walk.slides, walk.begin, walk.tips, walk.textPanels, walk.selectColor, walk.takeBack, walk.editColors,
+                    walk.run, walk.openPrinted, walk.solve, walk.quit)
 
         return walkThrough("walk", folder, begin)
 

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kMostRemembered = 32;
 constexpr std::uint64_t kSoon = 300;  // milliseconds between keys of one go
+constexpr std::uint64_t kAtOnce = 5;  // no finger lets go and presses again so soon
 constexpr int kOverlayAlpha = 190;    // the drawing shines through
 
 QRgb screenColour(Colour colour) { return qRgb(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
@@ -174,13 +175,21 @@ void CanvasView::resizeEvent(QResizeEvent* /*event*/) {
   if (onPlaced) onPlaced();
 }
 
-/// By the window system's own clock: a busy program hands keys over later than they were pressed.
+/// By the window system's own clock: a busy program hands keys over later than they were pressed. A key that
+/// repeats comes as released and pressed, which Qt sees as one only when both are there when it looks.
 KeyGo CanvasView::goOf(const QKeyEvent& event) {
-  const std::uint64_t since =
-      event.timestamp() - lastKeyAt_;  // wraps to a huge number where a clock began anew
-  lastKeyAt_ = event.timestamp();
-  if (event.isAutoRepeat()) return KeyGo::held;
+  const std::uint64_t now = event.timestamp();  // differences wrap to huge numbers where a clock began anew
+  const std::uint64_t since = now - lastKeyAt_;
+  lastKeyAt_ = now;
+  const bool repeats = event.key() == lastReleased_ && now - lastReleaseAt_ <= kAtOnce;
+  if (event.isAutoRepeat() || repeats) return KeyGo::held;
   return since <= kSoon ? KeyGo::soon : KeyGo::fresh;
+}
+
+void CanvasView::keyReleaseEvent(QKeyEvent* event) {
+  lastReleased_ = event->key();
+  lastReleaseAt_ = event->timestamp();
+  QWidget::keyReleaseEvent(event);
 }
 
 void CanvasView::keyPressEvent(QKeyEvent* event) {

@@ -54,6 +54,7 @@ class CanvasView : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   bool focusNextPrevChild(bool) override { return false; }
 
@@ -72,9 +73,10 @@ class CanvasView : public QWidget {
   QImage picture_;  // the shown plane as Qt paints it
   uchar* pixels_;   // its memory, which nobody shares
   Size canvasSize_ = kSmallest;
-  QRect lastStroke_;             // in the view's coordinates
-  int strokesRemembered_ = 0;    // by Qt, see repaintStroke
-  std::uint64_t lastKeyAt_ = 0;  // in milliseconds, as the window system counts them
+  QRect lastStroke_;           // in the view's coordinates
+  int strokesRemembered_ = 0;  // by Qt, see repaintStroke
+  int lastReleased_ = 0;
+  std::uint64_t lastKeyAt_ = 0, lastReleaseAt_ = 0;  // in milliseconds, as the window system counts them
 };
 
 }  // namespace gridwright
