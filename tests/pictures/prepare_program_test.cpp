@@ -106,6 +106,23 @@ TEST(APictureThatIsCutOff, IsToldInOneLine) {
   }
 }
 
+TEST(TheNamesOfAClass, BecomeAPictureOfOneRegionEach) {
+  for (const std::string name :
+       {"Mia",   "Jonas", "Zoë",    "Ängela", "Björn", "Łukasz", "Çelik",  "Noah",   "Emma", "Liam",
+        "Sofía", "Jürg",  "Ólafur", "Ida",    "Ivo",   "Lilli",  "Willi",  "Joëlle", "Timo", "Åsa",
+        "Đorđe", "İrem",  "Ñusta",  "Gülay",  "Max",   "Ōta",    "Quirin", "Ruža",   "Žiga", "Anne-Marie"}) {
+    Desk desk;
+    EXPECT_EQ(desk.run({"--words", name, "out.bmp"}), 0) << desk.said;
+    const auto made = readBitmapFile(desk.temp.path() / "out.bmp");
+    ASSERT_TRUE(made) << name;
+    const Bitmap& picture = made.value();
+    const RegionCount count =
+        countRegions(picture, startingSets(), gridOn({picture.width, picture.height}, 10, MazeKind::regular));
+    EXPECT_EQ(count.regions, 1) << name;
+    EXPECT_EQ(picture.at(1, 1), kPaper) << name;
+  }
+}
+
 TEST(AWrongUse, IsToldInOneLine) {
   const std::vector<std::vector<std::string>> uses = {{},
                                                       {"in.png"},
