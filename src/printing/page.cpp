@@ -1,6 +1,7 @@
 #include "printing/page.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "pictures/ready.h"
 
@@ -9,23 +10,33 @@ namespace gridwright {
 namespace {
 
 /// All corners included; empty when `left` is greater than `right`.
-Square boxOfPicture(const Bitmap& shown, Colour ground) {
+Square boxOfPicture(const BitmapView& shown, Colour ground) {
   Square box{shown.width, shown.height, -1, -1};
   for (int y = 0; y < shown.height; ++y) {
     const Colour* row = shown.row(y);
-    const auto isPicture = [&](Colour pixel) { return pixel != ground; };
+    const auto isPicture = [&](Colour pixel) { return Canvas::colourOf(pixel) != ground; };
     const Colour* first = std::find_if(row, row + shown.width, isPicture);
     if (first == row + shown.width) continue;
     int last = shown.width - 1;
-    while (row[last] == ground) --last;
+    while (!isPicture(row[last])) --last;
     box = {std::min(box.left, static_cast<int>(first - row)), std::min(box.top, y), std::max(box.right, last),
            y};
   }
   return box;
 }
 
+bool holdsPaper(const BitmapView& shown) {
+  for (int y = 0; y < shown.height; ++y) {
+    const Colour* row = shown.row(y);
+    int count = 0;  // over the row as a whole: a loop that may stop at each pixel takes longer
+    for (int x = 0; x < shown.width; ++x) count += Canvas::colourOf(row[x]) == kPaper ? 1 : 0;
+    if (count > 0) return true;
+  }
+  return false;
+}
+
 /// The part of the shown plane that a page shows.
-Square partOnPage(const Program& program, const Bitmap& shown) {
+Square partOnPage(const Program& program, const BitmapView& shown) {
   const Square whole{0, 0, shown.width - 1, shown.height - 1};
   const ProgramState& s = program.state;
   if (!s.print.whiteGround) return whole;
@@ -43,18 +54,22 @@ void whiteground(Program& program) {
   program.menus.setChecked(Item::whiteground, on);
 }
 
-Bitmap pageOf(const Program& program) {
-  const Bitmap shown = program.canvas.shownImage();
+Page pageOf(const Program& program) {
+  const BitmapView shown = program.canvas.shownView();
+  const bool whiteGround = program.state.print.whiteGround;
+  if (!whiteGround && !holdsPaper(shown)) return Page(shown);
   const Square part = partOnPage(program, shown);
-  const Colour ground = program.state.print.whiteGround ? program.canvas.backColor() : kPaper;
+  const Colour ground = whiteGround ? program.canvas.backColor() : kPaper;
   Bitmap page = plainBitmap(part.right - part.left + 1, part.bottom - part.top + 1, qb::white);
   auto to = page.pixels.begin();
   for (int y = part.top; y <= part.bottom; ++y) {
     const Colour* from = shown.row(y);
-    to = std::transform(from + part.left, from + part.right + 1, to,
-                        [&](Colour pixel) { return pixel == kPaper || pixel == ground ? qb::white : pixel; });
+    to = std::transform(from + part.left, from + part.right + 1, to, [&](Colour raw) {
+      const Colour pixel = Canvas::colourOf(raw);
+      return pixel == kPaper || pixel == ground ? qb::white : pixel;
+    });
   }
-  return page;
+  return Page(std::move(page));
 }
 
 }  // namespace gridwright

@@ -1,9 +1,28 @@
 // The Canvas as a page shows it.
 #pragma once
 
+#include <utility>
+
+#include "canvas/bitmap_view.h"
 #include "state/program.h"
 
 namespace gridwright {
+
+/// A picture to be printed: the shown plane itself where paper takes it as it stands, until something is
+/// painted; else one that was made of it.
+class Page {
+ public:
+  explicit Page(const BitmapView& shown) : shown_(shown) {}
+  explicit Page(Bitmap made) : made_(std::move(made)), shown_(made_) {}
+  Page(const Page&) = delete;
+  Page& operator=(const Page&) = delete;
+
+  [[nodiscard]] const BitmapView& view() const { return shown_; }
+
+ private:
+  Bitmap made_;
+  BitmapView shown_;
+};
 
 void whiteground(Program& program);  ///< "White ground": on, or off again.
 
@@ -11,6 +30,6 @@ void whiteground(Program& program);  ///< "White ground": on, or off again.
 /// only nearly white. With a white ground it is no more than the smallest box outside which every pixel is
 /// `BackColor`, with one wall size round it where the Canvas has that, and `BackColor` is white; where there
 /// is nothing but ground, the whole of it.
-Bitmap pageOf(const Program& program);
+Page pageOf(const Program& program);
 
 }  // namespace gridwright

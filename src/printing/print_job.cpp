@@ -38,7 +38,7 @@ void goOnToNextMaze(ProgramState& s) {
 
 /// A page that cannot be kept ends the job, which tells it. \returns whether it was kept.
 bool printPage(Program& program) {
-  if (program.platform.printForm(pageOf(program))) return true;
+  if (program.platform.printForm(pageOf(program).view())) return true;
   endJob(program);
   return false;
 }

@@ -6,7 +6,7 @@
 namespace gridwright {
 
 void printfff(Program& program) {
-  tellPrinted(program, "the window is printed", program.platform.printAlone(pageOf(program)));
+  tellPrinted(program, "the window is printed", program.platform.printAlone(pageOf(program).view()));
 }
 
 }  // namespace gridwright

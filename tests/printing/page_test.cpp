@@ -19,33 +19,40 @@ struct Sheet : World {
 
 TEST(APage, ShowsTheWholeCanvasWithItsGround) {
   Sheet w({"yyyyy", "yy.yy", "yyyyy"});
-  EXPECT_EQ(textOf(pageOf(w.program)), textOf(pixels({"yyyyy", "yy.yy", "yyyyy"})));
+  EXPECT_EQ(textOf(pageOf(w.program).view().copied()), textOf(pixels({"yyyyy", "yy.yy", "yyyyy"})));
+}
+
+TEST(APage, IsTheShownPlaneItselfUnlessPaperIsOnIt) {
+  Sheet w({"yyyyy", "yy.yy", "yyyyy"});
+  EXPECT_EQ(pageOf(w.program).view().first, w.canvas.shownRow(0));
+  w.canvas.fill(4, 2, 4, 2, kPaper);
+  EXPECT_NE(pageOf(w.program).view().first, w.canvas.shownRow(0));
 }
 
 TEST(Paper, IsPlainWhiteOnAPageAndStaysWhatItIsOnTheCanvas) {
   Sheet w({"yyy", "y.y"});
   w.canvas.setAutoRedraw(true);
   w.canvas.fill(2, 0, 2, 1, kPaper);
-  EXPECT_EQ(textOf(pageOf(w.program)), textOf(pixels({"yy*", "y.*"})));
+  EXPECT_EQ(textOf(pageOf(w.program).view().copied()), textOf(pixels({"yy*", "y.*"})));
   EXPECT_EQ(w.canvas.shownPoint(2, 1), kPaper);
 }
 
 TEST(AWhiteGround, LeavesThePictureWithOneWallSizeOfWhiteRoundIt) {
   Sheet w({"yyyyyyy", "yyyyyyy", "yyyy.yy", "yy.yyyy", "yyyyyyy", "yyyyyyy"});
   whiteground(w.program);
-  EXPECT_EQ(textOf(pageOf(w.program)), textOf(pixels({"*****", "***.*", "*.***", "*****"})));
+  EXPECT_EQ(textOf(pageOf(w.program).view().copied()), textOf(pixels({"*****", "***.*", "*.***", "*****"})));
 }
 
 TEST(AWhiteGround, EndsWhereTheCanvasEnds) {
   Sheet w({".yyyy", "yyyyy", "yyyyy"});
   whiteground(w.program);
-  EXPECT_EQ(textOf(pageOf(w.program)), textOf(pixels({".*", "**"})));
+  EXPECT_EQ(textOf(pageOf(w.program).view().copied()), textOf(pixels({".*", "**"})));
 }
 
 TEST(AWhiteGround, IsAWholeWhitePageWhereNothingIsDrawn) {
   Sheet w({"yyy", "yyy"});
   whiteground(w.program);
-  EXPECT_EQ(textOf(pageOf(w.program)), textOf(pixels({"***", "***"})));
+  EXPECT_EQ(textOf(pageOf(w.program).view().copied()), textOf(pixels({"***", "***"})));
 }
 
 TEST(AWhiteGround, IsTickedAndTakenBackByTheSameItem) {
