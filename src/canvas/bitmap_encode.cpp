@@ -71,16 +71,27 @@ std::string headerOf(const BitmapView& picture) {
 
 }  // namespace
 
-std::string encodeBitmapFile(const BitmapView& picture) {
+BitmapFilePieces::BitmapFilePieces(const BitmapView& picture) : bytes_(headerOf(picture)) {
   const std::size_t row = bytesOfRow(picture);
-  std::string bytes = headerOf(picture);
-  bytes.reserve(bytes.size() + row * static_cast<std::size_t>(picture.height));
-  // By way of a row that stays in the processor's cache: each byte of the file is touched once.
+  // All that may come: the pieces lead into these bytes. What is not written to costs nothing.
+  bytes_.reserve(bytes_.size() + row * static_cast<std::size_t>(picture.height));
+  pieces_.reserve(1 + static_cast<std::size_t>(picture.height));
+  pieces_.emplace_back(bytes_);
+  // By way of a row that stays in the processor's cache: each byte is touched once.
   std::string packed(row + kSpare, '\0');
   for (int y = picture.height - 1; y >= 0; --y) {
-    packRow(picture.row(y), static_cast<std::size_t>(picture.width), packed.data());
-    bytes.append(packed, 0, row);  // the spare bytes of the last pixels are the zeros that fill a row up
+    if (y + 1 == picture.height || !picture.isLikeRowAbove(y + 1)) {
+      packRow(picture.row(y), static_cast<std::size_t>(picture.width), packed.data());
+      bytes_.append(packed, 0, row);  // the spare bytes of the last pixels are the zeros that fill a row up
+    }
+    pieces_.push_back(std::string_view(bytes_).substr(bytes_.size() - row));
   }
+}
+
+std::string encodeBitmapFile(const BitmapView& picture) {
+  const BitmapFilePieces file(picture);
+  std::string bytes;
+  for (const std::string_view piece : file.pieces()) bytes += piece;
   return bytes;
 }
 

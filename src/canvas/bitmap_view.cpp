@@ -20,13 +20,13 @@ void BitmapView::copyTo(Bitmap& bitmap) const {
     std::transform(row(y), row(y) + width, out, [](Colour pixel) { return pixel & kColourBits; });
 }
 
-bool BitmapView::isSameAs(const Bitmap& bitmap) const {
-  if (bitmap.width != width || bitmap.height != height || bitmap.cutFrom != Size{}) return false;
+bool BitmapView::isSameAs(const BitmapView& other) const {
+  if (other.width != width || other.height != height) return false;
   for (int y = 0; y < height; ++y) {
     const Colour* mine = row(y);
-    const Colour* other = bitmap.row(y);
+    const Colour* its = other.row(y);
     Colour differ = 0;  // the row as a whole: a loop that may stop at each pixel costs several times that
-    for (int x = 0; x < width; ++x) differ |= (mine[x] ^ other[x]) & kColourBits;
+    for (int x = 0; x < width; ++x) differ |= (mine[x] ^ its[x]) & kColourBits;
     if (differ != 0) return false;
   }
   return true;

@@ -1,8 +1,18 @@
 #include "canvas/canvas.h"
 
 #include <algorithm>
+#include <array>
 
 namespace gridwright {
+
+namespace {
+
+/// Most pictures are painted over the like: to look is less than to write.
+void putRow(Colour* to, const Colour* from, int columns) {
+  if (!std::equal(from, from + columns, to)) std::copy_n(from, columns, to);
+}
+
+}  // namespace
 
 Canvas::Canvas()
     : persistent_(static_cast<std::size_t>(kSide) * kSide, qb::white),
@@ -56,21 +66,24 @@ void Canvas::cls() {
   touch(0, 0, kSide - 1, kSide - 1);
 }
 
-void Canvas::paintPicture(const Bitmap& source) {
+void Canvas::paintPicture(const BitmapView& source) {
   const int columns = std::min(source.width, kSide);
   const int rows = std::min(source.height, kSide);
   if (columns <= 0 || rows <= 0) return;
+  std::array<Colour, kSide> ink{};
   for (int y = 0; y < rows; ++y) {
     const Colour* in = source.row(y);
-    Colour* shown = shown_.data() + index(0, y);
-    for (int x = 0; x < columns; ++x) shown[x] = (in[x] & kColourBits) | kCovered;
-    if (autoRedraw_) std::copy_n(shown, columns, persistent_.data() + index(0, y));
+    if (y == 0 || in != source.row(y - 1)) {
+      for (int x = 0; x < columns; ++x) ink[static_cast<std::size_t>(x)] = (in[x] & kColourBits) | kCovered;
+    }
+    putRow(shown_.data() + index(0, y), ink.data(), columns);
+    if (autoRedraw_) putRow(persistent_.data() + index(0, y), ink.data(), columns);
   }
   touch(0, 0, columns - 1, rows - 1);
   if (autoRedraw_) noteKept(0, 0, columns - 1, rows - 1);
 }
 
-void Canvas::setPicture(const Bitmap& picture) {
+void Canvas::setPicture(const BitmapView& picture) {
   const int columns = std::min(picture.width, kSide);
   const int rows = std::min(picture.height, kSide);
   const Colour ground = backColor_ & kColourBits;

@@ -77,10 +77,10 @@ class Canvas {
   void cls();
 
   /// Copies a picture to the top left, one to one, cut at 1000 by 1000.
-  void paintPicture(const Bitmap& source);
+  void paintPicture(const BitmapView& source);
 
   /// Makes both planes anew: `backColor()` everywhere, the bitmap at the top left over it.
-  void setPicture(const Bitmap& picture);
+  void setPicture(const BitmapView& picture);
   void clearPicture() { setPicture(Bitmap{}); }
 
   [[nodiscard]] Colour backColor() const { return backColor_; }

@@ -3,15 +3,18 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <random>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace gridwright {
 
@@ -23,7 +26,8 @@ constexpr int kOwnWay = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 constexpr std::string_view kBuilding = ".building";
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";
 constexpr std::size_t kFreshLetters = 8;
-constexpr int kMostTries = 8;  // at a name that others keep taking away
+constexpr int kMostTries = 8;                    // at a name that others keep taking away
+constexpr std::ptrdiff_t kMostPieces = IOV_MAX;  // that the system takes at once
 
 Fault notWritable(const fs::path& path) { return {Fault::Kind::notWritable, path.string()}; }
 Fault notPlain(const fs::path& path) { return {Fault::Kind::notPlain, path.string()}; }
@@ -85,6 +89,27 @@ Outcome<OpenFile> emptied(Outcome<OpenFile> file, const fs::path& path) {
   return file;
 }
 
+/// The pieces that hold anything, as the system takes them.
+std::vector<iovec> ioVectorsOf(Pieces pieces) {
+  std::vector<iovec> vectors;
+  vectors.reserve(pieces.size());
+  for (const std::string_view piece : pieces) {
+    // The system only reads them; its one type is for reading and writing.
+    if (!piece.empty()) vectors.push_back({const_cast<char*>(piece.data()), piece.size()});
+  }
+  return vectors;
+}
+
+/// \returns the first vector that is not written yet, cut to what is left of it.
+std::vector<iovec>::iterator afterBytes(std::vector<iovec>::iterator next, std::size_t count) {
+  while (count > 0 && count >= next->iov_len) count -= (next++)->iov_len;
+  if (count > 0) {
+    next->iov_base = static_cast<char*>(next->iov_base) + count;
+    next->iov_len -= count;
+  }
+  return next;
+}
+
 }  // namespace
 
 OpenFile& OpenFile::operator=(OpenFile&& other) noexcept {
@@ -142,17 +167,21 @@ Outcome<OpenFile> openHeld(const fs::path& path) {
   return notWritable(path);
 }
 
-bool writeAll(const OpenFile& file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file.descriptor(), bytes.data(), bytes.size());
+bool writeAll(const OpenFile& file, Pieces pieces) {
+  std::vector<iovec> left = ioVectorsOf(pieces);
+  for (auto next = left.begin(); next != left.end();) {
+    const auto most = std::min<std::ptrdiff_t>(left.end() - next, kMostPieces);
+    const ssize_t count = ::writev(file.descriptor(), &*next, static_cast<int>(most));
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(count));
+    next = afterBytes(next, static_cast<std::size_t>(count));
   }
   // Some file systems tell what went wrong only at a close; a second descriptor's leaves the file held.
   const int twin = ::fcntl(file.descriptor(), F_DUPFD_CLOEXEC, 0);
   return twin >= 0 && ::close(twin) == 0;
 }
+
+bool writeAll(const OpenFile& file, std::string_view bytes) { return writeAll(file, Pieces(&bytes, 1)); }
 
 Outcome<Done> writePlainFile(const fs::path& path, std::string_view bytes) {
   const auto file = openForNewContent(path);
@@ -168,11 +197,15 @@ std::optional<FileMark> markOf(const fs::path& path) {
 }
 
 Outcome<FileMark> replacePlainFile(const fs::path& path, std::string_view bytes, Overwrite how) {
+  return replacePlainFile(path, Pieces(&bytes, 1), how);
+}
+
+Outcome<FileMark> replacePlainFile(const fs::path& path, Pieces pieces, Overwrite how) {
   if (isNoPlainFile(path)) return notPlain(path);
   const fs::path building = buildingName(path);
   const auto file = openHeld(building);
   if (!file) return file.fault();
-  if (writeAll(file.value(), bytes)) {
+  if (writeAll(file.value(), pieces)) {
     const FileMark mark = markIn(about(file.value()));  // from here on everybody can reach it by its name
     if (takePlace(building, path, how)) return mark;
   }

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -54,7 +55,11 @@ Outcome<OpenFile> openForNewContent(const std::filesystem::path& path);
 /// no other takes it for a left-over. One that another holds is notWritable.
 Outcome<OpenFile> openHeld(const std::filesystem::path& path);
 
+/// Bytes that lie in several places, one after the other as a file will hold them.
+using Pieces = std::span<const std::string_view>;
+
 /// Writes the bytes at the end of what was written to an open file. \returns whether all were taken.
+bool writeAll(const OpenFile& file, Pieces pieces);
 bool writeAll(const OpenFile& file, std::string_view bytes);
 
 /// Writes the bytes over what was there; they may be cut off by a full disk. Faults as above.
@@ -74,6 +79,8 @@ std::optional<FileMark> markOf(const std::filesystem::path& path);
 /// Writes the bytes by way of a file beside it that is renamed: the old bytes or the new ones are there,
 /// whole, at any moment, and on failure nothing is left behind. Faults as above.
 /// \returns the mark of the file with just these bytes, whatever another hand does to it meanwhile.
+Outcome<FileMark> replacePlainFile(const std::filesystem::path& path, Pieces pieces,
+                                   Overwrite how = Overwrite::atOnce);
 Outcome<FileMark> replacePlainFile(const std::filesystem::path& path, std::string_view bytes,
                                    Overwrite how = Overwrite::atOnce);
 

@@ -1,7 +1,5 @@
 #include "files/work_pictures.h"
 
-#include <utility>
-
 #include "files/bitmap_files.h"
 #include "files/work_folder.h"
 
@@ -10,10 +8,11 @@ namespace gridwright {
 bool WorkPictures::save(std::string_view name, const BitmapView& picture, Overwrite how) {
   Copy& copy = copies_[std::string(name)];
   const std::filesystem::path path = folder_.resolve(name);
-  if (copy.isIn(path) && picture.isSameAs(copy.picture)) return true;
-  picture.copyTo(copy.picture);
+  if (!copy.isPart && copy.isIn(path) && picture.isSameAs(copy.picture.view())) return true;
+  copy.picture.take(picture);
+  copy.isPart = false;
   copy.file.reset();
-  const auto saved = bitmaps_.saveBitmap(copy.picture, path, how);
+  const auto saved = bitmaps_.saveBitmap(copy.picture.view(), path, how);
   copy.lastWriteFailed = !saved;
   if (saved) {
     copy.file = saved.value();
@@ -23,18 +22,19 @@ bool WorkPictures::save(std::string_view name, const BitmapView& picture, Overwr
   return !copy.lastWriteFailed;
 }
 
-const Bitmap& WorkPictures::load(std::string_view name) {
+BitmapView WorkPictures::load(std::string_view name) {
   Copy& copy = copies_[std::string(name)];
-  if (copy.lastWriteFailed) return copy.picture;
+  if (copy.lastWriteFailed) return copy.picture.view();
   const std::filesystem::path path = folder_.resolve(name);
-  if (copy.isIn(path)) return copy.picture;
+  if (copy.isIn(path)) return copy.picture.view();
   const auto before = markOf(path);
-  auto read = bitmaps_.loadBitmap(path);
-  if (!read) return copy.picture;
-  copy.picture = std::move(read.value());
+  const auto read = bitmaps_.loadBitmap(path);
+  if (!read) return copy.picture.view();
+  copy.picture.take(read.value());
+  copy.isPart = read.value().cutFrom != Size{};
   copy.file.reset();
   if (before == markOf(path)) copy.file = before;  // else it was changed while it was read
-  return copy.picture;
+  return copy.picture.view();
 }
 
 }  // namespace gridwright

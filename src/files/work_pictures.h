@@ -14,8 +14,8 @@
 #include <string>
 #include <string_view>
 
-#include "canvas/bitmap.h"
 #include "canvas/bitmap_view.h"
+#include "canvas/folded_bitmap.h"
 #include "files/plain_file.h"
 
 namespace gridwright {
@@ -30,11 +30,12 @@ class WorkPictures {
   /// \returns whether the picture is in its file now.
   bool save(std::string_view name, const BitmapView& picture, Overwrite how = Overwrite::unhurried);
   /// The picture, or an empty one that was never written; it stands until the next call.
-  const Bitmap& load(std::string_view name);
+  BitmapView load(std::string_view name);
 
  private:
   struct Copy {
-    Bitmap picture;
+    FoldedBitmap picture;
+    bool isPart = false;  ///< Its file holds more than a picture may have.
     bool lastWriteFailed = false;
     std::optional<FileMark> file;  ///< Of the file that holds just this picture.
     [[nodiscard]] bool isIn(const std::filesystem::path& path) const { return file && file == markOf(path); }

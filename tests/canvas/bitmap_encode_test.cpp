@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -43,6 +44,21 @@ TEST(AnEncodedPicture, IsReadAgainAsItWas) {
     ASSERT_TRUE(read);
     EXPECT_TRUE(samePicture(read.value(), picture));
   }
+}
+
+TEST(AnEncodedPicture, HoldsRowsThatAreAlikeInMemoryOnce) {
+  Bitmap picture = motleyPicture(5, 6);
+  for (const int y : {1, 2, 4}) std::copy_n(picture.row(0), 5, picture.pixels.data() + y * 5);
+  const BitmapFilePieces file(picture);
+  const auto& pieces = file.pieces();  // the header, then the rows from the bottom
+  ASSERT_EQ(pieces.size(), 7U);
+  EXPECT_EQ(pieces[5].data(), pieces[6].data());
+  EXPECT_EQ(pieces[4].data(), pieces[6].data());
+  EXPECT_NE(pieces[3].data(), pieces[4].data());
+  EXPECT_EQ(pieces[2], pieces[4]) << "another row lies between them";
+  const std::string whole = encodeBitmapFile(picture);
+  EXPECT_EQ(whole.size(), kHeaders + 6 * 16);
+  EXPECT_TRUE(samePicture(decodeBitmapFile(whole, 1000).value(), picture));
 }
 
 TEST(APlaneOfTheCanvas, IsEncodedWithoutItsMarks) {

@@ -48,14 +48,6 @@ TEST(AView, IsAnotherPictureByOnePixelOrBySize) {
   EXPECT_FALSE(view.isSameAs(pixels({"...", ".**", "..."})));
 }
 
-TEST(AView, IsAnotherPictureThanOneThatWasCutFromALargerFile) {
-  TwoPlanes t;
-  Bitmap cut = t.canvas.image();
-  ASSERT_TRUE(t.canvas.imageView().isSameAs(cut));
-  cut.cutFrom = {4, 300};
-  EXPECT_FALSE(t.canvas.imageView().isSameAs(cut)) << "its file holds more";
-}
-
 TEST(AView, IsCopiedIntoTheMemoryThatABitmapHas) {
   TwoPlanes t;
   Bitmap bitmap = plainBitmap(4, 3, kNavy);

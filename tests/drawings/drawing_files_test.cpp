@@ -416,7 +416,7 @@ TEST(ALoad, KeepsThePictureThatWasThere) {
   Bitmap drawn;
   s.look([&](Program& p) { drawn = p.canvas.image(); });
   s.load("one");
-  s.look([&](Program& p) { EXPECT_TRUE(samePicture(p.pictures.load("last-drawing.bmp"), drawn)); });
+  s.look([&](Program& p) { EXPECT_TRUE(samePicture(p.pictures.load("last-drawing.bmp").copied(), drawn)); });
   s.run();
 }
 

@@ -2,16 +2,21 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <chrono>
+#include <csignal>
+#include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "support/full_disk.h"
 #include "support/no_plain_files.h"
+#include "support/pipe.h"
 #include "support/work_folders.h"
 
 namespace gridwright::test {
@@ -44,6 +49,63 @@ TEST(AFileThatIsEmptyAlready, IsNotCutAgainForItsNewContent) {
     EXPECT_EQ(fs::file_size(path), 0U);
     EXPECT_EQ(fs::last_write_time(path) == old, before.empty());
   }
+}
+
+/// So many pieces that the system does not take them at once, of different lengths, some without a byte.
+std::vector<std::string> manyPieces() {
+  std::vector<std::string> pieces;
+  for (std::size_t i = 0; i < 2500; ++i) pieces.emplace_back(i % 7 * 31, static_cast<char>('a' + i % 26));
+  return pieces;
+}
+
+std::string joined(const std::vector<std::string>& pieces) {
+  std::string whole;
+  for (const std::string& piece : pieces) whole += piece;
+  return whole;
+}
+
+TEST(AFileOfPieces, HoldsThemOneAfterTheOther) {
+  const TempFolder temp;
+  const std::vector<std::string> pieces = manyPieces();
+  const std::vector<std::string_view> views(pieces.begin(), pieces.end());
+  ASSERT_TRUE(replacePlainFile(temp.path() / "a", views));
+  EXPECT_EQ(readPlainFile(temp.path() / "a").value(), joined(pieces));
+  ASSERT_TRUE(replacePlainFile(temp.path() / "a", ""));
+  EXPECT_EQ(readPlainFile(temp.path() / "a").value(), "");
+}
+
+/// Has every write of this thread that waits come back with what it has written so far.
+void cutWritesOff() {
+  struct sigaction action {};
+  action.sa_handler = [](int) {};  // without SA_RESTART
+  ::sigaction(SIGUSR1, &action, nullptr);
+}
+
+TEST(AFileOfPieces, GoesOnWhereAWriteWasCutOff) {
+  const std::vector<std::string> pieces = manyPieces();
+  const std::vector<std::string_view> views(pieces.begin(), pieces.end());
+  const std::string whole = joined(pieces);
+  Pipe pipe;
+  const int room = ::fcntl(pipe.ends[0], F_SETPIPE_SZ, 4096);
+  ASSERT_EQ(room, 4096);
+  cutWritesOff();
+  bool taken = false;
+  std::thread writer([&] { taken = writeAll(OpenFile(std::exchange(pipe.ends[1], -1)), views); });
+  std::string read;
+  while (read.size() < whole.size()) {
+    int waiting = 0;
+    ::ioctl(pipe.ends[0], FIONREAD, &waiting);
+    if (waiting == 0) continue;
+    ::pthread_kill(writer.native_handle(), SIGUSR1);  // it has filled the pipe amid a piece, and waits
+    std::string bytes(static_cast<std::size_t>(room), '\0');
+    const ssize_t count = ::read(pipe.ends[0], bytes.data(), bytes.size());
+    if (count <= 0) break;
+    read.append(bytes, 0, static_cast<std::size_t>(count));
+  }
+  writer.join();
+  ::signal(SIGUSR1, SIG_DFL);
+  EXPECT_TRUE(taken);
+  EXPECT_EQ(read, whole);
 }
 
 TEST(WhatIsNoPlainFile, IsNeverWrittenThroughNorReplaced) {

@@ -38,7 +38,7 @@ TEST(AWorkPicture, IsReadFromItsFile) {
   p.pictures.save("drawing1.bmp", kOne);
   EXPECT_TRUE(samePicture(*p.desktop.file("drawing1.bmp"), kOne));
   p.desktop.putFile("drawing1.bmp", kOther);  // changed by hand
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing1.bmp"), kOther));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing1.bmp").copied(), kOther));
 }
 
 TEST(AWorkPictureThatIsSavedAnew, KeepsItsPlaceInMemory) {
@@ -46,17 +46,17 @@ TEST(AWorkPictureThatIsSavedAnew, KeepsItsPlaceInMemory) {
   p.pictures.save("drawing3.bmp", kOther);
   p.desktop.savesFail = true;
   p.pictures.save("drawing3.bmp", kOne);
-  const Colour* before = p.pictures.load("drawing3.bmp").pixels.data();
+  const Colour* before = p.pictures.load("drawing3.bmp").first;
   p.pictures.save("drawing3.bmp", plainBitmap(2, 2, kNavy));
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing3.bmp"), plainBitmap(2, 2, kNavy)));
-  EXPECT_EQ(p.pictures.load("drawing3.bmp").pixels.data(), before);
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing3.bmp").copied(), plainBitmap(2, 2, kNavy)));
+  EXPECT_EQ(p.pictures.load("drawing3.bmp").first, before);
 }
 
 TEST(AWorkPictureWhoseFileIsGone, ComesFromTheCopyInMemory) {
   Pictures p;
   p.pictures.save("drawing1.bmp", kOne);
   p.desktop.bitmaps.clear();
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing1.bmp"), kOne));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing1.bmp").copied(), kOne));
 }
 
 TEST(AWorkPictureThatCouldNotBeWritten, ComesFromMemoryAndNotFromTheOlderFile) {
@@ -65,20 +65,20 @@ TEST(AWorkPictureThatCouldNotBeWritten, ComesFromMemoryAndNotFromTheOlderFile) {
   p.desktop.savesFail = true;
   p.pictures.save("drawing3.bmp", kOne);
   EXPECT_TRUE(samePicture(*p.desktop.file("drawing3.bmp"), kOther)) << "the old file still lies there";
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing3.bmp"), kOne));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing3.bmp").copied(), kOne));
 
   p.desktop.savesFail = false;
   p.pictures.save("drawing3.bmp", kOther);
   p.desktop.putFile("drawing3.bmp", kOne);
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing3.bmp"), kOne))
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing3.bmp").copied(), kOne))
       << "a good write makes the file count again";
 }
 
 TEST(AWorkPictureNeverWritten, IsEmpty) {
   Pictures p;
-  EXPECT_EQ(p.pictures.load("drawing2.bmp"), Bitmap{});
+  EXPECT_TRUE(p.pictures.load("drawing2.bmp").isEmpty());
   p.desktop.putFile("drawing2.bmp", kOther);
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing2.bmp"), kOther))
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing2.bmp").copied(), kOther))
       << "unless a file of that name lies there";
 }
 
@@ -90,7 +90,7 @@ TEST(TheCopyInMemory, KeepsEveryColourExactly) {
     for (int row = 0; row < 3; ++row) pixelAt(picture, i, row) = i << (8 * row);
   }
   p.pictures.save("title.bmp", picture);
-  EXPECT_TRUE(samePicture(p.pictures.load("title.bmp"), picture));
+  EXPECT_TRUE(samePicture(p.pictures.load("title.bmp").copied(), picture));
 }
 
 /// Pictures in a real folder, and how often one was written.
@@ -134,6 +134,16 @@ TEST(AWorkPictureThatIsOnDiskAlready, IsNotWrittenAgain) {
   EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), kOne));
 }
 
+TEST(AWorkPictureThatWasCutFromALargerFile, IsWrittenAgain) {
+  PicturesOnDisk p;
+  const auto path = p.temp.path() / "drawing4.bmp";
+  ASSERT_TRUE(writeBitmapFile(plainBitmap(2, 1003, kNavy), path));
+  const Bitmap part = p.pictures.load("drawing4.bmp").copied();
+  EXPECT_TRUE(samePicture(part, plainBitmap(2, 1000, kNavy)));
+  EXPECT_EQ(p.save(part), 1) << "its file holds more";
+  EXPECT_EQ(p.save(part), 0);
+}
+
 TEST(AWorkPictureThatAnotherHandHasTouched, IsWrittenAgain) {
   PicturesOnDisk p;
   const auto path = p.temp.path() / "drawing4.bmp";
@@ -155,7 +165,7 @@ TEST(AWorkPictureThatAnotherHandReplacedByOneAsLongAndAsOld, IsReadAndIsWrittenA
     std::filesystem::last_write_time(path, time);
   };
   replace();
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOther));
   EXPECT_EQ(p.save(kOne), 1);
   replace();
   EXPECT_EQ(p.save(kOne), 1);
@@ -168,7 +178,7 @@ TEST(AWorkPictureThatAnotherHandReplacesAtOnce, IsNotTakenForTheOneThatWasWritte
   p.desktop.meanwhile = [&] { ASSERT_TRUE(writeBitmapFile(kOther, path)); };
   p.save(kOne);
   p.desktop.meanwhile = nullptr;
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOther));
   EXPECT_EQ(p.save(kOne), 1);
 }
 
@@ -176,12 +186,12 @@ TEST(AWorkPictureThatWasReadFromTheDisk, IsNeitherReadNorWrittenAgain) {
   PicturesOnDisk p;
   const auto path = p.temp.path() / "drawing4.bmp";
   ASSERT_TRUE(writeBitmapFile(kOther, path));
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOther));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOther));
   EXPECT_EQ(p.desktop.read, 1);
   EXPECT_EQ(p.save(kOther), 0);
   std::filesystem::remove(path);
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther)) << "the copy stands in";
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOther)) << "the copy stands in";
   EXPECT_EQ(p.save(kOther), 1);
 }
 
@@ -190,9 +200,9 @@ TEST(AWorkPictureThatAnotherHandReplacesWhileItIsRead, IsReadAgain) {
   const auto path = p.temp.path() / "drawing4.bmp";
   ASSERT_TRUE(writeBitmapFile(kOther, path));
   p.desktop.meanwhile = [&] { ASSERT_TRUE(writeBitmapFile(kOne, path)); };
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOther));
   p.desktop.meanwhile = nullptr;
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOne));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOne));
 }
 
 TEST(AWorkPictureThatCouldNotBeWritten, IsTriedAgain) {
@@ -218,7 +228,7 @@ TEST(AWorkPictureUnderANameThatIsNoPlainFiles, ComesFromMemoryAndIsToldOnce) {
     p.folder.tellThrough([&](std::string_view words) { told.emplace_back(words); });
     p.save(kOther);
     p.save(kOne);
-    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOne));
+    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOne));
     EXPECT_TRUE(samePicture(readBitmapFile(elsewhere.path() / "mine.bmp").value(), kOther));
     EXPECT_TRUE(isNoPlainFile(p.temp.path() / "drawing4.bmp"));
     EXPECT_EQ(told,
@@ -234,11 +244,11 @@ TEST(AWorkPictureThatTheDiskCutsOff, ComesFromMemoryAndLeavesTheOlderFileWhole) 
   {
     const FullDisk full(3000);  // the disk gives up in the middle of the new file
     p.save(second);
-    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), second));
+    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), second));
   }
   EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), first));
   EXPECT_FALSE(std::filesystem::exists(p.temp.path() / "drawing4.bmp.building"));
-  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), second));
+  EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), second));
   EXPECT_EQ(p.save(second), 1) << "not taken for one that is on disk already";
   EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), second));
 }
@@ -249,7 +259,7 @@ TEST(AFolderThatCannotBeWritten, KeepsItsPictureWhileTheNewOneComesFromMemory) {
   {
     const ReadOnly readOnly(p.temp.path());
     p.save(kOther);
-    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp"), kOther));
+    EXPECT_TRUE(samePicture(p.pictures.load("drawing4.bmp").copied(), kOther));
     EXPECT_TRUE(samePicture(readBitmapFile(p.temp.path() / "drawing4.bmp").value(), kOne));
   }
   EXPECT_EQ(p.save(kOther), 1) << "it can be written again";

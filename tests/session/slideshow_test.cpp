@@ -51,7 +51,7 @@ struct Show : World {
   }
   void expectTitle(bool buttons = true) {
     desktop.look([buttons](Program& p) {
-      EXPECT_TRUE(samePicture(p.canvas.image(), p.pictures.load("title.bmp")));
+      EXPECT_TRUE(samePicture(p.canvas.image(), p.pictures.load("title.bmp").copied()));
       for (const ControlId id : {ControlId::Command2, ControlId::Command3, ControlId::Command7})
         EXPECT_EQ(p.controls[id].visible, buttons);
       EXPECT_FALSE(p.controls[ControlId::Timer1].enabled);
@@ -240,7 +240,7 @@ TEST(WithoutAnySlide, TheTitleStaysWithoutButtonsUntilTheLeftButtonIsPressed) {
     EXPECT_EQ(p.state.session.slideIndex, 1) << "an interval of 0 never fires";
     EXPECT_EQ(p.controls[ControlId::Timer1].interval, 0);
     EXPECT_FALSE(p.controls[ControlId::Command2].visible);
-    EXPECT_TRUE(samePicture(p.canvas.image(), p.pictures.load("title.bmp")));
+    EXPECT_TRUE(samePicture(p.canvas.image(), p.pictures.load("title.bmp").copied()));
   });
   w.mouse(1);
   w.expectTitle();

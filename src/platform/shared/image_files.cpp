@@ -48,7 +48,7 @@ QImage imageOf(const BitmapView& picture) {
 
 Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const std::filesystem::path& path,
                                   Overwrite how) {
-  return replacePlainFile(path, encodeBitmapFile(picture), how);
+  return replacePlainFile(path, BitmapFilePieces(picture).pieces(), how);
 }
 
 Outcome<Done> writePngFile(const BitmapView& picture, const std::filesystem::path& path) {
