@@ -19,6 +19,16 @@ Bitmap greyOf(const Mask& mask, Size size) {
   return grey;
 }
 
+/// One value a pixel, row by row.
+template <class Values>
+void copyPart(const Values& from, Size size, const Square& part, Values& to) {
+  const int width = part.right - part.left + 1;
+  for (int y = part.top; y <= part.bottom; ++y) {
+    const auto row = from.begin() + static_cast<std::ptrdiff_t>(placeOf(size, part.left, y));
+    to.insert(to.end(), row, row + width);
+  }
+}
+
 }  // namespace
 
 Size fittedInto(Size box, Size shape) {
@@ -40,16 +50,15 @@ Layer scaledLayer(const Layer& layer, Size size, PictureWork& work) {
   return scaled;
 }
 
+Bitmap cutOut(const Bitmap& picture, const Square& part) {
+  Bitmap cut{part.right - part.left + 1, part.bottom - part.top + 1, {}};
+  copyPart(picture.pixels, {picture.width, picture.height}, part, cut.pixels);
+  return cut;
+}
+
 Layer cutOut(const Layer& layer, const Square& part) {
-  Layer cut{plainBitmap(part.right - part.left + 1, part.bottom - part.top + 1, 0), {}};
-  if (!layer.clear.empty()) cut.clear.resize(cut.colours.pixels.size());
-  const int width = cut.colours.width;
-  for (int y = 0; y < cut.colours.height; ++y) {
-    const std::size_t from = placeOf(layer.size(), part.left, part.top + y);
-    const std::size_t to = placeOf(cut.size(), 0, y);
-    std::copy_n(layer.colours.pixels.data() + from, width, cut.colours.pixels.data() + to);
-    if (!cut.clear.empty()) std::copy_n(layer.clear.data() + from, width, cut.clear.data() + to);
-  }
+  Layer cut{cutOut(layer.colours, part), {}};
+  if (!layer.clear.empty()) copyPart(layer.clear, layer.size(), part, cut.clear);
   return cut;
 }
 

@@ -12,7 +12,8 @@ Size fittedInto(Size box, Size shape);
 /// The layer at another size; a pixel is clear where more than half of what it stands for was.
 Layer scaledLayer(const Layer& layer, Size size, PictureWork& work);
 
-/// A part of a layer that lies inside it.
+/// A part of a picture, or of a layer, that lies inside it.
+Bitmap cutOut(const Bitmap& picture, const Square& part);
 Layer cutOut(const Layer& layer, const Square& part);
 
 }  // namespace gridwright

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "pictures/fit.h"
 #include "pictures/pixel_walk.h"
 
 namespace gridwright {
@@ -13,6 +14,7 @@ namespace {
 
 constexpr int kFaintest = 32;   // a channel: how far from what is around it a line stands at least
 constexpr int kAboveNoise = 4;  // and how many times further than the picture's pixels do for the most part
+constexpr int kPastPart = 4;    // pixels beside a picture that the hardening of its edge may reach
 constexpr int kFlat = 20;       // a channel: colours that near make no edge
 
 /// How far, a channel, the picture's pixels lie from what is around them, for the most part.
@@ -25,6 +27,25 @@ int roughnessOf(const Bitmap& picture, const Bitmap& around) {
   int noise = 0;
   while ((seen += counts.at(static_cast<std::size_t>(noise))) * 2 < picture.pixels.size()) ++noise;
   return noise;
+}
+
+/// The median of the whole picture. It takes most of the time that a preparation does, so it leaves out the
+/// paper around the part, of which it would make the same.
+Bitmap smoothedAround(const Bitmap& picture, const Square& part, int side, PictureWork& work) {
+  // The median at the cut's own edge must be one of paper alone, and so must all that it looks at.
+  const int reach = kPastPart + 2 * side;
+  const Square around{std::max(part.left - reach, 0), std::max(part.top - reach, 0),
+                      std::min(part.right + reach, picture.width - 1),
+                      std::min(part.bottom + reach, picture.height - 1)};
+  if (around.left > around.right || around.top > around.bottom) return picture;
+  const Bitmap inside = work.smoothed(cutOut(picture, around), side);
+  Bitmap smooth = picture;
+  for (int y = 0; y < inside.height; ++y) {
+    std::copy_n(inside.row(y), inside.width,
+                smooth.pixels.begin() + static_cast<std::ptrdiff_t>(placeOf({picture.width, picture.height},
+                                                                            around.left, around.top + y)));
+  }
+  return smooth;
 }
 
 int squaresApart(Colour one, Colour other) {
@@ -176,8 +197,8 @@ bool isNoisy(const Bitmap& picture, const Mask& clear) {
   return quiet * 2 < pairs;
 }
 
-Bitmap withoutNoise(const Bitmap& picture, int side, int speck, PictureWork& work) {
-  Bitmap smooth = work.smoothed(picture, side);
+Bitmap withoutNoise(const Bitmap& picture, const Square& part, int side, int speck, PictureWork& work) {
+  Bitmap smooth = smoothedAround(picture, part, side, work);
   const Size size{picture.width, picture.height};
   const int least = std::max(kFaintest, kAboveNoise * roughnessOf(picture, smooth));
   Mask thin(picture.pixels.size());

@@ -3,6 +3,7 @@
 #include <leptonica/allheaders.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <new>
@@ -22,6 +23,8 @@ PixPointer owned(Pix* pix) {
   if (pix == nullptr) throw std::bad_alloc();
   return PixPointer(pix);
 }
+
+constexpr int kWordBits = 32;  // pixels of a mask, the leftmost highest
 
 l_uint32* rowOf(Pix* pix, int y) { return pixGetData(pix) + static_cast<std::ptrdiff_t>(y) * pixGetWpl(pix); }
 
@@ -56,15 +59,35 @@ Bitmap bitmapOf(Pix* pix, Size size) {
 }
 
 PixPointer pixOf(const Mask& mask, Size size) {
-  PixPointer pix = owned(pixCreate(size.width, size.height, 1));
+  constexpr std::array<std::uint8_t, kWordBits> kNothing{};
+  PixPointer pix = owned(pixCreate(size.width, size.height, 1));  // all clear
   const std::uint8_t* in = mask.data();
   for (int y = 0; y < size.height; ++y) {
     l_uint32* out = rowOf(pix.get(), y);
-    for (int x = 0; x < size.width; ++x) {
-      if (*in++ != 0) SET_DATA_BIT(out, x);
+    for (int x = 0; x < size.width; x += kWordBits, ++out) {
+      const int count = std::min(kWordBits, size.width - x);
+      const std::uint8_t* const begin = in;
+      in += count;
+      if (std::equal(begin, begin + count, kNothing.begin())) continue;  // most of most masks
+      for (int i = 0; i < count; ++i) *out |= l_uint32{begin[i] != 0} << (kWordBits - 1 - i);
     }
   }
   return pix;
+}
+
+Mask maskOf(Pix* pix, Size size) {
+  Mask mask(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
+  std::uint8_t* out = mask.data();
+  for (int y = 0; y < size.height; ++y) {
+    const l_uint32* in = rowOf(pix, y);
+    for (int x = 0; x < size.width; x += kWordBits, ++in) {
+      const int count = std::min(kWordBits, size.width - x);
+      for (int i = 0; *in != 0 && i < count; ++i)
+        out[i] = static_cast<std::uint8_t>(*in >> (kWordBits - 1 - i) & 1);
+      out += count;
+    }
+  }
+  return mask;
 }
 
 /// The library tells on standard error what it makes of odd calls; nobody reads that.
@@ -148,13 +171,7 @@ Mask LeptonicaWork::withoutSpecks(const Mask& mask, Size size, int least) {
   if (isEmpty != 0) return mask;
   const PixPointer large =
       owned(pixSelectBySize(pix.get(), least, least, 8, L_SELECT_IF_EITHER, L_SELECT_IF_GTE, nullptr));
-  Mask kept(mask.size());
-  std::uint8_t* out = kept.data();
-  for (int y = 0; y < size.height; ++y) {
-    const l_uint32* in = rowOf(large.get(), y);
-    for (int x = 0; x < size.width; ++x) *out++ = static_cast<std::uint8_t>(GET_DATA_BIT(in, x));
-  }
-  return kept;
+  return maskOf(large.get(), size);
 }
 
 std::vector<std::uint8_t> LeptonicaWork::depths(const Mask& mask, Size size) {
