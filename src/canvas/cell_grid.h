@@ -34,6 +34,10 @@ struct CellGrid {
     return cell.x >= wallWidth && cell.y >= wallHeight && (cell.x - wallWidth) % (2 * wallWidth) == 0 &&
            (cell.y - wallHeight) % (2 * wallHeight) == 0;
   }
+  /// The same of the cell that a square lies in as `squareIn` gives it: an end.
+  [[nodiscard]] bool onPipeGrid(const Square& square) const {
+    return onPipeGrid(Corner{square.left - 1, square.top - 1});
+  }
 
   /// The first cell in row order that passes.
   template <class Test>

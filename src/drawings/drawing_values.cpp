@@ -119,10 +119,10 @@ Square endFrom(const Program& program, const Square& square) {
   constexpr Square kNotPlaced{};
   if (!liesOn(program.canvas, square, kUnset)) return kNotPlaced;
   const int wall = program.state.wallWidth;
-  const bool fillsCell = square.right - square.left == wall - 3 && square.bottom - square.top == wall - 3 &&
-                         square.left % wall == 1 && square.top % wall == 1 &&
-                         (program.state.mazeKind != MazeKind::pipe ||
-                          presentGrid(program.state).onPipeGrid({square.left - 1, square.top - 1}));
+  const bool fillsCell =
+      square.right - square.left == wall - 3 && square.bottom - square.top == wall - 3 &&
+      square.left % wall == 1 && square.top % wall == 1 &&
+      (program.state.mazeKind != MazeKind::pipe || presentGrid(program.state).onPipeGrid(square));
   return fillsCell || !isPlaced(square) ? square : kNotPlaced;
 }
 

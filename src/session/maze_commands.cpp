@@ -31,11 +31,12 @@ void forgetStep(ProgramState& s) {
 void putOnPipeGrid(Program& program) {
   ProgramState& s = program.state;
   const CellGrid grid = pipeGrid(program);
-  const bool topLeft = grid.onPipeGrid({s.cur.left, s.cur.top});
-  const bool bottomRight = grid.onPipeGrid({s.cur.right - s.wallWidth + 1, s.cur.bottom - s.wallHeight + 1});
+  const bool topLeft = grid.onPipeGrid(Corner{s.cur.left, s.cur.top});
+  const bool bottomRight =
+      grid.onPipeGrid(Corner{s.cur.right - s.wallWidth + 1, s.cur.bottom - s.wallHeight + 1});
   if (!topLeft && !bottomRight) s.cur = firstCell(s);
   for (Square* end : {&s.start, &s.finish}) {
-    if (!grid.onPipeGrid({end->left - 1, end->top - 1})) *end = {-10, -10, -10, -10};
+    if (!grid.onPipeGrid(*end)) *end = {-10, -10, -10, -10};
   }
 }
 

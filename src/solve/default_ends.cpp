@@ -42,10 +42,6 @@ Square searchFinish(const Program& program, const CellGrid& grid, const Square& 
   return cell ? grid.squareIn(*cell) : otherwise;
 }
 
-bool onPipeGrid(const CellGrid& grid, const Square& square) {
-  return grid.onPipeGrid({square.left - 1, square.top - 1});
-}
-
 }  // namespace
 
 void placedefaultends(Program& program) {
@@ -61,9 +57,9 @@ void placepipefinish(Program& program) {
   ProgramState& s = program.state;
   const CellGrid grid = pipeGrid(program);
   s.ends.pipeStart = s.ends.pipeFinish = kNowhere;
-  const bool keepStart = isGoodStart(program, s.start) && onPipeGrid(grid, s.start);
+  const bool keepStart = isGoodStart(program, s.start) && grid.onPipeGrid(s.start);
   s.ends.pipeStart = keepStart ? s.start : searchStart(program, grid);
-  const bool keepFinish = isGoodFinish(program, s.finish, s.ends.pipeStart) && onPipeGrid(grid, s.finish);
+  const bool keepFinish = isGoodFinish(program, s.finish, s.ends.pipeStart) && grid.onPipeGrid(s.finish);
   s.ends.pipeFinish =
       keepFinish ? s.finish : searchFinish(program, grid, s.ends.pipeStart, true, s.ends.pipeFinish);
 }

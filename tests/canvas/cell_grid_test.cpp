@@ -101,11 +101,18 @@ TEST(AFarCornerScanAtWallSizeFive, BeginsOnePitchFurtherOut) {
 
 TEST(ThePipeGrid, HasEverySecondCell) {
   const CellGrid grid{10, 10, 20, 20, 50, 50};
-  EXPECT_TRUE(grid.onPipeGrid({10, 10}));
-  EXPECT_TRUE(grid.onPipeGrid({30, 50}));
-  EXPECT_FALSE(grid.onPipeGrid({20, 10}));
-  EXPECT_FALSE(grid.onPipeGrid({10, 40}));
-  EXPECT_FALSE(grid.onPipeGrid({-10, 10})) << "the band is no cell";
+  EXPECT_TRUE(grid.onPipeGrid(Corner{10, 10}));
+  EXPECT_TRUE(grid.onPipeGrid(Corner{30, 50}));
+  EXPECT_FALSE(grid.onPipeGrid(Corner{20, 10}));
+  EXPECT_FALSE(grid.onPipeGrid(Corner{10, 40}));
+  EXPECT_FALSE(grid.onPipeGrid(Corner{-10, 10})) << "the band is no cell";
+}
+
+TEST(AnEnd, LiesOnThePipeGridWhereItsCellDoes) {
+  const CellGrid grid{10, 10, 20, 20, 50, 50};
+  EXPECT_TRUE(grid.onPipeGrid(grid.squareIn({30, 50})));
+  EXPECT_FALSE(grid.onPipeGrid(grid.squareIn({20, 10})));
+  EXPECT_FALSE(grid.onPipeGrid(Square{30, 50, 37, 57})) << "a pixel beside its place";
 }
 
 }  // namespace
