@@ -46,7 +46,8 @@ WorkPlace temporaryPlace() {
 WorkPlace placeBeside(const fs::path& folder) {
   for (int number = 2; number <= kMostNeighbours; ++number) {
     fs::path neighbour = folder;
-    neighbour += " " + std::to_string(number);
+    neighbour += ' ';
+    neighbour += std::to_string(number);
     std::error_code failed;
     if (fs::is_symlink(neighbour, failed)) continue;
     if (auto place = placeIn(neighbour)) return std::move(*place);
