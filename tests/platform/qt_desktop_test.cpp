@@ -223,6 +223,29 @@ TEST(PagesThatCannotBeKept, AreToldOnceInTheWindow) {
   EXPECT_EQ(messageDuring([&] { session.desktop.printAlone(page); }), "");
 }
 
+TEST(AWindowThatWaitsForANewSize, IsPaintedAndHearsItsTimersMeanwhile) {
+  Session session;
+  const Size largest = session.desktop.maximise();
+  const QRect place = session.desktop.window().geometry();
+  session.desktop.setWindowState(WindowState::normal);
+  session.pump(Pace::working);
+  QTest::qWait(20);
+  session.desktop.window().setGeometry(place);  // so that no new size will come
+  QTest::qWait(20);
+  ASSERT_EQ(session.desktop.windowState(), WindowState::normal);
+  ASSERT_EQ(session.desktop.clientSize().height, largest.height);
+  int heard = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
+    ++heard;
+    session.desktop.window().view().update();
+  });
+  timer.start(1);
+  session.desktop.maximise();
+  EXPECT_EQ(session.desktop.clientSize().height, largest.height);
+  EXPECT_GT(heard, 5);
+}
+
 TEST(TheNormalPlace, IsTheSizeToGoBackToFromAMaximisedWindow) {
   Session session;
   session.desktop.maximise();

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
 #include <atomic>
 #include <future>
@@ -94,6 +95,38 @@ TEST(AChangeOnThePage, ComesBackInTheModelAndTheTicksBeginAnew) {
   g.part<QSpinBox>()->setValue(3);
   ASSERT_TRUE(g.pumpUntil([&] { return g.program.prepare.settings.colours == 3; }));
   EXPECT_FALSE(g.program.prepare.settings.grow);
+}
+
+/// A picture as a camera makes them, of 12 million pixels.
+QImage photograph() {
+  QImage small(400, 300, QImage::Format_RGB32);
+  for (int y = 0; y < small.height(); ++y)
+    for (int x = 0; x < small.width(); ++x)
+      small.setPixel(x, y, qRgb(x * 255 / 400, (x + y) % 7 * 5 + (y < 150 ? 180 : 60), y * 255 / 300));
+  return small.scaled(4000, 3000);
+}
+
+TEST(TheWindow, HearsWhatHappensWhileALargePictureIsReadAndPrepared) {
+  Gallery g;
+  photograph().save(g.path("large.jpg"));
+  int heard = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] { ++heard; });
+  timer.start(1);
+  const auto heardUntil = [&](auto holds) {
+    heard = 0;
+    for (g.pump(Pace::idle); !holds(); g.pump(Pace::idle)) {
+    }
+    return heard;
+  };
+  g.drop({QUrl::fromLocalFile(g.path("large.jpg"))});
+  EXPECT_GT(heardUntil([&] { return g.program.prepare.open; }), 5);
+  EXPECT_GT(heardUntil([&] { return g.program.prepare.made != nullptr; }), 5);
+  PrepareSettings settings = g.program.prepare.settings;
+  settings.colours = 12;
+  g.desktop.preparePage().onChange(settings);
+  EXPECT_GT(
+      heardUntil([&] { return g.program.prepare.settings.colours == 12 && !g.program.prepare.working; }), 2);
 }
 
 TEST(ManyChangesAtOnce, EndWithTheLast) {

@@ -236,6 +236,7 @@ Size QtDesktop::maximise() {
   return clientSize();
 }
 
+/// All is heard meanwhile but a person: what is typed now belongs to what will stand afterwards.
 void QtDesktop::waitForNewSize(const std::function<void()>& ask) {
   const QSize before = window_.view().size();
   ask();
