@@ -171,6 +171,18 @@ Canvas::KeptBoxes Canvas::takeKept() {
   return taken;
 }
 
+Bitmap Canvas::imageOnGround(Colour ground) const {
+  Bitmap picture = image();
+  for (int y = 0; y < picture.height; ++y) {
+    const Colour* const kept = keptRow(y);
+    Colour* const row = picture.pixels.data() + std::ptrdiff_t{y} * picture.width;
+    for (int x = 0; x < picture.width; ++x) {
+      if ((kept[x] & kCovered) == 0) row[x] = ground;
+    }
+  }
+  return picture;
+}
+
 void Canvas::putBack(const Dirty& box, const Colour* pixels) {
   if (box.empty()) return;
   const auto run = static_cast<std::size_t>(box.right - box.left);

@@ -118,6 +118,8 @@ class Canvas {
   KeptBoxes takeKept();
   /// A row of the persistent plane, with the marks of what a stroke has covered.
   [[nodiscard]] const Colour* keptRow(int y) const { return persistent_.data() + index(0, y); }
+  /// The persistent image with this colour wherever neither the picture nor a stroke has covered it.
+  [[nodiscard]] Bitmap imageOnGround(Colour ground) const;
   /// Puts pixels back on both planes as `keptRow` gave them, with their marks: the box's rows, one after the
   /// other. The box lies within the block.
   void putBack(const Dirty& box, const Colour* pixels);

@@ -93,6 +93,7 @@ Corner Sheet::held(int x, int y) {
 
 void Sheet::press(int x, int y) {
   if (pressed_) return;
+  note_.clear();
   inHand_ = settings_;
   if (inHand_.tool == Tool::eraser) inHand_.colour = kPaperInk;
   if (inHand_.tool == Tool::pick) {
@@ -129,7 +130,9 @@ void Sheet::strokeTo(Corner to, bool straight) {
   const bool isShape = inHand_.tool != Tool::pencil && inHand_.tool != Tool::eraser;
   if (isShape) giveBack();
   const Pen pen = penOf(inHand_, pitch_);
-  const Size thick = inHand_.oneCell ? Size{pitch_.stepX, pitch_.stepY} : Size{inHand_.size, inHand_.size};
+  const Size cell =
+      inHand_.snap ? Size{1, 1} : Size{pitch_.stepX, pitch_.stepY};  // one that is snapped grows
+  const Size thick = inHand_.oneCell ? cell : Size{inHand_.size, inHand_.size};
   const Size edge = inHand_.outline ? thick : Size{};
   switch (inHand_.tool) {
     case Tool::line:
@@ -238,6 +241,12 @@ int Sheet::replace(const Bitmap& picture, Meaning meaning) {
   return made.others;
 }
 
+void Sheet::setMeaning(Meaning meaning) {
+  endStroke();
+  meaning_ = settledMeaning_ = meaning;
+  steps_.setMeaning(meaning);
+}
+
 bool Sheet::undo() {
   endStroke();
   if (!steps_.canUndo()) return false;
@@ -273,9 +282,9 @@ void Sheet::giveBack() {
 }
 
 void Sheet::finishStep() {
-  if (Size{settled_.width, settled_.height} == size() && isEmpty(dirty_)) return;
+  if (Size{settled_.width, settled_.height} == size() && isEmpty(dirty_) && settledMeaning_ == meaning_)
+    return;
   if (!steps_.add(settled_, picture_, dirty_, settledMeaning_, meaning_)) {
-    settledMeaning_ = meaning_;
     dirty_ = kNothing;
     return;
   }

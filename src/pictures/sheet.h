@@ -69,7 +69,7 @@ class Sheet {
   /// What the colours mean; a step that is taken back brings back what they meant.
   [[nodiscard]] Meaning meaning() const { return meaning_; }
   /// From now on they mean this, which makes no step.
-  void setMeaning(Meaning meaning) { meaning_ = settledMeaning_ = meaning; }
+  void setMeaning(Meaning meaning);
 
   /// \returns whether there was a step.
   bool undo();

@@ -120,7 +120,10 @@ bool SheetSteps::add(const Bitmap& before, const Bitmap& after, const Square& pa
   Step step{{{before.width, before.height}, was}, {{after.width, after.height}, is}, part, {}};
   if (step.before.size == step.after.size) {
     step.part = differing(before, after, part);
-    if (step.part.left > step.part.right) return false;
+    if (step.part.left > step.part.right) {
+      if (was == is) return false;
+      step.part = {};
+    }
     step.packed = packedDifference(before, after, step.part);
   } else {
     const Size both = larger(step.before.size, step.after.size);
@@ -133,6 +136,11 @@ bool SheetSteps::add(const Bitmap& before, const Bitmap& after, const Square& pa
   for (; bytes_ > mostBytes_; steps_.pop_front()) bytes_ -= steps_.front().bytes();
   present_ = steps_.size();
   return true;
+}
+
+void SheetSteps::setMeaning(Meaning meaning) {
+  if (canUndo()) steps_[present_ - 1].after.meaning = meaning;
+  if (canRedo()) steps_[present_].before.meaning = meaning;
 }
 
 Square SheetSteps::cross(Bitmap& picture, Meaning& meaning, const Step& step, bool forwards) {

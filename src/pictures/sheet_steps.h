@@ -31,7 +31,7 @@ class SheetSteps {
 
   /// A step was made; what had been taken back before it can be had no more.
   /// \param part holds all that differs, where both are of one size.
-  /// \returns whether any pixel differs: nothing is kept else.
+  /// \returns whether anything differs: nothing is kept else.
   bool add(const Bitmap& before, const Bitmap& after, const Square& part, Meaning was, Meaning is);
 
   [[nodiscard]] bool canUndo() const { return present_ > 0; }
@@ -42,6 +42,9 @@ class SheetSteps {
     return cross(picture, meaning, steps_[--present_], false);
   }
   Square redo(Bitmap& picture, Meaning& meaning) { return cross(picture, meaning, steps_[present_++], true); }
+
+  /// What is on the sheet now means this from now on, also when a step leads back to it.
+  void setMeaning(Meaning meaning);
 
   [[nodiscard]] std::size_t bytes() const { return bytes_; }
 

@@ -20,6 +20,8 @@ class WordLayout {
 
   /// How large all ink is.
   [[nodiscard]] Size size() const { return size_; }
+  /// How many of the lines that have ink are not left out: the first so many.
+  [[nodiscard]] std::size_t lines() const { return places_.size(); }
 
   struct Letters {
     std::vector<std::vector<Letter>> lines;  ///< On planes that are all equally large.

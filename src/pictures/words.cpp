@@ -99,6 +99,7 @@ class Words {
     constexpr int kTries = 5;
     render(capital_);
     const WordLayout layout(rendered_, capital_, ground_.pitch);
+    laidLines_ = layout.lines();
     if (layout.size() == Size{}) return;
     Corner at = wanted(layout.size());
     for (int i = 0; i < kTries; ++i) {
@@ -119,8 +120,10 @@ class Words {
 
   /// As large as leaves the margin free: the size that a first try tells, and smaller until all of it fits.
   void fit() {
-    const Size room{ground_.size.width - 2 * ground_.margin * ground_.pitch.stepX,
-                    ground_.size.height - 2 * ground_.margin * ground_.pitch.stepY};
+    const Size margin{ground_.margin * ground_.pitch.stepX, ground_.margin * ground_.pitch.stepY};
+    const Corner from = ground_.place.value_or(Corner{margin.width, margin.height});
+    const Size room{ground_.size.width - margin.width - std::clamp(from.x, 0, ground_.size.width),
+                    ground_.size.height - margin.height - std::clamp(from.y, 0, ground_.size.height)};
     capital_ = std::clamp(ground_.size.height, 1, kHighest / 4);
     render(capital_);
     const Size first = WordLayout(rendered_, capital_, ground_.pitch).size();
@@ -182,6 +185,7 @@ class Words {
 
   [[nodiscard]] std::string note() const;
   [[nodiscard]] std::vector<std::string> heightsFor(std::vector<std::string> names) const;
+  [[nodiscard]] std::vector<std::string> leftOut() const;
   [[nodiscard]] std::vector<std::string> apart() const;
   [[nodiscard]] bool isOff(const ReadyLetter& letter) const;
 
@@ -191,6 +195,7 @@ class Words {
   Lines text_;
   int capital_ = 1;
   std::vector<LineInk> rendered_;
+  std::size_t laidLines_ = 0;  ///< Of those with ink, how many were not left out.
   Composed composed_;
 };
 
@@ -273,6 +278,19 @@ std::vector<std::string> Words::heightsFor(std::vector<std::string> names) const
   return told;
 }
 
+/// Letters that were cut off, or whose line was, before there was any ink of them to be painted.
+std::vector<std::string> Words::leftOut() const {
+  std::vector<std::string> names;
+  std::size_t inked = 0;
+  for (const LineInk& line : rendered_) {
+    const bool isLaid = line.ink.height() == 0 || inked++ < laidLines_;
+    for (const LetterExtent& letter : line.letters) {
+      if (!isLaid || letter.left >= line.ink.width()) names.push_back(letter.text);
+    }
+  }
+  return names;
+}
+
 std::string Words::note() const {
   std::string note;
   const auto tell = [&](const std::string& words) { note += (note.empty() ? "" : "; ") + words; };
@@ -287,6 +305,7 @@ std::string Words::note() const {
   for (const ReadyLetter& letter : letters) {
     if (isOff(letter)) off.push_back(letter.name);
   }
+  for (const std::string& name : leftOut()) off.push_back(name);
   if (!off.empty()) tell("there is no room for " + listOf(off));
   if (!settings_.join || letters.empty()) return note;
   std::vector<std::string> told = off;

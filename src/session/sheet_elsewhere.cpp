@@ -19,6 +19,17 @@ bool isSheet(const Picture& picture) {
   return inInks(onPaper(picture.asItIs())).others == 0;
 }
 
+/// One that is half written has another mark when it is whole.
+void cameBack(Program& program, const Outcome<Picture>& read) {
+  if (!program.workshop.open || !read) return;
+  if (!isSheet(read.value())) {
+    openPreparePanel(program, std::make_shared<const Picture>(read.value()));
+    return;
+  }
+  onSheet(program, [&](Sheet& sheet) { sheet.replace(onPaper(read.value().asItIs()), sheet.meaning()); });
+  turnPage(program, WorkshopPage::sheet);
+}
+
 }  // namespace
 
 void editelsewhere(Program& program) {
@@ -40,17 +51,15 @@ void editelsewhere(Program& program) {
 void watchSheetFile(Program& program) {
   Workshop& w = program.workshop;
   if (!w.open || w.elsewhere.empty()) return;
+  if (program.prepare.open && program.prepare.working) return;  // of work beside, only the newest counts
   const auto mark = markOf(w.elsewhere);
   if (!mark || mark == w.mark) return;
-  const auto read = program.platform.readPicture(w.elsewhere, w.sheet->size());
-  if (!read) return;  // half written, perhaps: it is looked at again
   w.mark = mark;
-  if (!isSheet(read.value())) {
-    openPreparePanel(program, std::make_shared<const Picture>(read.value()));
-    return;
-  }
-  onSheet(program, [&](Sheet& sheet) { sheet.replace(onPaper(read.value().asItIs()), sheet.meaning()); });
-  turnPage(program, WorkshopPage::sheet);
+  program.platform.workBeside(
+      program, [&door = program.platform, file = w.elsewhere, size = w.sheet->size()]() -> Finish {
+        auto read = std::make_shared<Outcome<Picture>>(door.readPicture(file, size));
+        return [read](Program& p) { cameBack(p, *read); };
+      });
 }
 
 }  // namespace gridwright

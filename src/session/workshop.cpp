@@ -7,6 +7,7 @@
 #include "colours/colour_editor.h"
 #include "drawings/drawing_files.h"
 #include "drawings/import_drawing.h"
+#include "history/history.h"
 #include "menus/panels.h"
 #include "session/arrivals.h"
 #include "session/prepare_panel.h"
@@ -19,10 +20,21 @@ namespace {
 std::string wordsOf(Size size) { return std::to_string(size.width) + "x" + std::to_string(size.height); }
 
 /// What is on the Canvas as a sheet holds it: its ground is paper.
-InkPicture drawingInInks(const Program& program) {
-  Bitmap drawing = program.canvas.image();
-  std::replace(drawing.pixels.begin(), drawing.pixels.end(), program.canvas.backColor(), kPaper);
-  return inInks(drawing);
+InkPicture drawingInInks(const Program& program) { return inInks(program.canvas.imageOnGround(kPaper)); }
+
+/// Tool, words and stamp take another colour where the maze is carved in theirs.
+void avoidTakenInks(Workshop& w) {
+  const ColourSets sets = w.sets();
+  int other = kPaperInk;
+  for (int ink = kPaperInk - 1; ink >= 0; --ink) {
+    const InkRole role = roleOf(ink, sets);
+    if (role == InkRole::grows || (other == kPaperInk && role == InkRole::border)) other = ink;
+  }
+  ToolSettings tool = w.sheet->settings();
+  if (roleOf(tool.colour, sets) == InkRole::taken) tool.colour = other;
+  w.sheet->choose(tool);
+  if (w.words.colour && roleOf(*w.words.colour, sets) == InkRole::taken) w.words.colour = other;
+  if (roleOf(w.stamp.colour, sets) == InkRole::taken) w.stamp.colour = other;
 }
 
 /// Whether two pictures show the same, each with paper all round it.
@@ -66,6 +78,10 @@ void openWorkshop(Program& program, bool forPicture) {
   if (w.open) return;
   const ProgramState& s = program.state;
   w.canvas = canvasFor(program.platform.maximise());
+  if (s.phase == Phase::drawing) {
+    noteResize(program);
+    followWindow(program, program.platform.clientSize());  // all of the drawing, also what lay beyond
+  }
   holdWindowOverScreen(program);
   if (!w.sheet) w.sheet = std::make_unique<Sheet>(w.canvas);
   const int pitch = pitchOf(s.wallWidth, s.mazeKind);
@@ -74,7 +90,8 @@ void openWorkshop(Program& program, bool forPicture) {
   w.open = true;
   w.firstFills = forPicture;
   takeTheDrawing(program);
-  w.acted = false;
+  avoidTakenInks(w);
+  w.filled = false;
   w.countedAt = 0;
   ++w.revision;
 }
@@ -90,7 +107,7 @@ void useWorkshop(Program& program) {
     placePrepared(program, std::nullopt, std::nullopt);
   }
   w.sheet->endStroke();
-  const bool isPainted = w.acted || !showSame(w.sheet->picture(), w.seen);
+  const bool isPainted = w.filled || !showSame(w.sheet->picture(), w.seen);
   Bitmap picture = resized(w.sheet->picture(), w.canvas);
   const bool resets = w.sheet->meaning() == Meaning::ofTheStart;
   closeWorkshop(program);
@@ -114,11 +131,17 @@ void onSheet(Program& program, const std::function<void(Sheet&)>& act) {
   const ToolSettings tool = w.sheet->settings();
   act(*w.sheet);
   if (w.sheet->revision() != before) {
-    w.acted = true;
+    w.filled = false;
     w.placed.reset();
     w.note.clear();
+    stopFilling(program);
   }
   if (w.sheet->revision() != before || w.sheet->settings() != tool) ++w.revision;
+}
+
+void stopFilling(Program& program) {
+  if (!std::exchange(program.workshop.firstFills, false)) return;
+  preparationResized(program);  // it is to come onto this sheet now
 }
 
 void newsheet(Program& program) {

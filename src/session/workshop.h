@@ -31,6 +31,9 @@ void leaveWorkshop(Program& program);
 void onSheet(Program& program, const std::function<void(Sheet&)>& act);
 void newsheet(Program& program);
 
+/// A sheet on which something was done is no longer the first picture's alone: what is placed comes onto it.
+void stopFilling(Program& program);
+
 /// Puts words or a stamp down, as one step, mirrored as the tools are. The settings stay.
 /// \param at where the upper left painted pixel belongs; nothing: the middle of the sheet.
 void putWords(Program& program, const WordSettings& settings, std::optional<Corner> at);

@@ -11,6 +11,7 @@ namespace gridwright {
 
 namespace {
 
+constexpr auto kNoInk = "paper paints no words and no stamps: choose a colour";
 constexpr int kFrameFirst = 9;  // blue, of the borders at the start the one that goes with most
 
 /// An ink that a maze does not fill; paper where there is none.
@@ -90,6 +91,7 @@ void lay(Program& program, PlacedPicture placed) {
   Sheet& sheet = *w.sheet;
   const Bitmap ink = scaled(placed.ink, placed.size);
   const Bitmap before = sheet.picture();
+  sheet.setNote({});
   if (placed.alone) {
     Sheet alone(*placed.alone);
     alone.placeInk(ink, placed.at);
@@ -98,7 +100,7 @@ void lay(Program& program, PlacedPicture placed) {
     sheet.placeInk(ink, placed.at);
   }
   placed.isStep = sheet.picture() != before;
-  w.acted = true;
+  w.filled = placed.alone.has_value();
   w.note.clear();
   placed.revision = sheet.revision();
   w.placed = std::move(placed);
@@ -114,7 +116,7 @@ void putWords(Program& program, const WordSettings& settings, std::optional<Corn
   onSheet(program, [&](Sheet& sheet) {
     const WordInk ink = makeWords(settings, wordGroundOf(w, at), program.platform.inkWork());
     if (!ink.picture.pixels.empty()) sheet.placeInk(ink.picture, ink.at, sheet.settings().mirror);
-    sheet.setNote(ink.note);
+    sheet.setNote(settings.colour == kPaperInk ? kNoInk : ink.note);
   });
   ++w.revision;
 }
@@ -130,7 +132,9 @@ void putStamp(Program& program, const StampSettings& settings, std::optional<Cor
     const Bitmap ink = inkOfPlane(plane, w.stamp.colour);
     const Corner place = at.value_or(inTheMiddle(sheet.size(), {ink.width, ink.height}));
     if (!ink.pixels.empty()) sheet.placeInk(ink, place, sheet.settings().mirror);
-    sheet.setNote(ink.pixels.empty() ? "there is no stamp of that name" : "");
+    sheet.setNote(ink.pixels.empty()            ? "there is no stamp of that name"
+                  : w.stamp.colour == kPaperInk ? kNoInk
+                                                : "");
   });
   ++w.revision;
 }
@@ -146,7 +150,7 @@ void placePrepared(Program& program, std::optional<Corner> at, std::optional<Siz
   const Square box = inkBox(picture);
   if (box.right < box.left) {
     if (fills) w.sheet->replace(picture);
-    w.acted = true;
+    w.filled = fills;
     w.sheet->setNote("there is nothing to place");
     ++w.revision;
     return;
@@ -178,6 +182,7 @@ void movePlaced(Program& program, Corner at, Size size) {
 void putPictureAway(Program& program) {
   if (!program.workshop.open || !program.prepare.open) return;
   closePreparation(program);
+  stopFilling(program);
   turnPage(program, WorkshopPage::sheet);
 }
 

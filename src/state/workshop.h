@@ -55,7 +55,7 @@ struct Workshop {
   StampSettings stamp;
   std::optional<PlacedPicture> placed;
   bool firstFills = false;  ///< It was opened by a picture, which is the sheet as soon as it is placed.
-  bool acted = false;       ///< Something was painted since it was opened.
+  bool filled = false;      ///< That picture is the sheet, and nothing was done since.
   Size canvas;              ///< What *Use* will make the sheet as large as.
   Bitmap seen;  ///< The drawing as it was when the sheet was used or left, in inks; empty for none.
   std::filesystem::path elsewhere;  ///< The file that another program has; empty for none.

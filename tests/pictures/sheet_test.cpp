@@ -496,5 +496,22 @@ TEST(AStepTooLargeToKeep, IsPaintedAllTheSame) {
   EXPECT_EQ(sheet.stepBytes(), 0U);
 }
 
+TEST(AnOutlineOfOneCellThatIsSnapped, IsOneCellThick) {
+  Sheet sheet({300, 300});
+  sheet.setPitch({10, 10, 10});
+  ToolSettings tool;
+  tool.tool = Tool::rectangle;
+  tool.oneCell = tool.snap = tool.outline = true;
+  sheet.choose(tool);
+  sheet.press(105, 105);
+  sheet.release(195, 195);
+  EXPECT_EQ(sheet.inkAt(100, 150), 1);
+  EXPECT_EQ(sheet.inkAt(109, 150), 1);
+  EXPECT_EQ(sheet.inkAt(110, 150), kPaperInk);
+  EXPECT_EQ(sheet.inkAt(189, 150), kPaperInk);
+  EXPECT_EQ(sheet.inkAt(190, 150), 1);
+  EXPECT_EQ(sheet.inkAt(199, 150), 1);
+}
+
 }  // namespace
 }  // namespace gridwright::test

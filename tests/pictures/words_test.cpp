@@ -76,7 +76,7 @@ TEST_F(AWord, ThatTheNoteNamesNoLetterOfIsOneRegion) {
   std::mt19937 random(16);
   const auto below = [&](std::size_t bound) { return static_cast<std::size_t>(random() % bound); };
   int whole = 0;
-  const int tries = std::getenv("GRIDWRIGHT_MANY_WORDS") != nullptr ? 300 : 12;
+  const int tries = std::getenv("GRIDWRIGHT_MANY_WORDS") != nullptr ? 300 : 8;
   for (int i = 0; i < tries; ++i) {
     WordSettings words = wordsOf(texts.at(below(texts.size())), static_cast<int>(9 + below(8)));
     if (below(3) == 0) words.height.reset();
@@ -310,6 +310,27 @@ TEST_F(AWord, NamesLettersThatNoFontHasAndLeavesThemOut) {
 TEST_F(AWord, SaysWhichLettersTheSheetHasNoRoomFor) {
   const WordInk made = makeWords(wordsOf("Mia Jonas"), groundOf({300, 300}, 10), ink);
   EXPECT_NE(made.note.find("there is no room for \"M\""), std::string::npos) << made.note;
+}
+
+TEST_F(AWord, SaysWhichLettersAreWiderThanInkMayBe) {
+  WordSettings words = wordsOf("ABCDEFGHIJKLMNOPQRSTUVWXYZ", 40);
+  words.join = false;
+  const WordInk made = makeWords(words, groundOf({1000, 700}, 20), ink);
+  EXPECT_NE(made.note.find("\"Z\""), std::string::npos) << made.note;
+  words = wordsOf("g\n\n\n\nA", 200);
+  EXPECT_NE(makeWords(words, groundOf({1000, 700}, 10), ink).note.find("\"A\""), std::string::npos);
+}
+
+TEST_F(AWord, IsAsLargeAsThereIsRoomFromItsPlace) {
+  WordGround ground = groundOf({1000, 800}, 10);
+  ground.place = Corner{500, 300};
+  WordSettings words = wordsOf("MIA", 12);
+  words.height.reset();
+  const WordInk made = makeWords(words, ground, ink);
+  EXPECT_EQ(made.note, "");
+  EXPECT_EQ(made.at.x, 500);
+  EXPECT_EQ(made.at.y, 300);
+  EXPECT_GT(made.picture.width, 400);
 }
 
 TEST_F(AWord, OnTheSmallestSheetBringsNothingDown) {

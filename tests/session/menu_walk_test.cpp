@@ -220,6 +220,7 @@ class Fidget {
   void operator()(Program& p, BareDesktop& desktop) {
     seen_.insert(p.state.phase);
     fault_ = fault_.empty() ? disagreement(p) : fault_;
+    if (p.workshop.open && below(8) == 0) return atWorkshop(p);
     switch (below(12)) {
       case 0:
       case 1:
@@ -232,7 +233,7 @@ class Fidget {
       case 7:
         return input::menuClick(p, item());
       case 8:
-        return p.workshop.open ? atWorkshop(p) : box(p);
+        return box(p);
       case 9:
         return swatch(p);
       case 10:
@@ -324,9 +325,9 @@ class Fidget {
       case 9:
         return newsheet(p);
       case 10:
-        return below(3) == 0 ? leaveWorkshop(p) : putPictureAway(p);
+        return below(3) != 0 ? leaveWorkshop(p) : putPictureAway(p);
       default:
-        return below(3) == 0 ? useWorkshop(p) : onSheet(p, [&](Sheet& sheet) { choose(sheet); });
+        return below(2) == 0 ? useWorkshop(p) : onSheet(p, [&](Sheet& sheet) { choose(sheet); });
     }
   }
   void choose(Sheet& sheet) {

@@ -232,13 +232,74 @@ TEST(ASheetFromTheDrawing, HasTheNearestInksAndSaysHowManyPixelsGotThem) {
   s.finish();
 }
 
-TEST(TheGroundOfTheCanvas, IsPaperOnTheSheet) {
-  Shop s({70, 50}, drawing({"......", "..##..", "......", "......"}));
-  s.desktop.look([](Program& p) { p.canvas.setBackColor(kNavy); });
+TEST(TheGroundOfTheCanvas, IsPaperOnTheSheetAndWhatIsPaintedInItsColourIsNot) {
+  Shop s({70, 50}, drawing({"......", "..yy..", "......", "......"}));
+  s.act([&s](Program& p) {
+    s.desktop.setClient({120, 90});
+    input::resized(p, {120, 90});
+  });
   s.open();
   s.desktop.look([](Program& p) {
-    EXPECT_EQ(p.workshop.sheet->inkAt(15, 15), kPaperInk);
-    EXPECT_EQ(p.workshop.sheet->inkAt(35, 25), 9);
+    EXPECT_EQ(p.canvas.backColor(), kYellow);
+    EXPECT_EQ(p.workshop.sheet->inkAt(35, 25), 14);
+    EXPECT_EQ(p.workshop.sheet->inkAt(100, 80), kPaperInk);
+  });
+  s.finish();
+}
+
+TEST(ASheetOfAllInks, ComesBackAsItWasUsed) {
+  Shop s({170, 50});
+  s.open();
+  for (int ink = 0; ink < kPaperInk; ++ink) s.box({10 + 10 * ink, 10, 19 + 10 * ink, 39}, ink);
+  Bitmap painted;
+  s.desktop.look([&](Program& p) { painted = p.workshop.sheet->picture(); });
+  s.act(useWorkshop);
+  s.open();
+  s.desktop.look([&](Program& p) { EXPECT_TRUE(shows(*p.workshop.sheet, painted)); });
+  s.finish();
+}
+
+TEST(ASheet, PaintedAndTakenBackIsUsedForNothing) {
+  Shop s;
+  s.desktop.look([](Program& p) { p.state.mazeMadeOnce = false; });
+  s.open();
+  s.box({10, 10, 50, 40});
+  s.act([](Program& p) { onSheet(p, [](Sheet& sheet) { sheet.undo(); }); });
+  s.act(useWorkshop);
+  s.desktop.look([](Program& p) {
+    EXPECT_FALSE(p.state.mazeMadeOnce);
+    EXPECT_FALSE(p.canvas.showsAnything());
+  });
+  s.finish();
+}
+
+TEST(ASheetThatWasUsed, MeansWhatTheDrawingMeansAlsoAfterAStepBackAndForth) {
+  Shop s;
+  s.open();
+  s.box({10, 10, 50, 40});
+  s.act(useWorkshop);
+  s.act([](Program& p) { p.controls.setValue(classifySwatch(4), 0); });
+  s.open();
+  s.act([](Program& p) { onSheet(p, [](Sheet& sheet) { sheet.undo(); }); });
+  s.desktop.look([](Program& p) { EXPECT_EQ(p.workshop.sheet->meaning(), Meaning::ofTheStart); });
+  s.act([](Program& p) { onSheet(p, [](Sheet& sheet) { sheet.redo(); }); });
+  s.desktop.look([](Program& p) { EXPECT_EQ(p.workshop.sheet->meaning(), Meaning::ofTheDrawing); });
+  s.box({20, 20, 30, 30}, 2);
+  s.act(useWorkshop);
+  s.finish();
+  EXPECT_FALSE(s.program.colours.isBackground(kMaroon));
+}
+
+TEST(ToolWordsAndStamp, TakeAnotherColourWhereTheMazeIsCarvedInTheirs) {
+  Shop s({70, 50}, kRoom);
+  s.act([](Program& p) { p.colours.setMaze(0, kNavy); });
+  s.open();
+  s.desktop.look([](Program& p) {
+    const ColourSets sets = p.workshop.sets();
+    ASSERT_EQ(roleOf(1, sets), InkRole::taken);
+    EXPECT_EQ(roleOf(p.workshop.sheet->settings().colour, sets), InkRole::grows);
+    EXPECT_EQ(roleOf(p.workshop.words.colour.value_or(1), sets), InkRole::grows);
+    EXPECT_EQ(roleOf(p.workshop.stamp.colour, sets), InkRole::grows);
   });
   s.finish();
 }
@@ -293,6 +354,20 @@ Square boundsOf(const Sheet& sheet, int ink) {
     }
   }
   return box;
+}
+
+TEST(APlacedPicture, ComesOntoWhatWasPaintedWhileItWaited) {
+  for (const bool isAway : {false, true}) {
+    Shop s({140, 100});
+    s.bring(kBoxOnWhite);
+    if (isAway) s.act(putPictureAway);
+    s.box({0, 0, 5, 5}, 2);
+    if (isAway) s.bring(kBoxOnWhite);
+    s.act(useWorkshop);
+    s.finish();
+    EXPECT_EQ(s.canvas.image().at(2, 2), kGreen);
+    EXPECT_NE(s.canvas.image().at(70, 50), kPaper);
+  }
 }
 
 TEST(ASecondPlacedPicture, ComesInTheMiddleInItsOwnSizeAndLeavesWhatIsBeneathItsPaper) {

@@ -61,9 +61,9 @@ std::vector<std::string> quotedWords(std::string_view line) {
     isWord = true;
     if (letter == '"') {
       isQuoted = !isQuoted;
-    } else if (isQuoted && letter == '\\' && line.substr(i + 1, 1) == "n") {
-      words.back() += '\n';
+    } else if (isQuoted && letter == '\\' && i + 1 < line.size()) {
       ++i;
+      words.back() += line[i] == 'n' ? '\n' : line[i];
     } else {
       words.back() += letter;
     }

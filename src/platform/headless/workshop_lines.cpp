@@ -168,7 +168,7 @@ HeadlessDesktop::Turn HeadlessDesktop::release(Program& program, const ScriptLin
 HeadlessDesktop::Turn HeadlessDesktop::words(Program& program, const ScriptLine& line) {
   holdWorkshopOpen(program);
   const std::vector<std::string> parts = quotedWords(line.whole);
-  if (!line.hasText || parts.size() < 2) refuse("a text in double quotes is missing");
+  if (!line.hasText || line.words.size() != 1) refuse("a text in double quotes is missing");
   WordSettings words = program.workshop.words;
   words.text = parts[1];
   std::optional<Corner> at;
