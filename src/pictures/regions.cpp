@@ -127,6 +127,25 @@ RegionCount countRegions(const Bitmap& picture, const ColourSets& sets, const Ce
 
 namespace {
 
+/// Areas without a cell are red, the colour of the thing to look at; no region is.
+constexpr auto kRegionColours =
+    std::to_array<Colour>({0xE0A030, 0x40B050, 0xC050A0, 0x30A0D0, 0xA0A020, 0x8060E0, 0x60C0A0, 0xD08080});
+constexpr Colour kTooSmall = 0x0000FF;
+
+}  // namespace
+
+Bitmap inColours(const RegionMap& map, Size size) {
+  Bitmap colours = plainBitmap(size.width, size.height, kOutside);
+  for (std::size_t i = 0; i < colours.pixels.size(); ++i) {
+    if (map.small[i] != 0) colours.pixels[i] = kTooSmall;
+    if (map.regions[i] == 0) continue;
+    colours.pixels[i] = kRegionColours[static_cast<std::size_t>(map.regions[i] - 1) % kRegionColours.size()];
+  }
+  return colours;
+}
+
+namespace {
+
 std::string withCommas(int number) {
   std::string digits = std::to_string(number);
   for (auto at = static_cast<std::ptrdiff_t>(digits.size()) - 3; at > 0; at -= 3) {

@@ -31,6 +31,10 @@ struct RegionMap {
 RegionMap mapRegions(const Bitmap& picture, const ColourSets& sets, const CellGrid& grid);
 RegionCount countRegions(const Bitmap& picture, const ColourSets& sets, const CellGrid& grid);
 
+/// The map in colours to be laid over the picture: regions side by side differ, areas too small for a cell
+/// are red, and what is neither is `kOutside`.
+Bitmap inColours(const RegionMap& map, Size size);
+
 /// "2,156 cells in 3 regions; 12 areas too small for a cell": thousands with commas, no singular.
 std::string regionLine(const RegionCount& count);
 

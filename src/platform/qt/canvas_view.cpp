@@ -9,6 +9,7 @@
 #include <cstddef>
 
 #include "platform/qt/key_codes.h"
+#include "platform/qt/screen_colour.h"
 
 namespace gridwright {
 
@@ -18,8 +19,6 @@ constexpr int kMostRemembered = 32;
 constexpr std::uint64_t kSoon = 300;  // milliseconds between keys of one go
 constexpr std::uint64_t kAtOnce = 5;  // no finger lets go and presses again so soon
 constexpr int kOverlayAlpha = 190;    // the drawing shines through
-
-QRgb screenColour(Colour colour) { return qRgb(colour & 255, colour >> 8 & 255, colour >> 16 & 255); }
 
 }  // namespace
 
@@ -76,13 +75,13 @@ QRect CanvasView::copyChanges(const Canvas& canvas, const Canvas::Dirty& part) {
   for (int y = part.top; y < part.bottom; ++y) {
     const Colour* from = canvas.shownRow(y);
     auto* to = reinterpret_cast<QRgb*>(pixels_ + static_cast<std::ptrdiff_t>(y) * picture_.bytesPerLine());
-    const auto differs = [&](int x) { return to[x] != screenColour(from[x]); };
+    const auto differs = [&](int x) { return to[x] != screenPixel(from[x]); };
     int first = part.left;
     while (first < part.right && !differs(first)) ++first;
     if (first == part.right) continue;
     int last = part.right - 1;
     while (!differs(last)) --last;
-    for (int x = first; x <= last; ++x) to[x] = screenColour(from[x]);
+    for (int x = first; x <= last; ++x) to[x] = screenPixel(from[x]);
     left = std::min(left, first);
     right = std::max(right, last);
     top = std::min(top, y);
@@ -147,16 +146,7 @@ void CanvasView::paintEvent(QPaintEvent* event) {
 }
 
 void CanvasView::layOver(const Bitmap& colours, const QString& line) {
-  overlay_ = QImage(colours.width, colours.height, QImage::Format_ARGB32_Premultiplied);
-  for (int y = 0; y < colours.height; ++y) {
-    auto* to = reinterpret_cast<QRgb*>(overlay_.scanLine(y));
-    std::transform(colours.row(y), colours.row(y) + colours.width, to, [](Colour colour) {
-      const QRgb plain = screenColour(colour);
-      return colour == kOutside
-                 ? 0
-                 : qPremultiply(qRgba(qRed(plain), qGreen(plain), qBlue(plain), kOverlayAlpha));
-    });
-  }
+  overlay_ = layerOf(colours);
   line_ = line;
   update();
 }

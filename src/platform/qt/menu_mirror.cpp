@@ -26,7 +26,8 @@ struct Keys {
   const char* words;
 };
 constexpr std::array kKeys = {Keys{Item::openpicture, "Ctrl+O"}, Keys{Item::pastepicture, "Ctrl+V"},
-                              Keys{Item::undo, "Ctrl+Z"}, Keys{Item::redo, "Ctrl+Shift+Z"}};
+                              Keys{Item::workshop, "Ctrl+D"}, Keys{Item::undo, "Ctrl+Z"},
+                              Keys{Item::redo, "Ctrl+Shift+Z"}};
 
 /// Items that can bear a tick. They keep its place free, so that a menu does not shift when one moves.
 constexpr auto kMarkable = std::to_array<Item>({

@@ -16,6 +16,7 @@
 #include "menus/status_words.h"
 #include "pictures/on_paper.h"
 #include "platform/qt/panels.h"
+#include "platform/qt/screen_colour.h"
 #include "platform/shared/image_files.h"
 
 namespace gridwright {
@@ -25,8 +26,6 @@ namespace {
 constexpr int kListHeight = 150;
 constexpr int kSwatch = 16;
 constexpr std::array kOutlineChoices = {Outlines::none, Outlines::thin, Outlines::thick};
-
-QColor screenColour(Colour colour) { return {colour & 255, colour >> 8 & 255, colour >> 16 & 255}; }
 
 QSpinBox* numberFrom(int least, int most, QWidget* parent) {
   auto* box = new QSpinBox(parent);
@@ -135,14 +134,20 @@ QWidget* PreparePage::buildButtons() {
   auto* part = new QWidget(this);
   auto* row = new QHBoxLayout(part);
   row->setContentsMargins(0, 0, 0, 0);
+  place_ = new QPushButton("Plac&e", part);
+  auto* away = new QPushButton("Put awa&y", part);
   use_ = new QPushButton("&Use", part);
   asItIs_ = new QPushButton("&As it is", part);
   cancel_ = new QPushButton("Ca&ncel", part);
+  place_->setToolTip("it is put on the sheet, where it can be moved and scaled");
+  away->setToolTip("the sheet stays as it is");
   use_->setToolTip("Enter: this becomes the drawing");
   asItIs_->setToolTip("the picture becomes the drawing without a change");
   cancel_->setToolTip("Escape: everything stays as it was");
   row->addStretch(1);
-  for (QPushButton* button : {use_, asItIs_, cancel_}) row->addWidget(button);
+  for (QPushButton* button : {place_, away, use_, asItIs_, cancel_}) row->addWidget(button);
+  connect(place_, &QPushButton::clicked, this, [this] { onPlace(); });
+  connect(away, &QPushButton::clicked, this, [this] { onPutAway(); });
   connect(use_, &QPushButton::clicked, this, [this] { onUse(); });
   connect(asItIs_, &QPushButton::clicked, this, [this] { onAsItIs(); });
   connect(cancel_, &QPushButton::clicked, this, [this] { onCancel(); });
@@ -154,8 +159,6 @@ QWidget* PreparePage::buildButtons() {
   for (const auto code : {Qt::Key_Return, Qt::Key_Enter})
     connect(new QShortcut(code, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
             &QShortcut::activated, this, enter);
-  connect(new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-          &QShortcut::activated, this, [this] { onCancel(); });
   return part;
 }
 
@@ -205,6 +208,7 @@ void PreparePage::showSettings(const PreparePanel& panel) {
   const Outlines outlines = settings_.outlines == Outlines::automatic ? came : settings_.outlines;
   const auto* choice = std::find(kOutlineChoices.begin(), kOutlineChoices.end(), outlines);
   outlines_->setCurrentIndex(static_cast<int>(choice - kOutlineChoices.begin()));
+  place_->setEnabled(panel.made && !panel.working);
   asItIs_->setEnabled(panel.fitsAsItIs());
   line_->setText(panel.made ? qString(panel.line) : QString("The picture is being prepared"));
 }

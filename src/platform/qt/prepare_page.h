@@ -38,7 +38,7 @@ class PreparePage : public QWidget {
   explicit PreparePage(QWidget* parent);
 
   std::function<void(const PrepareSettings&)> onChange;
-  std::function<void()> onUse, onAsItIs, onCancel;
+  std::function<void()> onPlace, onPutAway, onUse, onAsItIs, onCancel;
 
   /// Brings all in line with the model, if that has changed since.
   void mirror(const PreparePanel& panel);
@@ -59,7 +59,7 @@ class PreparePage : public QWidget {
   QSpinBox *colours_, *detail_;
   QListWidget* found_;
   QLabel* line_;
-  QPushButton *use_, *asItIs_, *cancel_;
+  QPushButton *place_, *use_, *asItIs_, *cancel_;
   PrepareSettings settings_;  // as they are shown
   const Picture* shownPicture_ = nullptr;
   const Prepared* shownMade_ = nullptr;

@@ -42,9 +42,9 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
                 [this](ControlId swatch, Qt::MouseButton button) { swatchPressed(swatch, button); }),
       printing_(workFolder),
       ink_(contentFolderOfProgram() / "stamps"),
-      prepareFrame_(new PanelFrame(&window_.view())),
-      preparePage_(new PreparePage(prepareFrame_)) {
-  listenToPage();
+      workshop_(new WorkshopPanel(&window_.view(), inputs_, ink_)) {
+  controls_.setHolder(workshop_, workshop_->first());
+  listenToArrivals();
   listenToWindow();
   window_.open();
 }
@@ -53,7 +53,7 @@ void QtDesktop::listenToWindow() {
   window_.onClose = [this] { closing_ = true; };
   window_.view().onPlaced = [this] {
     controls_.place();
-    prepareFrame_->setGeometry(window_.view().rect());
+    workshop_->setGeometry(window_.view().rect());
   };
   window_.view().onKey = [this](int code, KeyGo go) {
     inputs_.byPerson([code, go](Program& program) { input::keyDown(program, code, go); });
@@ -106,7 +106,7 @@ bool QtDesktop::mustEnd() {
 bool QtDesktop::isDue(Program& program) {
   if (program.menus.revision() != menus_.shown() || program.controls.revision() != controls_.shown())
     return true;
-  if (program.prepare.revision != prepareShown_ || program.regions.revision != regionsShown_) return true;
+  if (workshop_->isBehind(program) || program.regions.revision != regionsShown_) return true;
   if (program.canvas.isDirty() && showCanvas(program)) return true;
   return --passesLeft_ <= 0 && clockSaysDue();
 }
@@ -139,7 +139,8 @@ void QtDesktop::bringInLine(Program& program) {
   menus_.mirror(program.menus);
   if (inputs_.empty()) controls_.mirror(program.controls);  // not over what is being typed
   window_.statusLine().mirror(program);
-  mirrorPictures(program);
+  if (inputs_.empty()) mirrorWorkshop(program);
+  mirrorRegions(program);
   showCanvas(program);
 }
 

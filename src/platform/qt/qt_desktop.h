@@ -14,10 +14,10 @@
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/menu_mirror.h"
-#include "platform/qt/prepare_page.h"
 #include "platform/qt/printing.h"
 #include "platform/qt/window.h"
 #include "platform/qt/work_thread.h"
+#include "platform/qt/workshop_panel.h"
 #include "platform/shared/end_signals.h"
 #include "state/platform.h"
 
@@ -72,7 +72,8 @@ class QtDesktop : public Platform {
   [[nodiscard]] Window& window() { return window_; }
   [[nodiscard]] const MenuMirror& menus() const { return menus_; }
   [[nodiscard]] const ControlMirror& controls() const { return controls_; }
-  [[nodiscard]] const PreparePage& preparePage() const { return *preparePage_; }
+  [[nodiscard]] WorkshopPanel& workshop() const { return *workshop_; }
+  [[nodiscard]] const PreparePage& preparePage() const { return workshop_->preparePage(); }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -87,9 +88,10 @@ class QtDesktop : public Platform {
   void waitForNewSize(const std::function<void()>& ask);
   void describe(const Program& program);
   void listenToWindow();
-  void listenToPage();
+  void listenToArrivals();
   bool finishWork(Program& program);
-  void mirrorPictures(const Program& program);
+  void mirrorWorkshop(Program& program);
+  void mirrorRegions(const Program& program);
 
   InputQueue inputs_;
   Window window_;
@@ -97,9 +99,8 @@ class QtDesktop : public Platform {
   ControlMirror controls_;
   Printing printing_;
   QtInk ink_;
-  PanelFrame* prepareFrame_;
-  PreparePage* preparePage_;
-  std::uint64_t prepareShown_ = 0, regionsShown_ = 0;
+  WorkshopPanel* workshop_;
+  std::uint64_t regionsShown_ = 0;
   LeptonicaWork pictureWork_;
   std::unique_ptr<WorkThread> beside_;  // begun with the first work
   std::unique_ptr<QSocketNotifier> asked_;

@@ -1,5 +1,5 @@
-// What the window does with pictures from elsewhere: the dialog, the clipboard, the page that makes them
-// ready.
+// What the window does with pictures from elsewhere, by the dialog or the clipboard, and with the workshop
+// that they come to.
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QEvent>
@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QStandardPaths>
-#include <QVBoxLayout>
 #include <utility>
 
 #include "platform/pictures/read_picture.h"
@@ -25,16 +24,7 @@ constexpr auto kNothingToPaste = "there is no picture to paste";
 
 }  // namespace
 
-void QtDesktop::listenToPage() {
-  auto* column = new QVBoxLayout(prepareFrame_);
-  column->addWidget(preparePage_);
-  controls_.setHolder(prepareFrame_, preparePage_->first());
-  preparePage_->onChange = [this](const PrepareSettings& settings) {
-    inputs_.byPerson([settings](Program& program) { input::preparationChanged(program, settings); });
-  };
-  preparePage_->onUse = [this] { inputs_.byPerson(input::preparedAccepted); };
-  preparePage_->onAsItIs = [this] { inputs_.byPerson(input::pictureAcceptedAsItIs); };
-  preparePage_->onCancel = [this] { inputs_.byPerson(input::preparationCancelled); };
+void QtDesktop::listenToArrivals() {
   window_.onDrop = [this](const std::vector<std::filesystem::path>& files) {
     if (files.empty()) return inputs_.byPerson(input::nothingBrought);
     bring(files);
@@ -55,17 +45,18 @@ void QtDesktop::bring(std::vector<std::filesystem::path> files) {
   inputs_.byPerson([files = std::move(files)](Program& program) { input::filesBrought(program, files); });
 }
 
-void QtDesktop::mirrorPictures(const Program& program) {
-  if (prepareShown_ != program.prepare.revision) {
-    prepareShown_ = program.prepare.revision;
-    preparePage_->mirror(program.prepare);
-    if (prepareFrame_->isHidden() == program.prepare.open) {
-      prepareFrame_->setGeometry(window_.view().rect());
-      prepareFrame_->setVisible(program.prepare.open);
-      prepareFrame_->raise();
-      controls_.keepFocus(program.controls);
-    }
-  }
+void QtDesktop::mirrorWorkshop(Program& program) {
+  if (!workshop_->isBehind(program)) return;
+  workshop_->mirror(program);
+  controls_.setHolder(workshop_, workshop_->first());
+  if (workshop_->isHidden() != program.workshop.open) return;
+  workshop_->setGeometry(window_.view().rect());
+  workshop_->setVisible(program.workshop.open);
+  workshop_->raise();
+  controls_.keepFocus(program.controls);
+}
+
+void QtDesktop::mirrorRegions(const Program& program) {
   if (regionsShown_ == program.regions.revision) return;
   regionsShown_ = program.regions.revision;
   window_.view().layOver(program.regions.colours, qString(program.regions.line));

@@ -25,6 +25,8 @@ Window::Window()
   connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this, [this] { openFirstMenu(); });
   connect(new QShortcut(QKeySequence::Paste, this), &QShortcut::activated, this, [this] { onPaste(); });
   connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, [this] { onOpen(); });
+  connect(new QShortcut(QKeySequence("Ctrl+D"), this), &QShortcut::activated, this,
+          [this] { onItem(Item::workshop); });
   connect(new QShortcut(QKeySequence("Ctrl+Z"), this), &QShortcut::activated, this,
           [this] { onItem(Item::undo); });
   for (const char* keys : {"Ctrl+Shift+Z", "Ctrl+Y"}) {
