@@ -65,8 +65,8 @@ QPoint SheetView::pixelAt(QPointF place) const {
 }
 
 QPoint SheetView::placeOf(Corner pixel) const {
-  const QPointF middle = QPointF(pixel.x + 0.5, pixel.y + 0.5) * scale() + origin();
-  return (middle / devicePixelRatioF()).toPoint();
+  const QPointF middle = (QPointF(pixel.x + 0.5, pixel.y + 0.5) * scale() + origin()) / devicePixelRatioF();
+  return {static_cast<int>(std::floor(middle.x())), static_cast<int>(std::floor(middle.y()))};
 }
 
 QRect SheetView::screenOf(const QRect& box) const {

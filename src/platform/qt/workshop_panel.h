@@ -79,7 +79,7 @@ class WorkshopPanel : public PanelFrame {
   QPushButton *undo_ = nullptr, *redo_ = nullptr;
   QCheckBox* regions_;
   ElidedLabel *line_, *note_, *status_;
-  QTimer counting_, watching_;
+  QTimer counting_{this}, watching_{this};
   std::uint64_t shown_ = 0, prepareShown_ = 0, sheetShown_ = 0, regionsOf_ = 0;
   struct Move {
     Corner at;
