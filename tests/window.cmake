@@ -14,3 +14,8 @@ add_test(NAME window.arrivals
     $<TARGET_FILE:drag-source>
   WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 set_tests_properties(window.arrivals PROPERTIES TIMEOUT 300)
+
+add_test(NAME window.workshop
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/workshop.py $<TARGET_FILE:gridwright>
+  WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set_tests_properties(window.workshop PROPERTIES TIMEOUT 300)

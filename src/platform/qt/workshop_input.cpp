@@ -87,6 +87,7 @@ void WorkshopPanel::listenToTools() {
   tools_->onHand = [this](Hand hand) {
     view_->leaveFrame();
     if (hand == Hand::words) words_->text()->setFocus(Qt::OtherFocusReason);
+    showStatus();
   };
   words_->onPutDown = stamps_->onPutDown = [this] { putAt(std::nullopt); };
 }

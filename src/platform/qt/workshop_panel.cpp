@@ -50,6 +50,7 @@ WorkshopPanel::WorkshopPanel(QWidget* parent, InputQueue& inputs, InkWork& ink)
   pages_->addTab("Sheet");
   pages_->addTab("Prepare picture");
   pages_->setDrawBase(false);
+  pages_->setExpanding(false);
   pages_->setAccessibleName("Page");
   pages_->hide();
   stack_->addWidget(buildSheetPage());
@@ -240,8 +241,8 @@ void WorkshopPanel::showStatus() {
   if (view_->frame()) {
     words += "drag the picture or a corner of it; arrows, + and -; Enter or a tool leaves it";
   } else {
-    words += tool.oneCell ? QString("one cell")
-                          : QString(tool.size == 1 ? "%1 pixel" : "%1 pixels").arg(tool.size);
+    const QString pixels = tool.size == 1 ? "%1 pixel" : "%1 pixels";
+    if (!tools_->putsDown()) words += tool.oneCell ? QString("one cell") : pixels.arg(tool.size);
     words += inkName(tool.colour);
   }
   if (view_->zoom() > 1) words += QString("zoom %1").arg(view_->zoom());

@@ -64,6 +64,11 @@ QWidget* WorkshopTools::buildHands() {
     button->setFocusPolicy(Qt::StrongFocus);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     grid->addWidget(button, i / kColumns, i % kColumns);
+    connect(button, &QToolButton::toggled, button, [button](bool on) {  // dark themes hardly show a pressed one
+      QFont face = button->font();
+      face.setBold(on);
+      button->setFont(face);
+    });
     connect(button, &QToolButton::clicked, this, [this, hand = static_cast<Hand>(i)] { choose(hand); });
   }
   button(Hand::pencil)->setChecked(true);
@@ -121,11 +126,10 @@ void WorkshopTools::changed(const std::function<void(ToolSettings&)>& change) {
 void WorkshopTools::choose(Hand hand) {
   hand_ = hand;
   button(hand)->setChecked(true);
-  stroke_->setVisible(hand != Hand::words && hand != Hand::stamp);
+  stroke_->setVisible(!putsDown());
   words_->setVisible(hand == Hand::words);
   stamps_->setVisible(hand == Hand::stamp);
-  if (hand != Hand::words && hand != Hand::stamp)
-    changed([hand](ToolSettings& settings) { settings.tool = static_cast<Tool>(hand); });
+  if (!putsDown()) changed([hand](ToolSettings& settings) { settings.tool = static_cast<Tool>(hand); });
   onHand(hand);
 }
 

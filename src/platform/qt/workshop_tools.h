@@ -30,6 +30,8 @@ class WorkshopTools : public QWidget {
 
   void choose(Hand hand);
   [[nodiscard]] Hand hand() const { return hand_; }
+  /// Whether that is put down as a whole.
+  [[nodiscard]] bool putsDown() const { return hand_ == Hand::words || hand_ == Hand::stamp; }
   [[nodiscard]] const ToolSettings& settings() const { return settings_; }
 
   void mirror(const Workshop& workshop);
