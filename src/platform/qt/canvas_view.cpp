@@ -18,7 +18,6 @@ namespace {
 constexpr int kMostRemembered = 32;
 constexpr std::uint64_t kSoon = 300;  // milliseconds between keys of one go
 constexpr std::uint64_t kAtOnce = 5;  // no finger lets go and presses again so soon
-constexpr int kOverlayAlpha = 190;    // the drawing shines through
 
 }  // namespace
 
