@@ -145,6 +145,7 @@ void Canvas::widen(Dirty& part, int left, int top, int right, int bottom) {
 
 // Two strokes of a sweep are one box, a square and its mirrors four: what lies between them is not looked at.
 void Canvas::noteKept(int left, int top, int right, int bottom) {
+  ++keptChanges_;
   const auto area = [](const Dirty& box) { return (box.right - box.left) * (box.bottom - box.top); };
   const Dirty added{left, top, right + 1, bottom + 1};
   for (std::size_t i = 0; i < kept_.count; ++i) {

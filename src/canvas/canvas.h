@@ -125,6 +125,8 @@ class Canvas {
   void putBack(const Dirty& box, const Colour* pixels);
   /// Grows with every change of a pixel: what was read at the same count is still so.
   [[nodiscard]] std::uint64_t changes() const { return changes_; }
+  /// The same for strokes that went to the persistent plane, whatever they changed.
+  [[nodiscard]] std::uint64_t keptChanges() const { return keptChanges_; }
 
  private:
   static constexpr Colour kCovered = 0x1000000;  // a mark in the pixel: one write sets both
@@ -146,7 +148,7 @@ class Canvas {
   Colour backColor_ = qb::white;
   Dirty dirty_, painted_;
   KeptBoxes kept_;
-  std::uint64_t changes_ = 0;
+  std::uint64_t changes_ = 0, keptChanges_ = 0;
 };
 
 }  // namespace gridwright

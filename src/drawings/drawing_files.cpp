@@ -9,10 +9,10 @@
 
 #include "drawings/drawing_record.h"
 #include "drawings/drawing_values.h"
+#include "drawings/last_picture.h"
 #include "files/earlier_one.h"
 #include "files/plain_file.h"
 #include "files/saved_pair.h"
-#include "files/work_place.h"
 #include "menus/panels.h"
 #include "patterns/pattern_sets.h"
 
@@ -24,7 +24,6 @@ namespace {
 
 constexpr std::string_view kRecordEnding = ".maze";
 constexpr std::string_view kBitmapEnding = ".bmp";
-constexpr std::string_view kLastDrawing = "last-drawing.bmp", kLastSheet = "last-sheet.bmp";
 
 bool isOwnPicture(std::string_view base) {
   constexpr auto kNames =
@@ -109,6 +108,7 @@ void refreshLists(Program& program) {
 bool isNameForDrawing(std::string_view base) { return staysInFolder(base) && !isOwnPicture(base); }
 
 void recoverSaves(const WorkFolder& folder) {
+  recoverLastPictures(folder);
   // A bitmap that was cut off while it got its building name.
   for (const std::string& name : plainFiles(folder, std::string(kBitmapEnding) + ".building.building")) {
     removeLeftOver(folder.path() / name);
@@ -207,62 +207,10 @@ Outcome<SavedDrawing> readDrawing(Program& program, const fs::path& record) {
 }
 
 void takeDrawing(Program& program, const SavedDrawing& drawing) {
-  keepLastDrawing(program);
+  giveUpDrawing(program);
   install(program, drawing.record, drawing.picture);
 }
 
 void loadEscaped(Program& program) { closePanel(program, kLoadPanel); }
-
-namespace {
-
-/// Where a drawing can be kept that the working folder does not take; empty for nowhere.
-fs::path otherPlace(const Program& program) {
-  const fs::path& data = program.dataFolder;
-  return !data.empty() && makePersonalFolder(data) && WorkFolder(data).takesFiles() ? data : fs::path();
-}
-
-void tellIfUnwritable(Program& program) {
-  if (program.toldUnwritable || program.files->takesFiles()) return;
-  program.toldUnwritable = true;
-  program.files->tell(wordsOnUnwritableFolder(otherPlace(program)));
-}
-
-void keep(Program& program, std::string_view name, const BitmapView& picture) {
-  if (program.pictures.save(name, picture, Overwrite::atOnce)) return;
-  tellIfUnwritable(program);
-  const fs::path data = otherPlace(program);
-  if (data.empty()) return;
-  const auto kept = program.platform.saveBitmap(picture, data / name, Overwrite::atOnce);
-  if (kept) return;
-  program.files->tellIfNoPlainFile(kept.fault());
-  program.files->tell("Error: the drawing can be kept neither in this folder nor in " + data.string() +
-                      "; it is lost.");
-}
-
-}  // namespace
-
-void keepLastDrawing(Program& program) {
-  const Phase phase = program.state.phase;
-  if (phase == Phase::title) return;
-  if (phase == Phase::patternEditing || phase == Phase::patternRequest) {
-    // The editor's field lies over the picture.
-    if (program.state.editor.fieldCoversPicture)
-      keep(program, kLastDrawing, program.pictures.load("drawing4.bmp"));
-  } else if (program.canvas.showsAnything()) {
-    keep(program, kLastDrawing, program.canvas.imageView());
-  }
-}
-
-void keepSheet(Program& program, const Bitmap& sheet) { keep(program, kLastSheet, sheet); }
-
-void tellOfFolder(Program& program) {
-  std::string words = std::exchange(program.wordsAtBegin, {});
-  if (!words.empty()) program.files->tell(std::move(words));
-  tellIfUnwritable(program);
-  const fs::path last = program.files->resolve(kLastDrawing);
-  if (isNoPlainFile(last)) program.files->tellIfNoPlainFile({Fault::Kind::notPlain, last.string()});
-  program.files->tellThrough(
-      [&desktop = program.platform](std::string_view told) { desktop.messageBox(told); });
-}
 
 }  // namespace gridwright

@@ -40,15 +40,4 @@ bool isNameForDrawing(std::string_view base);
 /// Finishes or forgets saves that were cut off.
 void recoverSaves(const WorkFolder& folder);
 
-/// The persistent image, where anything is drawn on it, goes quietly to last-drawing.bmp: nobody loses
-/// a picture by a slip. Where the working folder does not take it, it goes to the data folder.
-void keepLastDrawing(Program& program);
-
-/// The workshop's sheet goes quietly to last-sheet.bmp, likewise.
-void keepSheet(Program& program, const Bitmap& sheet);
-
-/// Says, once each, what a person must know of the folder before drawing in it: that it is not the one
-/// expected, that it takes no files, that the last drawing cannot be kept under its name.
-void tellOfFolder(Program& program);
-
 }  // namespace gridwright

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "drawings/drawing_files.h"
+#include "drawings/last_picture.h"
 #include "menus/menu_rules.h"
 #include "menus/panels.h"
 
@@ -95,7 +95,7 @@ void importEntered(Program& program) {
 
 void takePicture(Program& program, const Bitmap& picture) {
   ProgramState& s = program.state;
-  keepLastDrawing(program);
+  giveUpDrawing(program);
   program.canvas.setPicture(picture);
   s.drawing.skipPaintOnce = s.drawing.firstPaint = true;
   tellCut(program, picture, program.platform.maximise());

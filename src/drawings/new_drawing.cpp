@@ -1,6 +1,6 @@
 #include "drawings/new_drawing.h"
 
-#include "drawings/drawing_files.h"
+#include "drawings/last_picture.h"
 #include "drawings/wall_size.h"
 #include "menus/menu_rules.h"
 #include "solve/finish_methods.h"
@@ -13,7 +13,7 @@ namespace {
 void newDrawing(Program& program, MazeKind kind) {
   ProgramState& s = program.state;
   program.platform.maximise();
-  keepLastDrawing(program);
+  giveUpDrawing(program);
   repairBackColor(program);
   program.canvas.clearPicture();
   fillWithBackColor(program.canvas);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "drawings/drawing_files.h"
+#include "drawings/last_picture.h"
 #include "maze/makemaze2.h"
 #include "menus/menu_rules.h"
 #include "menus/panels.h"
@@ -76,7 +76,7 @@ void wallSizeEntered(Program& program) {
   closePanel(program, kWallSizePanel);
   s.phase = Phase::drawing;
   if (s.drawing.newSizeRequest) {
-    keepLastDrawing(program);
+    giveUpDrawing(program);
     fillWithBackColor(canvas);
     s.mazeMadeOnce = s.drawing.newSizeRequest = false;
   }

@@ -22,6 +22,12 @@ bool WorkPictures::save(std::string_view name, const BitmapView& picture, Overwr
   return !copy.lastWriteFailed;
 }
 
+bool WorkPictures::holds(std::string_view name, const BitmapView& picture) const {
+  const auto copy = copies_.find(name);
+  return copy != copies_.end() && copy->second.isIn(folder_.resolve(name)) &&
+         picture.isSameAs(copy->second.picture.view());
+}
+
 BitmapView WorkPictures::load(std::string_view name) {
   Copy& copy = copies_[std::string(name)];
   if (copy.lastWriteFailed) return copy.picture.view();

@@ -29,6 +29,8 @@ class WorkPictures {
 
   /// \returns whether the picture is in its file now.
   bool save(std::string_view name, const BitmapView& picture, Overwrite how = Overwrite::unhurried);
+  /// Whether its file is known to hold just this picture.
+  [[nodiscard]] bool holds(std::string_view name, const BitmapView& picture) const;
   /// The picture, or an empty one that was never written; it stands until the next call.
   BitmapView load(std::string_view name);
 

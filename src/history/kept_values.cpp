@@ -70,6 +70,7 @@ KeptValues keptValuesOf(const Program& program) {
   values.keptMazeColor = s.keptMazeColor;
   values.backColor = program.canvas.backColor();
   values.mazeMadeOnce = s.mazeMadeOnce;
+  values.drawing.number = program.lastPicture.drawing;
   return values;
 }
 
@@ -83,6 +84,7 @@ void changeValues(Program& program, const KeptValues& from, const KeptValues& to
   change(s.mazeKind, from.mazeKind, to.mazeKind);
   change(s.symmetryMode, from.symmetryMode, to.symmetryMode);
   change(s.mazeMadeOnce, from.mazeMadeOnce, to.mazeMadeOnce);
+  change(program.lastPicture.drawing, from.drawing.number, to.drawing.number);
   changePlace(program, from, to);
   if (from.mazeKind != to.mazeKind) {
     s.files.lastSet.clear();

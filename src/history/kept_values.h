@@ -7,6 +7,12 @@
 
 namespace gridwright {
 
+/// Which drawing it is, see `LastPicture`: taken back with a step, but another number alone makes none.
+struct DrawingNumber {
+  int number = 0;
+  friend bool operator==(const DrawingNumber&, const DrawingNumber&) { return true; }
+};
+
 struct KeptValues {
   Square cur, mirror;
   Size canvas{};  ///< On which the mirror was measured.
@@ -20,6 +26,7 @@ struct KeptValues {
   bool individualMazeColors = false;
   Colour mazeColor = 0, keptMazeColor = 0, backColor = 0;
   bool mazeMadeOnce = false;
+  DrawingNumber drawing;
   friend bool operator==(const KeptValues&, const KeptValues&) = default;
 };
 

@@ -76,6 +76,13 @@ Sheet::Sheet(Size size, std::size_t mostBytes)
       dirty_(kNothing),
       shown_(wholeOf(picture_)) {}
 
+Sheet Sheet::asKept(const Bitmap& kept) {
+  Sheet sheet(Size{kept.width, kept.height});
+  sheet.picture_ = inInks(resized(kept, sheet.size())).picture;
+  sheet.settled_ = sheet.picture_;
+  return sheet;
+}
+
 std::optional<int> Sheet::inkAt(int x, int y) const {
   if (x < 0 || y < 0 || x >= picture_.width || y >= picture_.height) return std::nullopt;
   return inkOf(picture_.at(x, y));

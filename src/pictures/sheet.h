@@ -29,6 +29,8 @@ class Sheet {
 
   /// White paper. \param mostBytes what the steps may take; the oldest go first.
   explicit Sheet(Size size, std::size_t mostBytes = SheetSteps::kMostBytes);
+  /// A sheet that was kept, as `replace` takes it, but that no step led to it.
+  static Sheet asKept(const Bitmap& kept);
 
   /// What is on the sheet, with the shape that a drag has in hand.
   [[nodiscard]] const Bitmap& picture() const { return picture_; }

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "colours/colour_editor.h"
+#include "drawings/last_picture.h"
 #include "history/history.h"
 #include "menus/enable_table.h"
 #include "menus/panels.h"
@@ -102,6 +103,11 @@ void mouseDown(Program& program, int button) {
 }
 
 void timerTick(Program& program, ControlId timer) { slideTimer(program, timer); }
+
+void autosave(Program& program) {
+  autosaveDrawing(program);
+  autosaveSheet(program);
+}
 
 void buttonClick(Program& program, ControlId button) {
   if (!isLive(program, button)) return;

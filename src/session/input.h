@@ -32,6 +32,10 @@ void mouseDown(Program& program, int button);
 /// A running timer's wait is over.
 void timerTick(Program& program, ControlId timer);
 
+/// Neither drawing nor sheet has changed for `kAutosaveSeconds`.
+void autosave(Program& program);
+inline constexpr int kAutosaveSeconds = 20;
+
 /// Presses a button; one that is not shown does nothing.
 /// \throws ProgramEnd for the button that quits the program.
 void buttonClick(Program& program, ControlId button);

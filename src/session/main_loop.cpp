@@ -1,6 +1,6 @@
 #include "session/main_loop.h"
 
-#include "drawings/drawing_files.h"
+#include "drawings/last_picture.h"
 #include "menus/pump.h"
 #include "session/stages.h"
 #include "session/workshop.h"

@@ -7,6 +7,7 @@
 #include "drawing/drawing_settings.h"
 #include "drawings/drawing_files.h"
 #include "drawings/import_drawing.h"
+#include "drawings/last_picture.h"
 #include "drawings/new_drawing.h"
 #include "drawings/wall_size.h"
 #include "history/history.h"
@@ -118,6 +119,7 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::newwallsize, newwallsize},
     {Item::openpicture, openpicture},
     {Item::pastepicture, pastepicture},
+    {Item::lastpicture, lastpicture},
     {Item::workshop, workshop},
     {Item::preparepicture, preparepicture},
     {Item::whiteground, whiteground},

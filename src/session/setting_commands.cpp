@@ -1,6 +1,6 @@
 #include "session/setting_commands.h"
 
-#include "drawings/drawing_files.h"
+#include "drawings/last_picture.h"
 #include "menus/menu_rules.h"
 
 namespace gridwright {
@@ -28,7 +28,7 @@ void aoff(Program& program) {
 
 void quit2(Program& program) {
   ProgramState& s = program.state;
-  keepLastDrawing(program);
+  giveUpDrawing(program);
   s.editedPattern = 0;
   s.panelOpen = false;
   s.phase = Phase::quitToTitle;

@@ -3,6 +3,7 @@
 
 #include "colours/colour_repairs.h"
 #include "drawings/drawing_files.h"
+#include "drawings/last_picture.h"
 #include "history/history.h"
 #include "maze/finishmaking.h"
 #include "menus/enable_table.h"

@@ -5,8 +5,8 @@
 
 #include "canvas/free_cell.h"
 #include "colours/colour_editor.h"
-#include "drawings/drawing_files.h"
 #include "drawings/import_drawing.h"
+#include "drawings/last_picture.h"
 #include "history/history.h"
 #include "menus/panels.h"
 #include "session/arrivals.h"
@@ -43,12 +43,26 @@ bool showSame(const Bitmap& one, const Bitmap& other) {
   return resized(one, both) == resized(other, both);
 }
 
+bool isBlank(const Bitmap& picture) {
+  return std::all_of(picture.pixels.begin(), picture.pixels.end(),
+                     [](Colour pixel) { return pixel == kPaper; });
+}
+
+/// The one that the run before left, else paper.
+void layFirstSheet(Program& program) {
+  Workshop& w = program.workshop;
+  const auto kept = keptSheet(program);
+  w.isKept = kept && !kept->pixels.empty();
+  w.sheet = std::make_unique<Sheet>(w.isKept ? Sheet::asKept(*kept) : Sheet(w.canvas));
+}
+
 /// The drawing comes onto the sheet where it is not what the sheet was last used or left for.
 void takeTheDrawing(Program& program) {
   Workshop& w = program.workshop;
   if (program.state.phase != Phase::drawing) return;  // a maze is no drawing
   InkPicture drawing = drawingInInks(program);
   if (showSame(drawing.picture, w.seen)) return;
+  giveUpSheet(program);
   w.sheet->replace(drawing.picture, Meaning::ofTheDrawing);
   if (drawing.others > 0) {
     w.note = std::to_string(drawing.others) +
@@ -83,7 +97,7 @@ void openWorkshop(Program& program, bool forPicture) {
     followWindow(program, program.platform.clientSize());  // all of the drawing, also what lay beyond
   }
   holdWindowOverScreen(program);
-  if (!w.sheet) w.sheet = std::make_unique<Sheet>(w.canvas);
+  if (!w.sheet) layFirstSheet(program);
   const int pitch = pitchOf(s.wallWidth, s.mazeKind);
   w.sheet->setPitch({pitch, pitch, s.wallWidth});
   w.drawingSets = program.colours;
@@ -145,6 +159,7 @@ void stopFilling(Program& program) {
 }
 
 void newsheet(Program& program) {
+  if (program.workshop.open) giveUpSheet(program);
   onSheet(program, [&](Sheet& sheet) { sheet.newsheet(program.workshop.canvas); });
 }
 
@@ -190,10 +205,19 @@ void keepLastSheet(Program& program) {
   Workshop& w = program.workshop;
   if (!w.sheet) return;
   w.sheet->endStroke();
-  const Bitmap& picture = w.sheet->picture();
-  const bool isBlank =
-      std::all_of(picture.pixels.begin(), picture.pixels.end(), [](Colour pixel) { return pixel == kPaper; });
-  if (!isBlank) keepSheet(program, picture);
+  if (isBlank(w.sheet->picture())) return;
+  keepSheet(program, w.sheet->picture(), !w.isKept);
+  w.isKept = true;
+}
+
+void giveUpSheet(Program& program) {
+  keepLastSheet(program);
+  program.workshop.isKept = false;
+}
+
+void autosaveSheet(Program& program) {
+  const Workshop& w = program.workshop;
+  if (w.sheet && !w.sheet->isPressed()) keepLastSheet(program);
 }
 
 void workshopResized(Program& program) {

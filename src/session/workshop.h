@@ -71,6 +71,12 @@ void watchSheetFile(Program& program);
 /// A program that ends keeps a sheet on which something was painted as last-sheet.bmp.
 void keepLastSheet(Program& program);
 
+/// The same, before something else takes the place of all that is on it: that will not cover what was kept.
+void giveUpSheet(Program& program);
+
+/// The same for a sheet that has not changed for a while; one that is under a stroke waits for its end.
+void autosaveSheet(Program& program);
+
 /// The window has another size: the sheet stays as large as it is.
 void workshopResized(Program& program);
 

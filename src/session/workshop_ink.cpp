@@ -144,6 +144,7 @@ void placePrepared(Program& program, std::optional<Corner> at, std::optional<Siz
   if (!w.open || !program.prepare.open || program.prepare.working || !program.prepare.made) return;
   const Bitmap picture = program.prepare.made->picture;
   const bool fills = std::exchange(w.firstFills, false);
+  if (fills) giveUpSheet(program);
   closePreparation(program);
   w.page = WorkshopPage::sheet;
   w.sheet->endStroke();

@@ -19,6 +19,7 @@ struct MenuTip {
 inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::openpicture, "a picture of any format, or a drawing, from any folder"},
     {Item::pastepicture, "the picture that another program has copied"},
+    {Item::lastpicture, "what the drawing before this one left; choose it again to change back"},
     {Item::workshop, "words, shapes, stamps and the mouse, on a sheet that becomes the drawing"},
     {Item::preparepicture, "few colours, clear outlines and white paper for what is on the Canvas"},
     {Item::showregions, "the regions of this drawing in colours, and how many cells they have"},
@@ -42,7 +43,7 @@ inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::drawingoff, "the square moves without a trace"},
     {Item::horizontal, "left and right mirror each other, at the same height"},
     {Item::vertical, "above and below mirror each other, in the same columns"},
-    {Item::quit2, "back to the title; the drawing is kept in last-drawing.bmp"},
+    {Item::quit2, "back to the title; the drawing is kept: File, Last picture"},
     {Item::printfff, "one page: the window as it is"},
     {Item::printwithsolutions, "two pages a maze: without and with its answer"},
     {Item::printnosolutions, "one page a maze"},

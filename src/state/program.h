@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,16 @@ struct History;  // history/history.h
 /// Whether the drawing has a step that can be taken back, and one that can be done again.
 struct UndoMarks {
   bool canUndo = false, canRedo = false;
+};
+
+/// What is known of last-drawing.bmp. Each drawing bears a number: begun at the title, new, imported or
+/// loaded.
+struct LastPicture {
+  int drawing = 1;  ///< The one on the Canvas; undo brings back an earlier one.
+  int newest = 1;   ///< The highest number that was given.
+  int inFile = 0;   ///< The one that was kept last; 0 for one of another run.
+  /// What the drawing before left, where no file holds it.
+  std::optional<Bitmap> before;
 };
 
 struct Program {
@@ -59,6 +70,8 @@ struct Program {
   RegionsView regions;
   std::vector<std::filesystem::path> recent;  ///< Opened from anywhere, the last first, at most ten.
   std::function<void(Program&)> whenDrawing;  ///< Waits for the stage of drawing, which runs it once.
+
+  LastPicture lastPicture;  ///< See drawings/last_picture.h.
 
   std::shared_ptr<History> history;  ///< Steps of the drawing; null where nobody keeps any.
   UndoMarks undoMarks;

@@ -49,8 +49,10 @@ enum class InkRole {
 struct Workshop {
   bool open = false;
   WorkshopPage page = WorkshopPage::sheet;  ///< The other shows `PreparePanel`.
-  std::unique_ptr<Sheet> sheet;  ///< Null until the workshop is opened; it stays until the program ends.
-  ColourSets drawingSets;        ///< What colours mean in the drawing, as the workshop was opened.
+  /// Null until the workshop is opened, as the run before left it; it stays until the program ends.
+  std::unique_ptr<Sheet> sheet;
+  bool isKept = false;     ///< What was kept last is of this sheet, not of one before it.
+  ColourSets drawingSets;  ///< What colours mean in the drawing, as the workshop was opened.
   WordSettings words;
   StampSettings stamp;
   std::optional<PlacedPicture> placed;

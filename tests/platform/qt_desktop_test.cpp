@@ -33,6 +33,23 @@ TEST(WhatIsTypedInABox, ReachesTheModelInTheNextPump) {
   EXPECT_EQ(session.program.controls[ControlId::Text2].text, "25");
 }
 
+TEST(TheDrawing, IsKeptSomeTimeAfterEachOfItsChanges) {
+  Session session;
+  const std::filesystem::path folder = session.folder.path().toStdString();
+  session.desktop.autosaveAfter(std::chrono::milliseconds(20));
+  Canvas& canvas = session.program.canvas;
+  for (const Colour colour : {qb::yellow, qb::lightMagenta}) {
+    canvas.setAutoRedraw(true);
+    canvas.fill(10, 10, 15, 20, colour);
+    const auto isKept = [&] {
+      session.pump(Pace::working);
+      const auto kept = readBitmapFile(folder / "last-drawing.bmp");
+      return kept && kept.value().at(12, 15) == colour;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isKept, 10'000));
+  }
+}
+
 TEST(KeysAndCommands, WaitWhileThePumpKeepsHouse) {
   Session session;
   openPanel(session.program, kWallSizePanel, "10");

@@ -65,6 +65,7 @@ const std::array kRows = {
     Row{Item::openrecent, ".xxxxx"},
     Row{Item::openexample, ".xxxxx"},
     Row{Item::pastepicture, ".xxxxx"},
+    Row{Item::lastpicture, ".x...."},
     Row{Item::workshop, ".x...."},
     Row{Item::preparepicture, ".x...."},
     Row{Item::whiteground, ".xxxxx"},
@@ -350,9 +351,11 @@ class Fidget {
       desktop.clipboard = Pasted{"/other.png", {}};
     }
     const auto entry = [&] { return below(12); };
-    switch (below(6)) {
+    switch (below(7)) {
       case 0:
         return input::filesBrought(p, {"/ready.png"});
+      case 6:
+        return input::autosave(p);
       case 1:
         return input::filesBrought(p, {"/other.png", "/ready.png"});
       case 2:

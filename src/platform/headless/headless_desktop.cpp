@@ -226,6 +226,10 @@ HeadlessDesktop::Turn HeadlessDesktop::tick(Program& program, const ScriptLine&)
     watchSheetFile(program);
     return Turn::givePump;
   }
+  if (word(1) == "autosave") {
+    input::autosave(program);
+    return Turn::givePump;
+  }
   const auto id = controlNamed(word(1));
   if (!id || rowOf(*id).kind != ControlKind::timer) refuse("no such timer: " + word(1));
   if (!program.controls[*id].enabled || program.controls[*id].interval <= 0)

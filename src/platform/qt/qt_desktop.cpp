@@ -46,6 +46,9 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
   controls_.setHolder(workshop_, workshop_->first());
   listenToArrivals();
   listenToWindow();
+  autosave_.setSingleShot(true);
+  autosave_.setInterval(std::chrono::seconds(input::kAutosaveSeconds));
+  QObject::connect(&autosave_, &QTimer::timeout, &window_, [this] { inputs_.byTimer(input::autosave); });
   window_.open();
 }
 
@@ -141,7 +144,18 @@ void QtDesktop::bringInLine(Program& program) {
   window_.statusLine().mirror(program);
   if (inputs_.empty()) mirrorWorkshop(program);
   mirrorRegions(program);
+  waitForAutosave(program);
   showCanvas(program);
+}
+
+/// Each change of the drawing or of the sheet begins the wait anew.
+void QtDesktop::waitForAutosave(const Program& program) {
+  const Sheet* sheet = program.workshop.sheet.get();
+  const std::uint64_t sheetIs = sheet == nullptr ? 0 : sheet->revision();
+  const bool drawn = program.state.phase == Phase::drawing && program.canvas.keptChanges() != drawingSeen_;
+  if (drawn || sheetIs != sheetSeen_) autosave_.start();
+  drawingSeen_ = program.canvas.keptChanges();
+  sheetSeen_ = sheetIs;
 }
 
 /// Tells a screen reader what the picture is about. Only a program that waits for a person is described:

@@ -4,6 +4,7 @@
 
 #include <QEventLoop>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -66,6 +67,9 @@ class QtDesktop : public Platform {
   /// Files that the program was started with arrive in the first pump.
   void bring(std::vector<std::filesystem::path> files);
 
+  /// How long drawing and sheet stand still before they are kept.
+  void autosaveAfter(std::chrono::milliseconds time) { autosave_.setInterval(time); }
+
   /// A press on a colour of a panel.
   void swatchPressed(ControlId swatch, Qt::MouseButton button);
 
@@ -92,6 +96,7 @@ class QtDesktop : public Platform {
   bool finishWork(Program& program);
   void mirrorWorkshop(Program& program);
   void mirrorRegions(const Program& program);
+  void waitForAutosave(const Program& program);
 
   InputQueue inputs_;
   Window window_;
@@ -103,6 +108,8 @@ class QtDesktop : public Platform {
   std::uint64_t regionsShown_ = 0;
   LeptonicaWork pictureWork_;
   std::unique_ptr<WorkThread> beside_;  // begun with the first work
+  QTimer autosave_;                     // runs since the last change of what it keeps
+  std::uint64_t drawingSeen_ = 0, sheetSeen_ = 0;
   std::unique_ptr<QSocketNotifier> asked_;
   Program* program_ = nullptr;  // the one in the pump, for what a message box leaves behind it
   bool closing_ = false;
