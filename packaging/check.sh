@@ -65,8 +65,6 @@ for file in mime/packages/gridwright.xml doc/gridwright/copyright icons/hicolor/
   [[ -s $share/$file ]] || complain "no $file"
 done
 
-# Where gridwright-start starts the program: something that tells the folder stands in for the program.
-printf '#!/bin/sh\npwd -P\n' >"$root/usr/bin/gridwright"
 home=$root/home
 
 # started_in COMMAND...: the folder, with the person's home as it was made.
@@ -81,6 +79,15 @@ starts_in() {
 
 mkdir "$root/tmp" "$home"
 start=$root/usr/bin/gridwright-start
+# What needs no window is answered without a screen, and before a folder is made.
+[[ $(started_in env -u DISPLAY "$start" --version) == gridwright\ [0-9]* ]] || complain "gridwright-start tells no version"
+[[ $(started_in env -u DISPLAY "$start" --help) == *FILE* ]] || complain "gridwright-start does not help"
+words=$(started_in env -u DISPLAY "$start" one two)
+[[ $words == "gridwright: one picture"* ]] || complain "gridwright-start takes two pictures: $words"
+[[ -z $(ls -A "$home") ]] || complain "gridwright-start makes a folder for nothing"
+# Where gridwright-start has the program work: something that tells the folder stands in for the program.
+printf '#!/bin/sh\nif [ "$1" = --work ]; then printf "%%s\\n" "$2"; fi\n' >"$root/usr/bin/gridwright"
+cp "$root/usr/bin/gridwright" "$root/folder-teller"
 starts_in "$(started_in "$start")" "$home/Documents/Gridwright" "makes the folder of documents"
 starts_in "$(cd "$root/usr" && started_in bin/gridwright-start)" "$home/Documents/Gridwright" "by a relative path"
 folder=$home/Documents/Gridwright
@@ -92,10 +99,10 @@ started_in "$start" >/dev/null
 [[ $(cat "$folder/cat.bmp") == mine ]] || complain "gridwright-start writes over a person's picture"
 [[ ! -e $root/nowhere ]] || complain "gridwright-start writes through a link"
 # What it is started with, as the program gets it.
-printf '#!/bin/sh\nprintf "%%s|" "$@"\n' >"$root/usr/bin/gridwright"
-given=$(cd "$root/usr" && started_in "$start" "a cat.png" /tmp/lion.maze)
-[[ $given == "$root/usr/a cat.png|/tmp/lion.maze|" ]] || complain "gridwright-start hands on $given"
-printf '#!/bin/sh\npwd -P\n' >"$root/usr/bin/gridwright"
+printf '#!/bin/sh\npwd -P\nprintf "%%s|" "$@"\n' >"$root/usr/bin/gridwright"
+given=$(cd "$root/usr" && env -u XDG_DATA_HOME -u XDG_CONFIG_HOME HOME="$home" "$start" -style fusion "a cat.png" | tail -n 2)
+[[ $given == "$root/usr"$'\n'"--work|$folder|-style|fusion|a cat.png|" ]] || complain "gridwright-start hands on $given"
+cp "$root/folder-teller" "$root/usr/bin/gridwright"
 ln -s "$start" "$root/start"
 starts_in "$(cd "$root" && started_in ./start)" "$home/Documents/Gridwright" "through a link"
 # A file where the folder should be cannot be written into by anybody, root included.

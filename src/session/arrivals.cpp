@@ -24,7 +24,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kMostRecent = 10;
 constexpr std::array<std::string_view, 9> kExamples = {"balloon", "butterfly", "cat",    "name", "octopus",
                                                        "panes",   "snail",     "window", "words"};
 

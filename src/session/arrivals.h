@@ -7,12 +7,15 @@
 // A picture is read beside the program, so that the window stays alive; of several only the last counts.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 
 #include "state/program.h"
 
 namespace gridwright {
+
+inline constexpr std::size_t kMostRecent = 10;  ///< Files that are remembered as opened last.
 
 void openpicture(Program& program);   ///< "Open picture…"
 void pastepicture(Program& program);  ///< "Paste picture"

@@ -2,6 +2,7 @@
 
 #include "drawings/last_picture.h"
 #include "menus/pump.h"
+#include "session/remembered.h"
 #include "session/stages.h"
 #include "session/workshop.h"
 
@@ -22,6 +23,7 @@ void finishProgram(Program& program) {
   program.files->tellThrough({});  // nobody is there to read it any more
   keepLastDrawing(program);
   keepLastSheet(program);
+  rememberSettings(program);
   program.platform.endOfPages();
 }
 

@@ -10,8 +10,9 @@ namespace gridwright {
 /// \throws ProgramEnd when the window is closed, from wherever the program stands.
 [[noreturn]] void runProgram(Program& program);
 
-/// What every end of the program leaves: the picture in last-drawing.bmp, and the pages of a job as a
-/// document. `runProgram` calls it on its way out; a tenant does where nothing unwinds.
+/// What every end of the program leaves: the picture in last-drawing.bmp, what is remembered between
+/// runs, and the pages of a job as a document. `runProgram` calls it on its way out; a tenant does where
+/// nothing unwinds.
 void finishProgram(Program& program);
 
 /// Ends the process at once: "Click to Quit Program", and both close events of the window.

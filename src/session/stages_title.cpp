@@ -11,6 +11,7 @@
 #include "menus/pump.h"
 #include "printing/print_job.h"
 #include "session/defaults.h"
+#include "session/remembered.h"
 #include "session/stages.h"
 #include "session/title.h"
 #include "state/grid.h"
@@ -47,6 +48,7 @@ Stage processStartStage(Program& program) {
   s.panelOpen = s.paused = false;
   recoverSaves(*program.files);
   program.files->removeLeftOvers();
+  recallSettings(program);
   program.pictures.save("title.bmp", titlePicture(program));
   return Stage::title;
 }
@@ -79,6 +81,7 @@ Stage leaveTitleStage(Program& program) {
   program.canvas.clearPicture();
   enableTitles(program, true);
   forgetEverything(program);
+  recallWhiteGround(program);
   endJob(program);
   tellOfFolder(program);
   program.steps.resetAll();

@@ -54,6 +54,7 @@ void layFirstSheet(Program& program) {
   const auto kept = keptSheet(program);
   w.isKept = kept && !kept->pixels.empty();
   w.sheet = std::make_unique<Sheet>(w.isKept ? Sheet::asKept(*kept) : Sheet(w.canvas));
+  w.sheet->choose(w.firstTool);
 }
 
 /// The drawing comes onto the sheet where it is not what the sheet was last used or left for.

@@ -147,6 +147,12 @@ class Platform : public BitmapFiles {
   /// what it bore before.
   virtual Outcome<PagesWent> endOfPages() = 0;
 
+  /// What is remembered between runs under a key of small letters and digits; empty for nothing, as always on
+  /// a desktop that remembers nothing.
+  virtual std::string remembered(std::string_view /*key*/) { return {}; }
+  /// Remembers it for the next run, as far as it can; an empty value is forgotten.
+  virtual void remember(std::string_view /*key*/, const std::string& /*value*/) {}
+
   /// A number from the clock, to seed Rnd with.
   virtual std::uint32_t clockSeed() = 0;
 };

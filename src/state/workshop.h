@@ -53,6 +53,7 @@ struct Workshop {
   std::unique_ptr<Sheet> sheet;
   bool isKept = false;     ///< What was kept last is of this sheet, not of one before it.
   ColourSets drawingSets;  ///< What colours mean in the drawing, as the workshop was opened.
+  ToolSettings firstTool;  ///< What the first sheet begins with.
   WordSettings words;
   StampSettings stamp;
   std::optional<PlacedPicture> placed;

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <iterator>
+#include <thread>
 
 #include "platform/shared/image_files.h"
 #include "support/child_program.h"
@@ -38,12 +41,20 @@ struct Desk {
     return {GRIDWRIGHT_WINDOW,
             {"-platform", "offscreen"},
             mazes,
-            {{"XDG_DATA_HOME", data.parent_path().string()}},
+            {{"XDG_DATA_HOME", data.parent_path().string()}, {"XDG_CONFIG_HOME", config.string()}},
             {}};
+  }
+  /// The window where there is no screen.
+  [[nodiscard]] Start withoutScreen(std::vector<std::string> words) const {
+    Start start = window();
+    start.words = std::move(words);
+    start.variables["DISPLAY"] = start.variables["WAYLAND_DISPLAY"] = "";
+    return start;
   }
   TempFolder temp;
   fs::path mazes = temp.path() / "Mazes";
   fs::path data = temp.path() / "home/gridwright";
+  fs::path config = temp.path() / "config";
 };
 
 /// Ends the folder that a program stands in, before it starts.
@@ -64,6 +75,58 @@ TEST(ASecondProgram, KeepsOutOfTheFolderThatTheFirstWorksIn) {
   first.kill();
   ChildProgram again(desk.headless(kBegin));
   EXPECT_EQ(again.wait(), 0) << "a killed program leaves no lock: " << again.said();
+}
+
+TEST(TheWindowsCommandLine, IsAnsweredWithoutAScreen) {
+  const Desk desk;
+  const std::string more = "; gridwright --help says more\n";
+  for (const char* word : {"--help", "-h", "--version"}) {
+    ChildProgram window(desk.withoutScreen({word}));
+    EXPECT_EQ(window.wait(), 0) << word << window.said();
+  }
+  const std::vector<std::pair<std::vector<std::string>, std::string>> wrong = {
+      {{"a.png", "b.png"}, "one picture or drawing can be opened, not more" + more},
+      {{"--helpp"}, "there is no option --helpp" + more},
+      {{"-platform"}, "-platform wants a word after it" + more},
+      {{"--work"}, "--work wants a word after it" + more},
+      {{""}, "an empty word names no file" + more},
+      {{"--work", "/no/such/folder"}, "no such folder: /no/such/folder\n"}};
+  for (const auto& [words, complaint] : wrong) {
+    ChildProgram window(desk.withoutScreen(words));
+    EXPECT_EQ(window.wait(), 2);
+    EXPECT_EQ(window.said(), "gridwright: " + complaint);
+  }
+}
+
+TEST(AWindowWithoutAScreen, SaysSoAndLeavesNoCore) {
+  const Desk desk;
+  ChildProgram window(desk.withoutScreen({"room.bmp"}));
+  EXPECT_EQ(window.wait(), 1);
+  EXPECT_TRUE(
+      window.said().ends_with("there is no screen to open a window on; gridwright-headless needs none\n"))
+      << window.said();
+}
+
+TEST(TheWindow, WorksInTheFolderItIsToldToAndTakesQtsOptionsAndNamesOfAnyKind) {
+  const Desk desk;
+  const fs::path other = desk.temp.path() / "Other";
+  fs::create_directory(other);
+  fs::rename(desk.mazes / "room.bmp", desk.mazes / "-room.bmp");
+  Start start = desk.window();
+  start.words = {"--platform",   "offscreen", "--style=fusion", "-reverse", "--work",
+                 other.string(), "--",        "-room.bmp"};
+  ChildProgram window(start);
+  EXPECT_TRUE(window.makes(other / "title.bmp")) << window.said();
+  // A picture that could be read is remembered.
+  const fs::path memory = desk.config / "gridwright/gridwright.conf";
+  const auto remembers = [&] {
+    std::ifstream in(memory);
+    const std::string words((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    return words.find("recent1=" + (desk.mazes / "-room.bmp").string()) != std::string::npos;
+  };
+  for (int look = 0; look < 1000 && !remembers(); ++look)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  EXPECT_TRUE(remembers());
 }
 
 TEST(AScript, ThatIsRunInAFolderThatIsGoneSaysSo) {

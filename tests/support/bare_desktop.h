@@ -86,6 +86,11 @@ class BareDesktop : public Platform {
     return went;
   }
   std::uint32_t clockSeed() override { return seed; }
+  std::string remembered(std::string_view key) override {
+    const auto found = memory.find(key);
+    return found == memory.end() ? std::string() : found->second;
+  }
+  void remember(std::string_view key, const std::string& value) override { memory[std::string(key)] = value; }
 
   /// A picture file of the working folder; null when there is none.
   [[nodiscard]] const Bitmap* file(const std::string& name) const;
@@ -98,6 +103,7 @@ class BareDesktop : public Platform {
   std::map<std::filesystem::path, Picture> picturesElsewhere;  ///< What can be opened, by its path.
   std::optional<std::filesystem::path> chosen;                 ///< In the dialog.
   Outcome<Pasted> clipboard = Fault{Fault::Kind::notFound, "there is no picture to paste"};
+  std::map<std::string, std::string, std::less<>> memory;  ///< Between runs.
   PlainWork work;
   PlainInk ink;
   std::vector<std::filesystem::path> openedElsewhere;

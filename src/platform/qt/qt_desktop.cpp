@@ -12,10 +12,12 @@
 #include <QUrl>
 #include <algorithm>
 #include <iostream>
+#include <sstream>
 
 #include "menus/status_words.h"
 #include "platform/shared/image_files.h"
 #include "session/input.h"
+#include "session/remembered.h"
 
 namespace gridwright {
 
@@ -29,6 +31,7 @@ constexpr auto kLookOften = 400us;       // and further apart too few
 constexpr int kMostPassesBetween = 64;
 constexpr int kPassedOverForOne = 8;  // pumps that are left out take less time than one that is not
 constexpr auto kMaximiseTime = 200ms;
+constexpr std::string_view kPlace = "window";
 
 QString placeOf(const ProgramState& s, const Square& square) {
   return qString(placeWords(cellsOf(s, square)));
@@ -94,6 +97,10 @@ void QtDesktop::doEvents(Program& program, Pace pace) {
   while (pace == Pace::idle && !reached && !mustEnd() && !(beside_ && beside_->hasOutcome())) {
     bringInLine(program);
     describe(program);
+    if (memory_) {
+      rememberPlace();
+      rememberSettings(program);
+    }
     reached = ask(program, QEventLoop::WaitForMoreEvents);
   }
   if (mustEnd()) throw ProgramEnd{};
@@ -216,6 +223,32 @@ void QtDesktop::setNormalPlace(const WindowPlace& place) {
   if (windowState() != WindowState::normal) waitForNewSize([this] { window_.showNormal(); });
   window_.setGeometry(wanted);
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+std::string QtDesktop::remembered(std::string_view key) {
+  return memory_ ? memory_->value(key) : std::string();
+}
+
+void QtDesktop::remember(std::string_view key, const std::string& value) {
+  if (memory_) memory_->put(key, value);
+}
+
+void QtDesktop::rememberIn(const std::filesystem::path& file) {
+  memory_ = std::make_unique<Memory>(file);
+  placeKnown_ = memory_->value(kPlace);
+  WindowPlace place;
+  std::istringstream in(placeKnown_);
+  if (in >> place.left >> place.top >> place.width >> place.height) setNormalPlace(place);
+}
+
+void QtDesktop::rememberPlace() {
+  if (!memory_ || window_.isMinimized()) return;
+  const WindowPlace place = normalPlace();
+  std::ostringstream words;
+  words << place.left << ' ' << place.top << ' ' << place.width << ' ' << place.height;
+  if (place.width <= 0 || words.str() == placeKnown_) return;
+  placeKnown_ = words.str();
+  memory_->put(kPlace, placeKnown_);
 }
 
 Outcome<PagesWent> QtDesktop::printAlone(const BitmapView& picture) {

@@ -14,6 +14,7 @@
 #include "platform/pictures/qt_ink.h"
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/input_queue.h"
+#include "platform/qt/memory.h"
 #include "platform/qt/menu_mirror.h"
 #include "platform/qt/printing.h"
 #include "platform/qt/window.h"
@@ -56,6 +57,8 @@ class QtDesktop : public Platform {
   Outcome<PagesWent> printAlone(const BitmapView& picture) override;
   Outcome<PagesWent> endOfPages() override;
   std::uint32_t clockSeed() override;
+  std::string remembered(std::string_view key) override;
+  void remember(std::string_view key, const std::string& value) override;
 
   /// From now on these signals end the program as the closed window does.
   void endBy(const EndSignals& asked);
@@ -66,6 +69,12 @@ class QtDesktop : public Platform {
 
   /// Files that the program was started with arrive in the first pump.
   void bring(std::vector<std::filesystem::path> files);
+
+  /// From now on it remembers, in this file; the window goes where it was when it was last remembered.
+  /// Without it each run is the first.
+  void rememberIn(const std::filesystem::path& file);
+  /// Remembers where the window is when it is neither minimised nor maximised.
+  void rememberPlace();
 
   /// How long drawing and sheet stand still before they are kept.
   void autosaveAfter(std::chrono::milliseconds time) { autosave_.setInterval(time); }
@@ -108,7 +117,9 @@ class QtDesktop : public Platform {
   std::uint64_t regionsShown_ = 0;
   LeptonicaWork pictureWork_;
   std::unique_ptr<WorkThread> beside_;  // begun with the first work
+  std::unique_ptr<Memory> memory_;      // null while nothing is remembered
   QTimer autosave_;                     // runs since the last change of what it keeps
+  std::string placeKnown_;              // as it is remembered
   std::uint64_t drawingSeen_ = 0, sheetSeen_ = 0;
   std::unique_ptr<QSocketNotifier> asked_;
   Program* program_ = nullptr;  // the one in the pump, for what a message box leaves behind it

@@ -34,6 +34,7 @@ int runInWindow(QtDesktop& desktop, Program& program) {
     runProgram(program);
   } catch (const ProgramEnd&) {
     running = {};
+    desktop.rememberPlace();
     desktop.endByNone();
     return 0;  // what was written is whole
   }
