@@ -94,7 +94,8 @@ TEST(OfTheSettingsOfMazes, NothingIsRemembered) {
 TEST(WhatIsMalformed, CountsAsNothing) {
   for (const char* tool : {"", "x", "9 1 0 0 0 0 1", "-1 1 0 0 0 0 1", "0 1 0 0 0 4 1", "0 1 2 0 0 0 1",
                            "1 2", "99999999999999999999 1 0 0 0 0 1"}) {
-    Sitting run({{"tool", tool}, {"recent1", "no/whole/path"}, {"statusline", "maybe"}, {"whiteground", "1"}});
+    Sitting run(
+        {{"tool", tool}, {"recent1", "no/whole/path"}, {"statusline", "maybe"}, {"whiteground", "1"}});
     run.act(workshop);
     run.desktop.look([tool](Program& p) {
       EXPECT_EQ(p.workshop.sheet->settings(), ToolSettings()) << tool;
