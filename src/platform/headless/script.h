@@ -22,7 +22,8 @@ struct ScriptLine {
 };
 
 /// A line cut at its blanks, but for those between double quotes, which may stand anywhere in a word and are
-/// left out; within them \n is a new line, and a backslash before another letter stands for that letter. A quote that is never closed reaches to the end.
+/// left out; within them \n is a new line, and a backslash before another letter stands for that letter. A
+/// quote that is never closed reaches to the end.
 std::vector<std::string> quotedWords(std::string_view line);
 
 /// One of the words "name=value".
