@@ -64,11 +64,12 @@ QWidget* WorkshopTools::buildHands() {
     button->setFocusPolicy(Qt::StrongFocus);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     grid->addWidget(button, i / kColumns, i % kColumns);
-    connect(button, &QToolButton::toggled, button, [button](bool on) {  // dark themes hardly show a pressed one
-      QFont face = button->font();
-      face.setBold(on);
-      button->setFont(face);
-    });
+    connect(button, &QToolButton::toggled, button,
+            [button](bool on) {  // dark themes hardly show a pressed one
+              QFont face = button->font();
+              face.setBold(on);
+              button->setFont(face);
+            });
     connect(button, &QToolButton::clicked, this, [this, hand = static_cast<Hand>(i)] { choose(hand); });
   }
   button(Hand::pencil)->setChecked(true);
