@@ -41,6 +41,9 @@ class StillDesktop : public Platform {
     return Fault{Fault::Kind::notFound, file.string()};
   }
   PictureWork& pictureWork() override { std::abort(); }
+  InkWork& inkWork() override { std::abort(); }
+  Outcome<Done> savePng(const BitmapView&, const std::filesystem::path&) override { return Done{}; }
+  bool openElsewhere(const std::filesystem::path&) override { return false; }
   std::optional<std::filesystem::path> choosePicture() override { return std::nullopt; }
   Outcome<Pasted> pasted() override { return Fault{Fault::Kind::notFound, "there is no picture to paste"}; }
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override {
