@@ -56,8 +56,10 @@ class StillDesktop : public Platform {
     pictures[path.filename().string()] = picture.copied();
     return FileMark{};
   }
-  Outcome<Done> printForm(const BitmapView& /*picture*/) override { return Done{}; }
-  Outcome<PagesWent> printAlone(const BitmapView& /*picture*/) override { return PagesWent{}; }
+  Outcome<Done> printForm(const BitmapView& /*picture*/, const PageLook& /*look*/) override { return Done{}; }
+  Outcome<PagesWent> printAlone(const BitmapView& /*picture*/, const PageLook& /*look*/) override {
+    return PagesWent{};
+  }
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return 1; }
 

@@ -51,6 +51,8 @@ constexpr auto kTable = std::to_array<Rule>({
     {Item::workshop, kDrawing, kBesideNoRun},
     {Item::preparepicture, kDrawing, kBesideNoRun},
     {Item::whiteground, kWorking, kBesideNoRun},
+    {Item::pagesetup, kWorking, kNothing},
+    {Item::printpreview, kWorking, kNothing},
     {Item::showregions, kDrawing, kBesideNoRun},
     {Item::undo, phases(Phase::drawing, Phase::making), kBesideNoRun | kUndo},
     {Item::redo, kDrawing, kBesideNoRun | kRedo},

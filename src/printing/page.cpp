@@ -46,6 +46,18 @@ Square partOnPage(const Program& program, const BitmapView& shown) {
           std::min(whole.right, box.right + s.wallWidth), std::min(whole.bottom, box.bottom + s.wallHeight)};
 }
 
+/// \param part of the shown plane that the page shows.
+PageLook lookOf(const Program& program, const Square& part) {
+  const ProgramState& s = program.state;
+  PageLook look{program.pages.setup, {}};
+  const bool hasStart = s.phase >= Phase::placing && s.phase <= Phase::solved;
+  const bool hasFinish = s.finishMethod == FinishMethod::user || s.finishFound;
+  if (!look.setup.endWords || !hasStart || !hasFinish) return look;
+  look.ends = {{s.start.moved(-part.left, -part.top), "Start"},
+               {s.finish.moved(-part.left, -part.top), "Finish"}};
+  return look;
+}
+
 }  // namespace
 
 void whiteground(Program& program) {
@@ -57,7 +69,7 @@ void whiteground(Program& program) {
 Page pageOf(const Program& program) {
   const BitmapView shown = program.canvas.shownView();
   const bool whiteGround = program.state.print.whiteGround;
-  if (!whiteGround && !holdsPaper(shown)) return Page(shown);
+  if (!whiteGround && !holdsPaper(shown)) return {shown, lookOf(program, {})};
   const Square part = partOnPage(program, shown);
   const Colour ground = whiteGround ? program.canvas.backColor() : kPaper;
   Bitmap page = plainBitmap(part.right - part.left + 1, part.bottom - part.top + 1, qb::white);
@@ -69,7 +81,7 @@ Page pageOf(const Program& program) {
       return pixel == kPaper || pixel == ground ? qb::white : pixel;
     });
   }
-  return Page(std::move(page));
+  return {std::move(page), lookOf(program, part)};
 }
 
 }  // namespace gridwright

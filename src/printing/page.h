@@ -12,16 +12,19 @@ namespace gridwright {
 /// painted; else one that was made of it.
 class Page {
  public:
-  explicit Page(const BitmapView& shown) : shown_(shown) {}
-  explicit Page(Bitmap made) : made_(std::move(made)), shown_(made_) {}
+  Page(const BitmapView& shown, PageLook look) : shown_(shown), look_(std::move(look)) {}
+  Page(Bitmap made, PageLook look) : made_(std::move(made)), shown_(made_), look_(std::move(look)) {}
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
 
   [[nodiscard]] const BitmapView& view() const { return shown_; }
+  /// How it is set up, and where its ends lie that are to have a word.
+  [[nodiscard]] const PageLook& look() const { return look_; }
 
  private:
   Bitmap made_;
   BitmapView shown_;
+  PageLook look_;
 };
 
 void whiteground(Program& program);  ///< "White ground": on, or off again.
@@ -30,6 +33,7 @@ void whiteground(Program& program);  ///< "White ground": on, or off again.
 /// only nearly white. With a white ground it is no more than the smallest box outside which every pixel is
 /// `BackColor`, with one wall size round it where the Canvas has that, and `BackColor` is white; where there
 /// is nothing but ground, the whole of it.
+/// Words beside the ends belong to a maze that has both: after it is made, where the finish is found.
 Page pageOf(const Program& program);
 
 }  // namespace gridwright

@@ -38,7 +38,8 @@ void goOnToNextMaze(ProgramState& s) {
 
 /// A page that cannot be kept ends the job, which tells it. \returns whether it was kept.
 bool printPage(Program& program) {
-  if (program.platform.printForm(pageOf(program).view())) return true;
+  const Page page = pageOf(program);
+  if (program.platform.printForm(page.view(), page.look())) return true;
   endJob(program);
   return false;
 }

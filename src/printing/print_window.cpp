@@ -6,7 +6,13 @@
 namespace gridwright {
 
 void printfff(Program& program) {
-  tellPrinted(program, "the window is printed", program.platform.printAlone(pageOf(program).view()));
+  const Page page = pageOf(program);
+  tellPrinted(program, "the window is printed", program.platform.printAlone(page.view(), page.look()));
+}
+
+void printpreview(Program& program) {
+  const Page page = pageOf(program);
+  program.platform.previewPage(page.view(), page.look());
 }
 
 }  // namespace gridwright

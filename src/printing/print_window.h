@@ -9,4 +9,7 @@ namespace gridwright {
 /// it went.
 void printfff(Program& program);
 
+/// "Print preview…": shows that page, and prints nothing by itself.
+void printpreview(Program& program);
+
 }  // namespace gridwright

@@ -8,6 +8,7 @@
 #include "history/history.h"
 #include "menus/enable_table.h"
 #include "menus/panels.h"
+#include "printing/page_setup.h"
 #include "printing/print_job.h"
 #include "session/arrivals.h"
 #include "session/keys.h"
@@ -183,6 +184,9 @@ void preparationChanged(Program& program, const PrepareSettings& settings) {
 void preparedAccepted(Program& program) { useWorkshop(program); }
 void pictureAcceptedAsItIs(Program& program) { usePictureAsItIs(program); }
 void preparationCancelled(Program& program) { leaveWorkshop(program); }
+
+void pageSetupEntered(Program& program, const PageSetup& setup) { takePageSetup(program, setup); }
+void pageSetupEscaped(Program& program) { leavePageSetup(program); }
 
 void resized(Program& program, Size size) {
   hideRegions(program);

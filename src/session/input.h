@@ -72,6 +72,10 @@ void preparedAccepted(Program& program);
 void pictureAcceptedAsItIs(Program& program);
 void preparationCancelled(Program& program);
 
+/// What a person does with the panel of page setup; nothing while it is closed.
+void pageSetupEntered(Program& program, const PageSetup& setup);
+void pageSetupEscaped(Program& program);
+
 /// The window's client area has a new size: the Canvas follows at the title and in drawing only.
 void resized(Program& program, Size size);
 

@@ -18,6 +18,7 @@
 #include "patterns/random_patterns.h"
 #include "patterns/random_size.h"
 #include "printing/page.h"
+#include "printing/page_setup.h"
 #include "printing/print_job.h"
 #include "printing/print_window.h"
 #include "session/arrivals.h"
@@ -123,6 +124,8 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::workshop, workshop},
     {Item::preparepicture, preparepicture},
     {Item::whiteground, whiteground},
+    {Item::pagesetup, pagesetup},
+    {Item::printpreview, printpreview},
     {Item::showregions, showregions},
     {Item::undo, undo},
     {Item::redo, redo},

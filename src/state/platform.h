@@ -18,6 +18,7 @@
 #include "pictures/picture.h"
 #include "pictures/picture_work.h"
 #include "state/modes.h"
+#include "state/page_setup.h"
 
 namespace gridwright {
 
@@ -134,13 +135,19 @@ class Platform : public BitmapFiles {
   /// What could be pasted. \returns a Fault with one line for a person when that is no picture.
   virtual Outcome<Pasted> pasted() = 0;
 
-  /// One page: the picture turned and fitted to the paper, pixel for pixel sharp.
+  /// One page: the picture fitted to the paper, pixel for pixel sharp, and what `look` adds to it.
   /// \returns a Fault when it cannot be kept: the pages since the last end are lost then, as the end tells.
-  virtual Outcome<Done> printForm(const BitmapView& picture) = 0;
+  virtual Outcome<Done> printForm(const BitmapView& picture, const PageLook& look) = 0;
 
   /// One page that is a document of its own, also while a run's pages are not complete.
   /// \returns where it went; a Fault when it could not be kept, which the tenant has told: `kPagesLost`.
-  virtual Outcome<PagesWent> printAlone(const BitmapView& picture) = 0;
+  virtual Outcome<PagesWent> printAlone(const BitmapView& picture, const PageLook& look) = 0;
+
+  /// Shows a person what that page would be; returns when it was looked at. Nothing where nobody looks.
+  virtual void previewPage(const BitmapView& /*picture*/, const PageLook& /*look*/) {}
+
+  /// What pages are printed on where nobody has set anything.
+  virtual UsualPaper usualPaper() { return {}; }
 
   /// The pages since the last call are one document, complete now.
   /// \returns as `printAlone` does; nowhere when there was no page. After a Fault the document's name bears

@@ -20,6 +20,7 @@
 #include "state/controls.h"
 #include "state/menu_tree.h"
 #include "state/notices.h"
+#include "state/page_setup.h"
 #include "state/platform.h"
 #include "state/prepare_panel.h"
 #include "state/program_state.h"
@@ -67,6 +68,7 @@ struct Program {
   StepFiles steps;
 
   PreparePanel prepare;
+  PagePanel pages;
   Workshop workshop;
   RegionsView regions;
   std::vector<std::filesystem::path> recent;  ///< Opened from anywhere, the last first, at most ten.

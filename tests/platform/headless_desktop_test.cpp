@@ -397,5 +397,40 @@ TEST(APath, MayHaveBlanksInQuotes) {
   EXPECT_EQ(t.run("open \"my cat.bmp\"\nexpect phase 0\nexpect pixel 15 15 8388608\n").words, "");
 }
 
+TEST(AScriptsPageSetup, IsInForceAtOnceAndLeavesThePagesPixelsAlone) {
+  Twin twin;
+  twin.options.pagesFolder = twin.temp.path();
+  ASSERT_EQ(
+      twin.run(kMaze + "pagesetup paper=letter landscape=1 margin=15 title=\"My \\n mazes\" nameline=1 "
+                       "endwords=1\nexpect panelOpen 0\nmenu printfff\nexpect pages 1\nsnapshot s.bmp\n")
+          .words,
+      "");
+  const auto page = readBitmapFile(twin.temp.path() / "page-0001.bmp");
+  const auto shown = readBitmapFile(twin.temp.path() / "s.bmp");
+  ASSERT_TRUE(page && shown);
+  EXPECT_TRUE(samePicture(page.value(), shown.value()));
+}
+
+TEST(AScriptsPageSetup, GoesOnWithThePanelThatIsOpenAndCancelLeavesIt) {
+  Twin twin;
+  EXPECT_EQ(twin.run(kMaze + "menu pagesetup\nexpect paused 1\nexpect menu printpreview disabled\n"
+                             "expect menu pagesetup disabled\ncancel\nexpect paused 0\nmenu pagesetup\n"
+                             "pagesetup nameline=1\nexpect paused 0\nmenu printpreview\nexpect pages 0\n")
+                .words,
+            "");
+}
+
+TEST(AScriptsPageSetup, IsRefusedWhereAPersonCouldNotDoIt) {
+  Twin twin;
+  EXPECT_EQ(twin.run("pagesetup margin=15\n").words, "s.txt:1: pagesetup is disabled or hidden");
+  for (const char* word : {"paper=a44", "landscape=2", "margin=51", "margin=-1", "nameline=yes",
+                           "endwords=", "size=a4", "title"}) {
+    const Ended ended = twin.run(kDrawing + "pagesetup " + word + "\n");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.words, std::string("s.txt:5: not understood: ") + word);
+  }
+  EXPECT_EQ(twin.run(kDrawing + "pagesetup paper=auto landscape=auto margin=auto title=\"\"\n").words, "");
+}
+
 }  // namespace
 }  // namespace gridwright::test

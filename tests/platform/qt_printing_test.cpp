@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QPageLayout>
+#include <QPageSize>
 #include <QPrinter>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <filesystem>
 #include <fstream>
@@ -8,6 +11,7 @@
 #include <string>
 
 #include "platform/qt/printing.h"
+#include "platform/shared/page_paint.h"
 #include "support/full_disk.h"
 
 namespace gridwright {
@@ -135,6 +139,76 @@ TEST(ANameTakenDuringARun, IsLeftToItsOwner) {
   EXPECT_TRUE(printing.endOfPages());
   EXPECT_EQ(std::filesystem::file_size(folder.path() / "gridwright-0001.pdf"), 4U);
   EXPECT_EQ(folder.pagesIn("gridwright-0002.pdf"), 1);
+}
+
+std::string sizesIn(const std::filesystem::path& file) {
+  QProcess told;
+  told.start("pdfinfo", {"-f", "1", "-l", "9", QString::fromStdString(file.string())});
+  told.waitForFinished();
+  return told.readAllStandardOutput().toStdString();
+}
+
+TEST(APrinter, HasThePaperThatIsSetUpAndItsOwnAgainWhereNoneIs) {
+  Folder folder;
+  const auto file = folder.path() / "paper.pdf";
+  Printing printing(folder.path(), printerTo(file));
+  PageLook letter;
+  letter.setup.paper = paperNamed("letter");
+  printing.page(kPage, letter);
+  printing.page(kPage);
+  EXPECT_TRUE(printing.endOfPages());
+  const std::string sizes = sizesIn(file);
+  EXPECT_NE(sizes.find("Page    1 size:  792 x 612 pts (letter)"), std::string::npos) << sizes;
+  EXPECT_NE(sizes.find("Page    2 size:  842 x 595 pts (A4)"), std::string::npos) << sizes;
+}
+
+TEST(APdfInPlaceOfAPrinter, HasTheDesktopsPaper) {
+  Folder folder;
+  Printing printing(folder.path(), noPrinter, {*paperNamed("letter"), allRound(10), "the desktop"});
+  printing.page(kPage);
+  EXPECT_TRUE(printing.endOfPages());
+  EXPECT_TRUE(printing.pageAlone(kPage));
+  for (const char* name : {"gridwright-0001.pdf", "gridwright-0002.pdf"})
+    EXPECT_NE(sizesIn(folder.path() / name).find("792 x 612 pts (letter)"), std::string::npos) << name;
+}
+
+TEST(ThePaperOfTheDesktop, IsA4UnlessItsLocaleHasAnother) {
+  EXPECT_EQ(paperOfDesktop().size, (PaperSize{2100, 2970}));
+  EXPECT_EQ(paperOfDesktop().margins, allRound(10));
+}
+
+TEST(TheUsualPaper, IsThePrintersAndElseTheOneOfPdfs) {
+  Folder folder;
+  const UsualPaper legal{*paperNamed("legal"), allRound(12), "the desktop"};
+  const UsualPaper ofPdfs = Printing(folder.path(), noPrinter, legal).usualPaper();
+  EXPECT_EQ(ofPdfs.size, legal.size);
+  EXPECT_EQ(ofPdfs.margins, legal.margins);
+  EXPECT_EQ(ofPdfs.whose, "the desktop");
+  const auto withLetter = [] {
+    auto printer = std::make_unique<QPrinter>();
+    printer->setOutputFormat(QPrinter::PdfFormat);
+    printer->setPageSize(QPageSize(QPageSize::Letter));
+    printer->setPageOrientation(QPageLayout::Landscape);
+    return printer;
+  };
+  const UsualPaper printers = Printing(folder.path(), withLetter, legal).usualPaper();
+  EXPECT_EQ(printers.size, (PaperSize{2159, 2794})) << "upright, however its pages lie";
+  EXPECT_EQ(printers.whose.substr(0, 11), "the printer");
+}
+
+TEST(APrinterForDialogs, IsLaidAsThePageWouldBe) {
+  Folder folder;
+  const Printing printing(folder.path(), noPrinter, {*paperNamed("legal"), allRound(12), "the desktop"});
+  PageSetup setup;
+  const auto usual = printing.printerFor(kPage, setup);
+  EXPECT_EQ(usual->pageLayout().pageSize().id(), QPageSize::Legal);
+  EXPECT_EQ(marginsOf(usual->pageLayout()), allRound(12));
+  EXPECT_EQ(usual->pageLayout().orientation(), QPageLayout::Landscape);
+  setup = {paperNamed("a5"), false, allRound(20), {}};
+  const auto set = printing.printerFor(kPage, setup);
+  EXPECT_EQ(set->pageLayout().pageSize().id(), QPageSize::A5);
+  EXPECT_EQ(marginsOf(set->pageLayout()), allRound(20));
+  EXPECT_EQ(set->pageLayout().orientation(), QPageLayout::Portrait);
 }
 
 }  // namespace

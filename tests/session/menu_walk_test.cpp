@@ -22,6 +22,7 @@ struct Row {
   const char* phases;
   bool inEditor = false;
   bool underTextPanel = false;
+  bool inARun = !rowOf(item).isOurs;
 };
 const std::array kRows = {
     Row{Item::importdrawing, ".x...."},
@@ -69,6 +70,8 @@ const std::array kRows = {
     Row{Item::workshop, ".x...."},
     Row{Item::preparepicture, ".x...."},
     Row{Item::whiteground, ".xxxxx"},
+    Row{Item::pagesetup, ".xxxxx", false, false, true},
+    Row{Item::printpreview, ".xxxxx", false, false, true},
     Row{Item::showregions, ".x...."},
     Row{Item::undo, ".xx..."},
     Row{Item::redo, ".x...."},
@@ -88,9 +91,8 @@ bool wanted(const Program& p, const Row& row) {
   if (row.item == Item::undo && phase == 0 && !p.undoMarks.canUndo) return false;
   if (row.item == Item::undo && phase == 1 && s.creationMode != CreationMode::user) return false;
   if (row.item == Item::redo && !p.undoMarks.canRedo) return false;
-  const bool besideNoRun =
-      row.item == Item::printwithsolutions || row.item == Item::printnosolutions || rowOf(row.item).isOurs;
-  return !besideNoRun || s.print.printTotal == 0;
+  const bool setsUpARun = row.item == Item::printwithsolutions || row.item == Item::printnosolutions;
+  return (row.inARun && !setsUpARun) || s.print.printTotal == 0;
 }
 
 /// The first item on which model and table differ, or nothing.
@@ -234,7 +236,7 @@ class Fidget {
       case 7:
         return input::menuClick(p, item());
       case 8:
-        return box(p);
+        return p.pages.open ? atPageSetup(p) : box(p);
       case 9:
         return swatch(p);
       case 10:
@@ -278,6 +280,14 @@ class Fidget {
       if (below(2) == 0) return input::enterPressed(p, id);
       return input::escapePressed(p, id);
     }
+  }
+  void atPageSetup(Program& p) {
+    PageSetup setup = p.pages.setup;
+    setup.endWords = below(2) == 0;
+    setup.title = below(2) == 0 ? "a title" : "";
+    if (below(2) == 0) setup.margins = allRound(below(99));
+    if (below(3) == 0) return input::pageSetupEscaped(p);
+    input::pageSetupEntered(p, setup);
   }
   void preparation(Program& p) {
     PrepareSettings settings = p.prepare.settings;
@@ -393,6 +403,7 @@ bool isAtRest(const Program& p) {
 /// The way back to a drawing that is open to everybody: out of panels, to the title, and on.
 void leadBack(Program& p, int turn) {
   if (p.workshop.open) return leaveWorkshop(p);
+  if (p.pages.open) return input::pageSetupEscaped(p);
   for (const ControlId id : {ControlId::Text2, ControlId::Text7, ControlId::text1, ControlId::Text4,
                              ControlId::Text5, ControlId::Text6, ControlId::Text3, ControlId::Text8}) {
     if (p.controls[id].visible) return input::escapePressed(p, id);

@@ -71,16 +71,22 @@ class BareDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override;
-  Outcome<Done> printForm(const BitmapView& picture) override {
+  Outcome<Done> printForm(const BitmapView& picture, const PageLook& look) override {
     if (pages.size() == pagesKept) return Fault{Fault::Kind::notWritable, "page"};
     pages.push_back(picture.copied());
+    looks.push_back(look);
     return Done{};
   }
-  Outcome<PagesWent> printAlone(const BitmapView& picture) override {
+  Outcome<PagesWent> printAlone(const BitmapView& picture, const PageLook& look) override {
     pages.push_back(picture.copied());
+    looks.push_back(look);
     ++alone;
     return went;
   }
+  void previewPage(const BitmapView& picture, const PageLook& /*look*/) override {
+    previews.push_back(picture.copied());
+  }
+  UsualPaper usualPaper() override { return usual; }
   Outcome<PagesWent> endOfPages() override {
     ++documents;
     return went;
@@ -111,7 +117,9 @@ class BareDesktop : public Platform {
   bool worksLater = false;           ///< Work beside the program waits.
   std::optional<Work> workUnderWay;  ///< The newest.
   std::vector<WindowState> states;   ///< As the program set them.
-  std::vector<Bitmap> pages;
+  std::vector<Bitmap> pages, previews;
+  std::vector<PageLook> looks;  ///< Of the pages.
+  UsualPaper usual;
   int documents = 0, alone = 0, raised = 0, maximised = 0;
   std::uint32_t seed = 1;
   Outcome<PagesWent> went = PagesWent{};                            ///< What is said of pages.

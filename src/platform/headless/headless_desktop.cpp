@@ -81,7 +81,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
   static constexpr auto kVerbs = std::to_array<Verb>({
       {"click", &HeadlessDesktop::click},       {"menu", &HeadlessDesktop::menu},
       {"key", &HeadlessDesktop::key},           {"rightclick", &HeadlessDesktop::rightclick},
-      {"type", &HeadlessDesktop::type},
+      {"type", &HeadlessDesktop::type},         {"pagesetup", &HeadlessDesktop::pagesetup},
 
       {"enter", &HeadlessDesktop::enter},       {"escape", &HeadlessDesktop::escape},
       {"pick", &HeadlessDesktop::pick},         {"mouse", &HeadlessDesktop::mouse},
@@ -318,17 +318,17 @@ Outcome<FileMark> HeadlessDesktop::saveBitmap(const BitmapView& picture, const s
   return writeBitmapFile(picture, path, how);
 }
 
-Outcome<Done> HeadlessDesktop::printForm(const BitmapView& picture) {
-  keepPage(picture);
+Outcome<Done> HeadlessDesktop::printForm(const BitmapView& picture, const PageLook& look) {
+  keepPage(picture, look);
   return Done{};
 }
 
 /// Nobody is there to read a message: pages that cannot be kept end the run.
-void HeadlessDesktop::keepPage(const BitmapView& picture) {
+void HeadlessDesktop::keepPage(const BitmapView& picture, const PageLook& look) {
   ++pages_;
   if (options_.pdfFile) {
     if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(*options_.pdfFile);
-    if (!document_->addPage(picture)) {
+    if (!document_->addPage(picture, look)) {
       document_.reset();
       throw ScriptStop{2, wordsOnLostPages(*options_.pdfFile)};
     }
@@ -341,8 +341,8 @@ void HeadlessDesktop::keepPage(const BitmapView& picture) {
 }
 
 // All pages of a script are one document, those printed alone too.
-Outcome<PagesWent> HeadlessDesktop::printAlone(const BitmapView& picture) {
-  keepPage(picture);
+Outcome<PagesWent> HeadlessDesktop::printAlone(const BitmapView& picture, const PageLook& look) {
+  keepPage(picture, look);
   return PagesWent{};
 }
 

@@ -74,8 +74,8 @@ class HeadlessDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override;
-  Outcome<Done> printForm(const BitmapView& picture) override;
-  Outcome<PagesWent> printAlone(const BitmapView& picture) override;
+  Outcome<Done> printForm(const BitmapView& picture, const PageLook& look) override;
+  Outcome<PagesWent> printAlone(const BitmapView& picture, const PageLook& look) override;
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return seed_; }
 
@@ -118,6 +118,7 @@ class HeadlessDesktop : public Platform {
   Turn accept(Program& program, const ScriptLine& line);
   Turn asitis(Program& program, const ScriptLine& line);
   Turn cancel(Program& program, const ScriptLine& line);
+  Turn pagesetup(Program& program, const ScriptLine& line);
   Turn newsheet(Program& program, const ScriptLine& line);
   Turn tool(Program& program, const ScriptLine& line);
   Turn press(Program& program, const ScriptLine& line);
@@ -152,7 +153,7 @@ class HeadlessDesktop : public Platform {
   void holdUnderstood(const std::string& word) const;
   Turn atPlace(Program& program, void (*act)(Sheet&, Corner));
   void savePicture(const Program& program, const BitmapView& picture);
-  void keepPage(const BitmapView& picture);
+  void keepPage(const BitmapView& picture, const PageLook& look);
 
   std::string scriptName_;
   std::vector<ScriptLine> lines_;

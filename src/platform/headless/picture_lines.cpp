@@ -146,6 +146,10 @@ HeadlessDesktop::Turn HeadlessDesktop::asitis(Program& program, const ScriptLine
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::cancel(Program& program, const ScriptLine&) {
+  if (program.pages.open) {
+    input::pageSetupEscaped(program);
+    return Turn::givePump;
+  }
   holdWorkshopOpen(program);
   input::preparationCancelled(program);
   return Turn::givePump;

@@ -88,6 +88,18 @@ Outcome<std::int64_t> wholeNumber(std::string_view word) {
   return value;
 }
 
+bool readNumber(std::string_view word, int least, int most, int& value) {
+  const auto number = wholeNumber(word);
+  if (!number || number.value() < least || number.value() > most) return false;
+  value = static_cast<int>(number.value());
+  return true;
+}
+
+bool readFlag(std::string_view word, bool& flag) {
+  flag = word == "1";
+  return word == "0" || word == "1";
+}
+
 Outcome<std::pair<int, int>> sizeWord(std::string_view word) {
   const std::size_t by = word.find('x');
   if (by != std::string_view::npos) {

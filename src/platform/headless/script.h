@@ -39,6 +39,22 @@ std::vector<ScriptLine> readScript(std::string_view source);
 /// A whole number, decimal, with an optional sign, and nothing else.
 Outcome<std::int64_t> wholeNumber(std::string_view word);
 
+/// A whole number from `least` to `most`. \returns whether it is one; else `value` stays.
+bool readNumber(std::string_view word, int least, int most, int& value);
+
+/// "0" or "1". \returns whether it is one of them.
+bool readFlag(std::string_view word, bool& flag);
+
+/// Reads each word from the `first` on. \returns the first that was not understood; empty when all were.
+template <class Read>
+std::string readAll(const std::vector<std::string>& words, std::size_t first, Read read) {
+  for (std::size_t i = first; i < words.size(); ++i) {
+    const auto setting = settingIn(words[i]);
+    if (!setting || !read(*setting)) return words[i];
+  }
+  return {};
+}
+
 /// A size such as 800x600.
 Outcome<std::pair<int, int>> sizeWord(std::string_view word);
 

@@ -34,18 +34,6 @@ bool readNamed(const std::array<Named<Value>, kCount>& rows, std::string_view wo
   return row != rows.end();
 }
 
-bool readNumber(std::string_view word, int least, int most, int& value) {
-  const auto number = wholeNumber(word);
-  if (!number || number.value() < least || number.value() > most) return false;
-  value = static_cast<int>(number.value());
-  return true;
-}
-
-bool readFlag(std::string_view word, bool& flag) {
-  flag = word == "1";
-  return word == "0" || word == "1";
-}
-
 constexpr int kFurthest = 100'000;  // pixels, as far as a sheet knows places
 
 bool readPair(std::string_view word, char between, int least, int& one, int& other) {
@@ -105,16 +93,6 @@ bool readStamp(const ScriptSetting& setting, StampSettings& stamp, std::optional
   if (name == "height") return readNumber(value, 1, kMostCellsHigh, stamp.height);
   if (name == "colour") return readNumber(value, 0, kPaperInk - 1, stamp.colour);
   return name == "at" && readPlace(value, at);
-}
-
-/// Reads each word from the `first` on. \returns the first that was not understood; empty when all were.
-template <class Read>
-std::string readAll(const std::vector<std::string>& words, std::size_t first, Read read) {
-  for (std::size_t i = first; i < words.size(); ++i) {
-    const auto setting = settingIn(words[i]);
-    if (!setting || !read(*setting)) return words[i];
-  }
-  return {};
 }
 
 }  // namespace

@@ -256,11 +256,14 @@ void ControlMirror::takeKeyboardFromHidden(const ControlModel& model) {
   if (!control.visible || !control.enabled) view_.setFocus(Qt::OtherFocusReason);
 }
 
+void ControlMirror::setHolder(QWidget* frame, QWidget* first) { holders_[frame] = first; }
+
 QWidget* ControlMirror::wantedFocus(const ControlModel& model) const {
   if (model.focus()) return widget(*model.focus());
-  if (holder_ != nullptr && !holder_->isHidden()) {
+  for (const auto& [frame, first] : holders_) {
+    if (frame->isHidden()) continue;
     QWidget* has = view_.window()->focusWidget();
-    return has != nullptr && holder_->isAncestorOf(has) ? has : holdersFirst_;
+    return has != nullptr && frame->isAncestorOf(has) ? has : first;
   }
   const auto shown = std::find_if(swatchFrames_.rbegin(), swatchFrames_.rend(),
                                   [](const SwatchFrame* frame) { return !frame->isHidden(); });

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <vector>
 
 #include "platform/qt/input_queue.h"
@@ -34,8 +35,8 @@ class ControlMirror {
   /// else to the Canvas; unless a menu has it just now.
   void keepFocus(const ControlModel& model);
 
-  /// A frame that has the keyboard while it is shown, and in it this part at first.
-  void setHolder(QWidget* frame, QWidget* first) { holder_ = frame, holdersFirst_ = first; }
+  /// A frame that has the keyboard while it is shown, and in it this part at first, which may change.
+  void setHolder(QWidget* frame, QWidget* first);
 
   [[nodiscard]] std::uint64_t shown() const { return shown_; }
   /// The widget of a control; a timer has none.
@@ -67,7 +68,7 @@ class ControlMirror {
   std::array<PanelFrame*, kTextPanels.size()> textFrames_{};
   std::array<SwatchFrame*, kSwatchPanels.size()> swatchFrames_{};
   std::array<Timer, 2> timers_;
-  QWidget *holder_ = nullptr, *holdersFirst_ = nullptr;
+  std::map<QWidget*, QWidget*> holders_;  // frames, and what of each has the keyboard first
   std::uint64_t shown_ = 0;
 };
 

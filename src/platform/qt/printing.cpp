@@ -1,14 +1,18 @@
 #include "platform/qt/printing.h"
 
+#include <langinfo.h>
+
 #include <QPrinterInfo>
 #include <QtDebug>
 #include <array>
+#include <cstdint>
 #include <cstdio>
 #include <system_error>
 #include <utility>
 
 #include "platform/shared/growing_file.h"
 #include "platform/shared/image_files.h"
+#include "platform/shared/page_paint.h"
 
 namespace gridwright {
 
@@ -42,39 +46,71 @@ std::unique_ptr<QPrinter> defaultPrinter() {
   return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
 }
 
-Printing::Printing(std::filesystem::path folder, FindPrinter find)
-    : folder_(std::move(folder)), findPrinter_(std::move(find)) {}
+// The C library knows a locale's paper; its numbers come in the place of pointers.
+UsualPaper paperOfDesktop() {
+  const auto tenths = [](nl_item item) {
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(nl_langinfo(item))) * kTenths;
+  };
+  const PaperSize told = knownPaper({tenths(_NL_PAPER_WIDTH), tenths(_NL_PAPER_HEIGHT)});
+  UsualPaper paper;
+  if (told.width > 0 && told.height > 0) paper.size = told;
+  return paper;
+}
+
+Printing::Printing(std::filesystem::path folder, FindPrinter find, UsualPaper pdfPaper)
+    : folder_(std::move(folder)), findPrinter_(std::move(find)), pdfPaper_(std::move(pdfPaper)) {}
 
 Printing::~Printing() { static_cast<void>(endOfPages()); }
 
-Outcome<Done> Printing::page(const BitmapView& picture) {
+Outcome<Done> Printing::page(const BitmapView& picture, const PageLook& look) {
   if (!documentOpen_) {
     documentOpen_ = true;
     printer_ = findPrinter_();
+    if (printer_ != nullptr) printersOwn_ = printer_->pageLayout();
   }
-  if (printer_ != nullptr && toPrinter(picture)) {
+  if (printer_ != nullptr && toPrinter(picture, look)) {
     const std::string name = printer_->printerName().toStdString();
     paper_ = "on the printer" + (name.empty() ? name : " " + name);
     return Done{};
   }
   if (painter_.isActive()) painter_.end();
   printer_.reset();  // once it has refused, the rest of the document follows into the PDF
-  if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(freeName(folder_));
-  auto added = document_->addPage(picture);
+  if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(freeName(folder_), pdfPaper_);
+  auto added = document_->addPage(picture, look);
   if (!added) documentFailed_ = true;
   return added;
 }
 
-Outcome<PagesWent> Printing::pageAlone(const BitmapView& picture) {
-  Printing alone(folder_, findPrinter_);
-  static_cast<void>(alone.page(picture));  // the end tells whether it was kept
+Outcome<PagesWent> Printing::pageAlone(const BitmapView& picture, const PageLook& look) {
+  Printing alone(folder_, findPrinter_, pdfPaper_);
+  static_cast<void>(alone.page(picture, look));  // the end tells whether it was kept
   return alone.endOfPages();
 }
 
-bool Printing::toPrinter(const BitmapView& picture) {
-  turnPageTo(*printer_, picture);
+std::unique_ptr<QPrinter> Printing::printerFor(const BitmapView& picture, const PageSetup& setup) const {
+  auto printer = findPrinter_();
+  if (printer == nullptr) {
+    printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setOutputFormat(QPrinter::PdfFormat);
+    layPage(*printer, printer->pageLayout(), picture, {pdfPaper_.size, std::nullopt, pdfPaper_.margins, {}});
+  }
+  layPage(*printer, printer->pageLayout(), picture, setup);
+  return printer;
+}
+
+UsualPaper Printing::usualPaper() const {
+  const auto printer = findPrinter_();
+  if (printer == nullptr) return pdfPaper_;
+  QPageLayout layout = printer->pageLayout();
+  layout.setOrientation(QPageLayout::Portrait);
+  const std::string name = printer->printerName().toStdString();
+  return {paperOf(layout.pageSize()), marginsOf(layout), "the printer" + (name.empty() ? name : " " + name)};
+}
+
+bool Printing::toPrinter(const BitmapView& picture, const PageLook& look) {
+  layPage(*printer_, printersOwn_, picture, look.setup);
   if (painter_.isActive() ? !printer_->newPage() : !painter_.begin(printer_.get())) return false;
-  paintPage(painter_, picture);
+  paintPage(painter_, picture, look);
   return printer_->printerState() != QPrinter::Error;
 }
 

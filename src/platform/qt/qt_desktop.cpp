@@ -43,11 +43,14 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
     : menus_(*window_.menuBar(), inputs_),
       controls_(window_.view(), inputs_,
                 [this](ControlId swatch, Qt::MouseButton button) { swatchPressed(swatch, button); }),
-      printing_(workFolder),
+      printing_(workFolder, defaultPrinter, paperOfDesktop()),
       ink_(contentFolderOfProgram() / "stamps"),
-      workshop_(new WorkshopPanel(&window_.view(), inputs_, ink_)) {
+      workshop_(new WorkshopPanel(&window_.view(), inputs_, ink_)),
+      pageFrame_(new PanelFrame(&window_.view())),
+      pageSetup_(new PageSetupPage(pageFrame_)) {
   controls_.setHolder(workshop_, workshop_->first());
   listenToArrivals();
+  listenToPages();
   listenToWindow();
   autosave_.setSingleShot(true);
   autosave_.setInterval(std::chrono::seconds(input::kAutosaveSeconds));
@@ -60,6 +63,7 @@ void QtDesktop::listenToWindow() {
   window_.view().onPlaced = [this] {
     controls_.place();
     workshop_->setGeometry(window_.view().rect());
+    placePageFrame();
   };
   window_.view().onKey = [this](int code, KeyGo go) {
     inputs_.byPerson([code, go](Program& program) { input::keyDown(program, code, go); });
@@ -117,6 +121,7 @@ bool QtDesktop::isDue(Program& program) {
   if (program.menus.revision() != menus_.shown() || program.controls.revision() != controls_.shown())
     return true;
   if (workshop_->isBehind(program) || program.regions.revision != regionsShown_) return true;
+  if (program.pages.revision != pagesShown_) return true;
   if (program.canvas.isDirty() && showCanvas(program)) return true;
   return --passesLeft_ <= 0 && clockSaysDue();
 }
@@ -152,6 +157,7 @@ void QtDesktop::bringInLine(Program& program) {
   if (inputs_.empty()) mirrorWorkshop(program);
   mirrorRegions(program);
   waitForAutosave(program);
+  mirrorPages(program);
   showCanvas(program);
 }
 
@@ -251,8 +257,8 @@ void QtDesktop::rememberPlace() {
   memory_->put(kPlace, placeKnown_);
 }
 
-Outcome<PagesWent> QtDesktop::printAlone(const BitmapView& picture) {
-  auto went = printing_.pageAlone(picture);
+Outcome<PagesWent> QtDesktop::printAlone(const BitmapView& picture, const PageLook& look) {
+  auto went = printing_.pageAlone(picture, look);
   if (!went) messageBox(kPagesLost);
   return went;
 }

@@ -16,6 +16,7 @@
 #include "platform/qt/input_queue.h"
 #include "platform/qt/memory.h"
 #include "platform/qt/menu_mirror.h"
+#include "platform/qt/page_setup_page.h"
 #include "platform/qt/printing.h"
 #include "platform/qt/window.h"
 #include "platform/qt/work_thread.h"
@@ -53,8 +54,12 @@ class QtDesktop : public Platform {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
   Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override;
-  Outcome<Done> printForm(const BitmapView& picture) override { return printing_.page(picture); }
-  Outcome<PagesWent> printAlone(const BitmapView& picture) override;
+  Outcome<Done> printForm(const BitmapView& picture, const PageLook& look) override {
+    return printing_.page(picture, look);
+  }
+  Outcome<PagesWent> printAlone(const BitmapView& picture, const PageLook& look) override;
+  void previewPage(const BitmapView& picture, const PageLook& look) override;
+  UsualPaper usualPaper() override;
   Outcome<PagesWent> endOfPages() override;
   std::uint32_t clockSeed() override;
   std::string remembered(std::string_view key) override;
@@ -87,6 +92,7 @@ class QtDesktop : public Platform {
   [[nodiscard]] const ControlMirror& controls() const { return controls_; }
   [[nodiscard]] WorkshopPanel& workshop() const { return *workshop_; }
   [[nodiscard]] const PreparePage& preparePage() const { return workshop_->preparePage(); }
+  [[nodiscard]] const PageSetupPage& pageSetup() const { return *pageSetup_; }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -106,6 +112,10 @@ class QtDesktop : public Platform {
   void mirrorWorkshop(Program& program);
   void mirrorRegions(const Program& program);
   void waitForAutosave(const Program& program);
+  void listenToPages();
+  void mirrorPages(const Program& program);
+  void placePageFrame();
+  void askForPaper();
 
   InputQueue inputs_;
   Window window_;
@@ -114,7 +124,9 @@ class QtDesktop : public Platform {
   Printing printing_;
   QtInk ink_;
   WorkshopPanel* workshop_;
-  std::uint64_t regionsShown_ = 0;
+  PanelFrame* pageFrame_;
+  PageSetupPage* pageSetup_;
+  std::uint64_t regionsShown_ = 0, pagesShown_ = 0;
   LeptonicaWork pictureWork_;
   std::unique_ptr<WorkThread> beside_;  // begun with the first work
   std::unique_ptr<Memory> memory_;      // null while nothing is remembered

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QFile>
+#include <QHBoxLayout>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QShortcut>
@@ -13,12 +14,19 @@
 namespace gridwright {
 
 Window::Window()
-    : inside_(new QWidget(this)), view_(new CanvasView(inside_)), statusLine_(new StatusLine(inside_)) {
+    : inside_(new QWidget(this)),
+      view_(new CanvasView(inside_)),
+      statusLine_(new StatusLine(inside_)),
+      runCancel_(new RunCancel(inside_)) {
   auto* column = new QVBoxLayout(inside_);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(view_, 1);
-  column->addWidget(statusLine_);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(0);
+  row->addWidget(statusLine_, 1);
+  row->addWidget(runCancel_);
+  column->addLayout(row);
   setCentralWidget(inside_);
   menuBar()->setNativeMenuBar(false);
   menuBar()->setContextMenuPolicy(Qt::PreventContextMenu);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/qt/canvas_view.h"
+#include "platform/qt/run_cancel.h"
 #include "platform/qt/status_line.h"
 #include "state/menu_tree.h"
 
@@ -31,6 +32,7 @@ class Window : public QMainWindow {
 
   [[nodiscard]] CanvasView& view() const { return *view_; }
   [[nodiscard]] StatusLine& statusLine() const { return *statusLine_; }
+  [[nodiscard]] RunCancel& runCancel() const { return *runCancel_; }
   QMenu* createPopupMenu() override { return nullptr; }
 
  protected:
@@ -44,6 +46,7 @@ class Window : public QMainWindow {
   QWidget* inside_;
   CanvasView* view_;
   StatusLine* statusLine_;
+  RunCancel* runCancel_;
 };
 
 /// The files of this computer that dragged or copied data names.

@@ -6,10 +6,8 @@
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
-#include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
-#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -17,6 +15,7 @@
 #include "canvas/bitmap_encode.h"
 #include "canvas/canvas.h"
 #include "platform/shared/growing_file.h"
+#include "platform/shared/page_paint.h"
 
 namespace gridwright {
 
@@ -62,51 +61,42 @@ Outcome<Done> writePngFile(const BitmapView& picture, const std::filesystem::pat
   return Done{};
 }
 
-void turnPageTo(QPagedPaintDevice& device, const BitmapView& picture) {
-  device.setPageOrientation(picture.width > picture.height ? QPageLayout::Landscape : QPageLayout::Portrait);
-}
-
-void paintPage(QPainter& painter, const BitmapView& picture) {
-  if (picture.isEmpty()) return;
-  painter.setRenderHint(QPainter::LosslessImageRendering, true);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-  const QRectF paper(0, 0, painter.device()->width(), painter.device()->height());
-  const double scale = std::min(paper.width() / picture.width, paper.height() / picture.height);
-  QRectF place(0, 0, picture.width * scale, picture.height * scale);
-  place.moveCenter(paper.center());
-  painter.drawImage(place, imageOf(picture));
-}
-
 struct PdfDocument::Writer {
-  explicit Writer(const std::filesystem::path& path) : file(path) {
+  Writer(const std::filesystem::path& path, const UsualPaper& paper) : file(path) {
     if (!file.isOpen()) return;
     pdf = std::make_unique<QPdfWriter>(&file);
     pdf->setCreator("Gridwright");
     pdf->setTitle("Gridwright");
-    pdf->setPageSize(QPageSize(QPageSize::A4));
-    pdf->setPageMargins(QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter);
+    pdf->setPageSize(qtPaper(paper.size));
+    const auto millimetres = [](int tenths) { return static_cast<double>(tenths) / kTenths; };
+    const Margins& m = paper.margins;
+    pdf->setPageMargins(
+        {millimetres(m.left), millimetres(m.top), millimetres(m.right), millimetres(m.bottom)},
+        QPageLayout::Millimeter);
     pdf->setResolution(600);
+    usual = pdf->pageLayout();
   }
 
   GrowingFile file;
   std::unique_ptr<QPdfWriter> pdf;
+  QPageLayout usual;
   QPainter painter;  // ends before the writer and the file do
 };
 
-PdfDocument::PdfDocument(std::filesystem::path path)
+PdfDocument::PdfDocument(std::filesystem::path path, const UsualPaper& paper)
     : path_(std::move(path)),
-      writer_(path_.empty() || isNoPlainFile(path_) ? nullptr : std::make_unique<Writer>(path_)) {}
+      writer_(path_.empty() || isNoPlainFile(path_) ? nullptr : std::make_unique<Writer>(path_, paper)) {}
 
 PdfDocument::~PdfDocument() = default;
 
-Outcome<Done> PdfDocument::addPage(const BitmapView& picture) {
+Outcome<Done> PdfDocument::addPage(const BitmapView& picture, const PageLook& look) {
   const Fault fault{Fault::Kind::notWritable, path_.string()};
   if (writer_ == nullptr || writer_->pdf == nullptr) return fault;
-  turnPageTo(*writer_->pdf, picture);
+  layPage(*writer_->pdf, writer_->usual, picture, look.setup);
   const bool begun =
       writer_->painter.isActive() ? writer_->pdf->newPage() : writer_->painter.begin(writer_->pdf.get());
   if (!begun) return fault;
-  paintPage(writer_->painter, picture);
+  paintPage(writer_->painter, picture, look);
   if (!writer_->file.isWhole()) return fault;
   return Done{};
 }

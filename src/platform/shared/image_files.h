@@ -1,4 +1,4 @@
-// Bitmap files and printed pages by way of Qt, for both tenants.
+// Bitmap files and documents of pages by way of Qt, for both tenants.
 #pragma once
 
 #include <filesystem>
@@ -8,11 +8,9 @@
 #include "canvas/bitmap_view.h"
 #include "canvas/outcome.h"
 #include "files/plain_file.h"
+#include "state/page_setup.h"
 
 class QImage;
-class QPainter;
-class QPageLayout;
-class QPagedPaintDevice;
 
 namespace gridwright {
 
@@ -29,24 +27,19 @@ Outcome<Done> writePngFile(const BitmapView& picture, const std::filesystem::pat
 
 QImage imageOf(const BitmapView& picture);
 
-/// Turns the device's page to the picture's shape; to be called before its page begins.
-void turnPageTo(QPagedPaintDevice& device, const BitmapView& picture);
-
-/// Paints the picture fitted to the printable area, aspect kept, pixel for pixel sharp.
-void paintPage(QPainter& painter, const BitmapView& picture);
-
 /// A document that grows page by page on disk, so that a book of any length costs no memory. It gets
 /// its name when it is finished, and leaves nothing behind when it is not.
 class PdfDocument {
  public:
   /// Nothing but a plain file, or a free name, is taken: else there is a Fault from the first page on.
-  explicit PdfDocument(std::filesystem::path path);
+  /// \param paper of pages for which nobody has set another.
+  explicit PdfDocument(std::filesystem::path path, const UsualPaper& paper = {});
   ~PdfDocument();
   PdfDocument(const PdfDocument&) = delete;
   PdfDocument& operator=(const PdfDocument&) = delete;
 
   /// \returns a Fault from the first page on of which a byte could not be written.
-  Outcome<Done> addPage(const BitmapView& picture);
+  Outcome<Done> addPage(const BitmapView& picture, const PageLook& look = {});
   /// Every byte is on the disk and the document has its name; else a Fault, and what was there under the
   /// name stays as it was.
   Outcome<Done> finish();

@@ -1,0 +1,18 @@
+// The panel that says how pages look.
+#pragma once
+
+#include "state/program.h"
+
+namespace gridwright {
+
+/// "Page setup…": the panel opens with what is in force, and holds the program.
+void pagesetup(Program& program);
+
+/// What the panel shows is in force, and the panel closes. Blanks and line ends of the title become single
+/// blanks, and margins stay within `kMostMargin`. Nothing while it is closed.
+void takePageSetup(Program& program, PageSetup setup);
+
+/// The panel closes, and everything stays as it was.
+void leavePageSetup(Program& program);
+
+}  // namespace gridwright

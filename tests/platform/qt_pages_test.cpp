@@ -1,0 +1,164 @@
+// The panel of page setup, and what a run shows of itself.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPageSetupDialog>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+#include <QThread>
+#include <QTimer>
+
+#include "qt_session.h"
+#include "session/input.h"
+
+namespace gridwright {
+namespace {
+
+struct Panel : Session {
+  explicit Panel(const PageSetup& setup = {}) {
+    program.menus.setVisible(Item::filet, true);
+    program.pages.setup = setup;
+    input::menuClick(program, Item::pagesetup);
+    pump(Pace::housekeeping);
+  }
+  template <class T>
+  T* part(const char* name) {
+    return desktop.pageSetup().findChild<T*>(name);
+  }
+  void accept() {
+    QTest::keyClick(part<QLineEdit>("title"), Qt::Key_Return);
+    pump(Pace::idle);
+  }
+};
+
+TEST(ThePageSetupPanel, IsShownWithTheKeyboardInTheTitleAndGoesWithItsModel) {
+  Panel panel;
+  EXPECT_TRUE(panel.desktop.pageSetup().isVisible());
+  EXPECT_EQ(panel.desktop.window().focusWidget(), panel.part<QLineEdit>("title"));
+  QTest::keyClick(panel.part<QLineEdit>("title"), Qt::Key_Escape);
+  panel.pump(Pace::idle);
+  panel.pump(Pace::housekeeping);
+  EXPECT_FALSE(panel.program.pages.open);
+  EXPECT_FALSE(panel.desktop.pageSetup().isVisible());
+  EXPECT_EQ(panel.desktop.window().focusWidget(), &panel.desktop.window().view());
+}
+
+TEST(ThePageSetupPanel, ReportsNothingThatNobodyHasSet) {
+  Panel panel;
+  EXPECT_EQ(panel.part<QComboBox>("paper")->currentText(), "A4, as the desktop has it");
+  EXPECT_EQ(panel.part<QSpinBox>("margin")->text(), "10 mm, as the desktop has them");
+  panel.accept();
+  EXPECT_FALSE(panel.program.pages.open);
+  EXPECT_EQ(panel.program.pages.setup, PageSetup());
+}
+
+TEST(ThePageSetupPanel, TakesWhatAPersonSets) {
+  Panel panel;
+  QTest::keyClicks(panel.part<QLineEdit>("title"), "Mazes & more");
+  panel.part<QCheckBox>("nameline")->click();
+  panel.part<QCheckBox>("endwords")->click();
+  panel.part<QComboBox>("paper")->setCurrentText("Letter");
+  panel.part<QComboBox>("orientation")->setCurrentIndex(1);
+  panel.part<QSpinBox>("margin")->setValue(15);
+  panel.part<QPushButton>("use")->click();
+  panel.pump(Pace::idle);
+  const PageSetup wanted{paperNamed("letter"), false, allRound(15), "Mazes & more", true, true};
+  EXPECT_EQ(panel.program.pages.setup, wanted);
+}
+
+TEST(ThePageSetupPanel, GivesBackWhatIsInForceWhenNothingIsChanged) {
+  for (const PageSetup& setup :
+       {PageSetup{PaperSize{1760, 2500}, true, Margins{100, 200, 300, 50}, "T", true, false},
+        PageSetup{paperNamed("a3"), false, allRound(0), "", false, true},
+        PageSetup{std::nullopt, std::nullopt, Margins{85, 85, 85, 85}, "", false, false}}) {
+    Panel panel(setup);
+    panel.accept();
+    EXPECT_FALSE(panel.program.pages.open);
+    EXPECT_EQ(panel.program.pages.setup, setup);
+  }
+}
+
+TEST(ThePageSetupPanel, ShowsMarginsThatDifferAndTakesOneForAll) {
+  Panel panel({std::nullopt, std::nullopt, Margins{100, 200, 300, 50}, {}});
+  auto* margin = panel.part<QSpinBox>("margin");
+  EXPECT_EQ(margin->text(), "each its own");
+  margin->setValue(7);
+  panel.accept();
+  EXPECT_EQ(panel.program.pages.setup.margins, allRound(7));
+}
+
+/// Closes the dialog that opens next, when it was looked at.
+template <class Dialog, class Look>
+bool seen(Session& session, const std::function<void()>& ask, Look look) {
+  bool was = false;
+  QTimer often;
+  QObject::connect(&often, &QTimer::timeout, [&] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr || was) return;
+    was = true;
+    look(*dialog);
+    dialog->close();
+  });
+  often.start(5);
+  ask();
+  for (int i = 0; i < 100 && !was; ++i) {
+    QThread::msleep(2);  // so that the next pump looks at what waits
+    session.pump(Pace::working);
+  }
+  return was;
+}
+
+TEST(ThePreview, ShowsThePageInADialogOfQts) {
+  Session session;
+  session.program.menus.setVisible(Item::filet, true);
+  session.program.pages.setup.landscape = false;
+  EXPECT_TRUE(seen<QPrintPreviewDialog>(
+      session, [&] { input::menuClick(session.program, Item::printpreview); },
+      [](QPrintPreviewDialog& dialog) {
+        const auto* pages = dialog.findChild<QPrintPreviewWidget*>();
+        ASSERT_NE(pages, nullptr);
+        EXPECT_EQ(dialog.printer()->pageLayout().orientation(), QPageLayout::Portrait);
+      }));
+}
+
+TEST(MoreInThePageSetupPanel, OpensQtsAndACancelThereChangesNothing) {
+  Panel panel;
+  EXPECT_TRUE(seen<QPageSetupDialog>(
+      panel, [&] { panel.part<QPushButton>("more")->click(); }, [](QPageSetupDialog&) {}));
+  EXPECT_TRUE(panel.program.pages.open);
+  panel.accept();
+  EXPECT_EQ(panel.program.pages.setup, PageSetup());
+}
+
+TEST(ARun, ShowsHowFarItIsAndEndsByItsButton) {
+  Session session;
+  auto& button = session.desktop.window().runCancel();
+  EXPECT_TRUE(button.isHidden());
+  const Size canvas = session.desktop.clientSize();
+  ProgramState& s = session.program.state;
+  s.phase = Phase::making;
+  s.print.printMode = PrintMode::withoutAnswers;
+  s.print.printTotal = 40;
+  s.print.printedCount = 3;
+  session.program.controls.setCaption("a run");
+  session.pump(Pace::housekeeping);
+  EXPECT_FALSE(button.isHidden());
+  EXPECT_EQ(button.text(), "Cancel printing: 3 of 40 done");
+  EXPECT_EQ(session.desktop.clientSize(), canvas) << "it takes nothing from the Canvas";
+  EXPECT_EQ(button.height(), session.desktop.window().statusLine().height());
+  QTest::mouseClick(&button, Qt::LeftButton);
+  session.pump(Pace::housekeeping);
+  session.pump(Pace::idle);
+  EXPECT_EQ(s.print.printMode, PrintMode::none);
+  session.pump(Pace::housekeeping);
+  EXPECT_TRUE(button.isHidden());
+}
+
+}  // namespace
+}  // namespace gridwright
