@@ -5,7 +5,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPageSetupDialog>
+#include <QPageLayout>
+#include <QPageSize>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPushButton>
@@ -14,6 +15,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include "platform/shared/page_paint.h"
 #include "qt_session.h"
 #include "session/input.h"
 
@@ -127,13 +129,29 @@ TEST(ThePreview, ShowsThePageInADialogOfQts) {
       }));
 }
 
-TEST(MoreInThePageSetupPanel, OpensQtsAndACancelThereChangesNothing) {
-  Panel panel;
-  EXPECT_TRUE(seen<QPageSetupDialog>(
-      panel, [&] { panel.part<QPushButton>("more")->click(); }, [](QPageSetupDialog&) {}));
-  EXPECT_TRUE(panel.program.pages.open);
-  panel.accept();
-  EXPECT_EQ(panel.program.pages.setup, PageSetup());
+TEST(MoreInThePageSetupPanel, SetsWhatADialogHasChangedAndNoMore) {
+  const QPageLayout before(QPageSize(QPageSize::A4), QPageLayout::Portrait, {10, 10, 10, 10},
+                           QPageLayout::Millimeter);
+  PageSetup setup;
+  setup.title = "Mazes";
+  EXPECT_EQ(withChanges(setup, before, before), setup);
+  QPageLayout turned = before;
+  turned.setOrientation(QPageLayout::Landscape);
+  EXPECT_EQ(withChanges(setup, before, turned), (PageSetup{{}, true, {}, "Mazes"}));
+  EXPECT_EQ(withChanges(setup, turned, before).landscape, false);
+  QPageLayout other = before;
+  other.setPageSize(QPageSize(QPageSize::Letter));
+  other.setMargins({12.5, 10, 10, 20});
+  EXPECT_EQ(withChanges(setup, before, other),
+            (PageSetup{paperNamed("letter"), {}, Margins{125, 100, 100, 200}, "Mazes"}));
+}
+
+TEST(MoreInThePageSetupPanel, IsAskedForByItsButton) {
+  PageSetupPage page(nullptr);
+  int asked = 0;
+  page.onMore = [&] { ++asked; };
+  page.findChild<QPushButton*>("more")->click();
+  EXPECT_EQ(asked, 1);
 }
 
 TEST(ARun, ShowsHowFarItIsAndEndsByItsButton) {

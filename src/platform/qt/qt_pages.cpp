@@ -50,17 +50,12 @@ void QtDesktop::placePageFrame() {
 
 /// Qt's own page setup changes what the panel shows, and nothing is in force before that is accepted.
 void QtDesktop::askForPaper() {
-  PageSetup setup = pageSetup_->setup();
+  const PageSetup setup = pageSetup_->setup();
   const auto printer = printing_.printerFor({0, 0, nullptr, 0}, setup);
   const QPageLayout before = printer->pageLayout();
   QPageSetupDialog dialog(printer.get(), &window_);
   if (dialog.exec() != QDialog::Accepted) return;
-  const QPageLayout layout = printer->pageLayout();
-  if (layout.orientation() != before.orientation())
-    setup.landscape = layout.orientation() == QPageLayout::Landscape;
-  if (!layout.pageSize().isEquivalentTo(before.pageSize())) setup.paper = paperOf(layout.pageSize());
-  if (marginsOf(layout) != marginsOf(before)) setup.margins = marginsOf(layout);
-  pageSetup_->show(setup);
+  pageSetup_->show(withChanges(setup, before, printer->pageLayout()));
 }
 
 void QtDesktop::previewPage(const BitmapView& picture, const PageLook& look) {

@@ -191,6 +191,14 @@ Margins marginsOf(const QPageLayout& layout) {
   return {tenths(m.left()), tenths(m.top()), tenths(m.right()), tenths(m.bottom())};
 }
 
+PageSetup withChanges(PageSetup setup, const QPageLayout& before, const QPageLayout& after) {
+  if (after.orientation() != before.orientation())
+    setup.landscape = after.orientation() == QPageLayout::Landscape;
+  if (!after.pageSize().isEquivalentTo(before.pageSize())) setup.paper = paperOf(after.pageSize());
+  if (marginsOf(after) != marginsOf(before)) setup.margins = marginsOf(after);
+  return setup;
+}
+
 void layPage(QPagedPaintDevice& device, const QPageLayout& usual, const BitmapView& picture,
              const PageSetup& setup) {
   QPageLayout layout = usual;

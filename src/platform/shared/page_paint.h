@@ -16,6 +16,9 @@ QPageSize qtPaper(const PaperSize& size);
 PaperSize paperOf(const QPageSize& size);
 Margins marginsOf(const QPageLayout& layout);
 
+/// A setup with what a dialog has changed of a page's layout, and no more: the rest is as usual still.
+PageSetup withChanges(PageSetup setup, const QPageLayout& before, const QPageLayout& after);
+
 /// Lays the device's page as a person has set it; to be called before its page begins. What is not set is as
 /// in `usual`, and the page turned to the picture's shape. Of each side no margin takes more than a quarter.
 void layPage(QPagedPaintDevice& device, const QPageLayout& usual, const BitmapView& picture,
