@@ -51,7 +51,7 @@ PageSetupPage::PageSetupPage(QWidget* parent)
     : QWidget(parent),
       title_(new QLineEdit(this)),
       nameLine_(new QCheckBox("A line for a &name", this)),
-      endWords_(new QCheckBox("The words &Start and Finish beside the ends", this)),
+      endWords_(new QCheckBox("The &words Start and Finish beside the ends", this)),
       paper_(new QComboBox(this)),
       orientation_(new QComboBox(this)),
       margin_(new MarginBox(this)) {
@@ -66,12 +66,12 @@ PageSetupPage::PageSetupPage(QWidget* parent)
   orientation_->addItems({"as the picture lies", "upright", "lying on its side"});
   auto* column = new QVBoxLayout(this);
   auto* form = new QFormLayout;
-  form->addRow("&Title", title_);
+  form->addRow("Tit&le", title_);
   form->addRow(QString(), nameLine_);
   form->addRow(QString(), endWords_);
-  form->addRow("&Paper", paper_);
-  form->addRow("&Orientation", orientation_);
-  form->addRow("&Margins in mm", margin_);
+  form->addRow("P&aper", paper_);
+  form->addRow("Ori&entation", orientation_);
+  form->addRow("Mar&gins in mm", margin_);
   column->addLayout(form);
   column->addWidget(buildButtons());
 }
@@ -80,7 +80,7 @@ QWidget* PageSetupPage::buildButtons() {
   auto* part = new QWidget(this);
   auto* row = new QHBoxLayout(part);
   row->setContentsMargins(0, 0, 0, 0);
-  auto* more = new QPushButton("M&ore…", part);
+  auto* more = new QPushButton("Mo&re…", part);
   auto* use = new QPushButton("&Use", part);
   auto* cancel = new QPushButton("&Cancel", part);
   more->setObjectName("more");
