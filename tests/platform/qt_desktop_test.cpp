@@ -233,7 +233,8 @@ TEST(PagesThatCannotBeKept, AreToldOnceInTheWindow) {
   std::filesystem::remove_all(folder);
   const Bitmap page = plainBitmap(80, 60, kPalette[1]);
   EXPECT_EQ(messageDuring([&] { session.desktop.printAlone(page, {}); }), kPagesLost);
-  EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(session.desktop.printForm(page, {})); }), "") << "the end tells it";
+  EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(session.desktop.printForm(page, {})); }), "")
+      << "the end tells it";
   EXPECT_EQ(messageDuring([&] { session.desktop.endOfPages(); }), kPagesLost);
   EXPECT_EQ(messageDuring([&] { session.desktop.endOfPages(); }), "");
   std::filesystem::create_directory(folder);
