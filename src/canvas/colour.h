@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace gridwright {
 
@@ -26,6 +27,10 @@ inline constexpr std::array<Colour, 16> kPalette = {0,     8388608,  32768,   84
 inline constexpr std::array<const char*, 16> kPaletteNames = {
     "black", "navy", "green", "teal", "maroon", "purple",  "olive",  "silver",
     "gray",  "blue", "lime",  "cyan", "red",    "magenta", "yellow", "white"};
+
+/// A letter for each, in the same order, for those who do not tell all of them apart.
+inline constexpr std::string_view kPaletteLetters = "KNGTMPOSABLCREYW";
+static_assert(kPaletteLetters.size() == kPalette.size());
 
 /// The values of the standard 16-colour numbering that the program uses.
 namespace qb {

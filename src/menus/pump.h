@@ -6,7 +6,7 @@
 namespace gridwright {
 
 /// Frees one command for this pump, lets events run, and brings the menus in line with what they
-/// changed. Its caller tests `phase` next.
+/// changed. Its caller tests `phase` next. While the sheet of keys is shown it does not come back.
 void yield(Program& program, Pace pace);
 
 /// Events that are no command: repaints, timers and resizes. Keys and commands wait.

@@ -7,6 +7,7 @@
 #include "drawings/last_picture.h"
 #include "history/history.h"
 #include "menus/enable_table.h"
+#include "menus/keys_sheet.h"
 #include "menus/panels.h"
 #include "printing/page_setup.h"
 #include "printing/print_job.h"
@@ -30,14 +31,23 @@ bool isLive(const Program& program, ControlId id) {
   return program.controls[id].visible && program.controls[id].enabled;
 }
 
-/// While a maze is prepared by a loop of its own, only leaving is possible.
+/// While a maze is prepared by a loop of its own, only leaving is possible, and what changes nothing but the
+/// window.
 bool isHeldBack(const ProgramState& s, Item item) {
-  return s.editor.preparing && item != Item::quit2 && item != Item::stopallprintings;
+  constexpr std::array kGoOn = {Item::quit2,      Item::stopallprintings, Item::markcolours,
+                                Item::statusline, Item::wholescreen,      Item::showkeys};
+  return s.editor.preparing && std::find(kGoOn.begin(), kGoOn.end(), item) == kGoOn.end();
 }
 
-/// A click that closes the view of regions chooses nothing.
+/// What lies over the Canvas is taken away. \returns whether anything did: the input was for that alone.
+bool closesView(Program& program) {
+  const bool keys = hideKeys(program);
+  return hideRegions(program) || keys;
+}
+
+/// A click that closes a view chooses nothing.
 bool canBeChosen(Program& program, Item item) {
-  if (hideRegions(program)) return false;
+  if (closesView(program)) return false;
   applyEnableTableIfChanged(program);
   return !program.state.keyBusy && program.menus.available(item);
 }
@@ -68,7 +78,7 @@ constexpr std::array kLists = {
 }  // namespace
 
 void keyDown(Program& program, int code, KeyGo go) {
-  if (hideRegions(program)) return;
+  if (closesView(program)) return;
   ProgramState& s = program.state;
   if (s.paused || program.controls.focus() || s.keyBusy) return;
   s.keyBusy = true;
@@ -100,7 +110,7 @@ void menuEntryClick(Program& program, Item item, int entry) {
 void menuLookedAt(Program& program) { listArrivals(program); }
 
 void mouseDown(Program& program, int button) {
-  if (!hideRegions(program)) slideMouse(program, button);
+  if (!closesView(program)) slideMouse(program, button);
 }
 
 void timerTick(Program& program, ControlId timer) { slideTimer(program, timer); }
@@ -161,21 +171,22 @@ void listClick(Program& program, ControlId list, int entry) {
 }
 
 void filesBrought(Program& program, const std::vector<std::filesystem::path>& files) {
-  hideRegions(program);
+  closesView(program);
   filesArrived(program, files);
 }
 
 void nothingBrought(Program& program) {
-  hideRegions(program);
+  closesView(program);
   nothingArrived(program);
 }
 
 void pasteAsked(Program& program) {
+  if (hideKeys(program)) return;
   hideRegions(program);
   pasteArrived(program);
 }
 
-void viewDismissed(Program& program) { hideRegions(program); }
+void viewDismissed(Program& program) { closesView(program); }
 
 void preparationChanged(Program& program, const PrepareSettings& settings) {
   changePreparation(program, settings);

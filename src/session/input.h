@@ -62,7 +62,8 @@ void nothingBrought(Program& program);
 /// Something is pasted onto the window, at the title too. Lost when a command was taken in this pump already.
 void pasteAsked(Program& program);
 
-/// Any key or click while the view of regions stands, also one that no phase knows: it closes that.
+/// Any key or click while the view of regions or the sheet of keys stands, also one that no phase knows: it
+/// closes that.
 void viewDismissed(Program& program);
 
 /// What a person does in the workshop and on its page that makes a picture ready; nothing while it is closed.

@@ -7,6 +7,7 @@
 #include "solve/place_keys.h"
 #include "solve/play.h"
 #include "state/key_codes.h"
+#include "state/phase_keys.h"
 
 namespace gridwright {
 
@@ -22,7 +23,7 @@ bool heldBack(const ProgramState& s, int code) {
 
 void dispatchKey(Program& program, int code) {
   const ProgramState& s = program.state;
-  if (heldBack(s, code)) return;
+  if (!isKeyOf(s.phase, code) || heldBack(s, code)) return;
   switch (s.phase) {
     case Phase::title:
       return slideKey(program, code);

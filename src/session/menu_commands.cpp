@@ -12,6 +12,7 @@
 #include "drawings/wall_size.h"
 #include "history/history.h"
 #include "maze/maze_settings.h"
+#include "menus/keys_sheet.h"
 #include "patterns/pattern_commands.h"
 #include "patterns/pattern_editor.h"
 #include "patterns/pattern_sets.h"
@@ -129,6 +130,10 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::showregions, showregions},
     {Item::undo, undo},
     {Item::redo, redo},
+    {Item::markcolours, markcolours},
+    {Item::statusline, statusline},
+    {Item::wholescreen, wholescreen},
+    {Item::showkeys, showkeys},
 });
 
 }  // namespace

@@ -26,6 +26,18 @@ void aoff(Program& program) {
   markOne(program.menus, {Item::aon, Item::aoff}, Item::aoff);
 }
 
+void markcolours(Program& program) {
+  program.markColours = !program.markColours;
+  program.menus.setChecked(Item::markcolours, program.markColours);
+}
+
+void statusline(Program& program) {
+  program.statusLineOff = !program.statusLineOff;
+  program.menus.setChecked(Item::statusline, !program.statusLineOff);
+}
+
+void wholescreen(Program& program) { program.platform.switchWholeScreen(); }
+
 void quit2(Program& program) {
   ProgramState& s = program.state;
   giveUpDrawing(program);

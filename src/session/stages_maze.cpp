@@ -7,6 +7,8 @@
 #include "maze/finishmaking.h"
 #include "maze/makemaze.h"
 #include "maze/makemaze2.h"
+#include "menus/growth.h"
+#include "menus/keys_sheet.h"
 #include "menus/menu_rules.h"
 #include "menus/pump.h"
 #include "menus/status_words.h"
@@ -140,6 +142,7 @@ Stage drawingStage(Program& program) {
   s.mazeColor = s.keptMazeColor;
   s.keepPicture = s.walker.walkStartKept = false;
   captionDrawing(program);
+  hintAtKeys(program);
   followWindow(program, program.platform.clientSize());
   program.canvas.setAutoRedraw(true);
   if (s.drawing.reloadDrawing) paintWorkPicture(program, "drawing1.bmp");
@@ -197,7 +200,11 @@ Stage makingStage(Program& program) {
   tellRun(program);
   s.phase = Phase::making;
   program.canvas.setAutoRedraw(true);
-  if (!s.session.resumeMaze && !s.keepPicture) paintWorkPicture(program, "drawing1b.bmp");
+  ++s.session.begun;
+  if (!s.session.resumeMaze && !s.keepPicture) {
+    paintWorkPicture(program, "drawing1b.bmp");
+    s.session.carvedBefore = growthOf(program).carved;
+  }
   if (s.randomPatterns.randomPatternsWanted) {
     s.randomPatterns.randomPatternsWanted = false;
     if (!makeRandomPatterns(program)) return Stage::title;
@@ -254,7 +261,8 @@ Stage solvingStage(Program& program) {
   }
   putWalkOnStart(s);
   program.pictures.save("drawing2.bmp", program.canvas.imageView());
-  s.solver.pathLength = s.solver.bestPathLength = 0;
+  s.solver.pathLength = s.solver.bestPathLength = s.solver.playSteps = 0;
+  ++s.session.begun;
   s.solver.activeFinishMethod = s.finishMethod;
   s.minimizedNow = false;
   captionSolving(program);

@@ -103,6 +103,7 @@ void leavetrail(Program& program) {
 void playUpdate(Program& program) {
   ProgramState& s = program.state;
   if (s.playMode == PlayMode::off) return;
+  if (cellChanged(s)) ++s.solver.playSteps;
   if (s.playMode == PlayMode::hard && s.cur.left == s.sweepX && s.cur.top == s.sweepY) throwBack(program);
   moveMarker(program);
   // A crossing can only fire in the pass in which a key has put the probe on a wall.

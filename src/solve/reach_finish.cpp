@@ -36,6 +36,7 @@ void lastStroke(Program& program) {
 
 void reachFinish(Program& program) {
   ProgramState& s = program.state;
+  if (s.playMode != PlayMode::off && cellChanged(s)) ++s.solver.playSteps;
   closedCellTest(program);
   if (s.testCount == 0) strokeThroughClosedCell(program, s.startColor);
   program.controls.setCaption(program.menus.checked(Item::playmodeoff)

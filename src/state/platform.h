@@ -97,6 +97,10 @@ class Platform : public BitmapFiles {
   /// \returns the client size from then on.
   virtual Size maximise() = 0;
 
+  /// The window covers the whole screen, or has the place again that it had before; while it does, it counts
+  /// as maximised. Nothing on a desktop without a window.
+  virtual void switchWholeScreen() {}
+
   /// Brings the window to the front, wholly repainted.
   virtual void raise() = 0;
 

@@ -18,6 +18,7 @@
 #include "files/work_folder.h"
 #include "files/work_pictures.h"
 #include "state/controls.h"
+#include "state/keys_sheet.h"
 #include "state/menu_tree.h"
 #include "state/notices.h"
 #include "state/page_setup.h"
@@ -71,6 +72,10 @@ struct Program {
   PagePanel pages;
   Workshop workshop;
   RegionsView regions;
+  KeysSheet keys;
+  bool keysHintTold = false;   ///< A person was told once how the keys are shown.
+  bool statusLineOff = false;  ///< The window does without its status line.
+  bool markColours = false;    ///< The window marks colours by letters, and both ends by shapes.
   std::vector<std::filesystem::path> recent;  ///< Opened from anywhere, the last first, at most ten.
   std::function<void(Program&)> whenDrawing;  ///< Waits for the stage of drawing, which runs it once.
 

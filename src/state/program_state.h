@@ -146,6 +146,7 @@ struct SolverState {
   int pathUnderpasses = 0, bestPathUnderpasses = 0;
   int underpassLock = 0;
   int startReturns = 0;
+  int playSteps = 0;  ///< Of a person, since solving began.
   int trailEndX = 0, trailEndY = 0;
   FinishMethod activeFinishMethod = FinishMethod::user;
   PlayMode playModeSeen = PlayMode::off, playModeAtPause = PlayMode::off;
@@ -244,6 +245,8 @@ struct SessionState {
   int autoMinimizeStyle = 0;
   bool resumeMaze = false;     ///< The walker goes on from its resume square.
   bool tightForPipes = false;  ///< Fewer than three free cells at pipe pitch.
+  int carvedBefore = 0;        ///< Cells that counted as carved before the walker began the present maze.
+  int begun = 0;               ///< Grows whenever carving or solving begins anew, so that its time is taken anew.
 };
 
 /// At the top stands what several rooms share, with who they are; every command and the roof see all of it.

@@ -13,8 +13,12 @@
 #include <csignal>
 #include <filesystem>
 #include <functional>
+#include <set>
 
+#include "menus/enable_table.h"
 #include "menus/panels.h"
+#include "menus/status_words.h"
+#include "platform/qt/swatch_button.h"
 #include "platform/shared/end_signals.h"
 #include "platform/shared/image_files.h"
 #include "qt_session.h"
@@ -200,7 +204,7 @@ TEST(AScreenReader, HearsThePhaseAndTheSquaresCell) {
   session.program.controls.setCaption("drawing");
   session.program.state.wallWidth = session.program.state.stepX = 20;
   session.program.state.cur = {60, 10, 79, 19};
-  EXPECT_EQ(description(session), "drawing; square in column 3, row 1");
+  EXPECT_EQ(description(session), "drawing; drawing, walls 20; black, 1 cell at column 3, row 1, drawing on");
 }
 
 TEST(AScreenReader, HearsWhereBothEndsArePlaced) {
@@ -209,7 +213,7 @@ TEST(AScreenReader, HearsWhereBothEndsArePlaced) {
   session.program.state.phase = Phase::placing;
   session.program.state.start = {10, 10, 19, 19};
   session.program.state.finish = {40, 30, 49, 39};
-  EXPECT_EQ(description(session), "placing; start in column 1, row 1; finish in column 4, row 3");
+  EXPECT_EQ(description(session), "placing; start and finish, walls 10; start at column 1, row 1; finish at column 4, row 3");
 }
 
 /// What the message box says that comes up meanwhile; it is read and closed.
@@ -276,6 +280,140 @@ TEST(TheNormalPlace, IsTheSizeToGoBackToFromAMaximisedWindow) {
   EXPECT_EQ(place.top, 50);
   EXPECT_EQ(place.width, 640);
   EXPECT_EQ(place.height, 480);
+}
+
+/// A session past its title, with the menus as the program has them there.
+struct Working : Session {
+  Working() {
+    program.menus.setVisible(Item::filet, true);
+    settle();
+  }
+  void settle() {
+    applyEnableTable(program);
+    QTest::qSleep(2);  // a window that was asked a moment ago is not asked again
+    for (int pass = 0; pass < 100; ++pass) pump(Pace::working);
+    pump(Pace::housekeeping);
+  }
+  QWidget* view() { return &desktop.window().view(); }
+  void press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+    QTest::keyClick(view(), key, with);
+    settle();
+  }
+};
+
+TEST(TheKeysOfTheMenus, ChooseTheirItemsInTheWindow) {
+  Working w;
+  w.program.keysHintTold = true;
+  w.press(Qt::Key_F1);
+  EXPECT_TRUE(w.program.keys.shown);
+  EXPECT_TRUE(w.desktop.keysPage().isVisible());
+  EXPECT_TRUE(w.desktop.keysPage().accessibleDescription().contains("grow it up, down, left, right"));
+  w.press(Qt::Key_Slash);
+  EXPECT_FALSE(w.program.keys.shown);
+  EXPECT_FALSE(w.desktop.keysPage().isVisible());
+  EXPECT_FALSE(w.program.state.drawingOff) << "it closed the sheet and did nothing else";
+  w.press(Qt::Key_Slash);
+  EXPECT_TRUE(w.program.state.drawingOff);
+  w.press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(w.program.controls[ControlId::text1].visible);
+}
+
+TEST(KeysWithCtrlOrAlt, NeverReachThePhaseThatKnowsThemPlain) {
+  Working w;
+  const Square cur = w.program.state.cur;
+  for (const Qt::KeyboardModifier with : {Qt::ControlModifier, Qt::AltModifier}) {
+    for (const Qt::Key key : {Qt::Key_Slash, Qt::Key_D, Qt::Key_H, Qt::Key_Right, Qt::Key_X}) w.press(key, with);
+    EXPECT_EQ(w.program.state.cur, cur);
+    EXPECT_FALSE(w.program.state.drawingOff);
+  }
+}
+
+TEST(AKeyHeldForTheNextOne, LeavesTheSheetWhereItIs) {
+  Working w;
+  w.press(Qt::Key_F1);
+  for (const Qt::Key key : {Qt::Key_Control, Qt::Key_Shift, Qt::Key_Alt}) w.press(key);
+  EXPECT_TRUE(w.program.keys.shown);
+  w.press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_FALSE(w.program.keys.shown);
+  EXPECT_FALSE(w.program.controls[ControlId::text1].visible) << "the key that closes it saves nothing";
+}
+
+TEST(AClickOnTheSheet, ClosesIt) {
+  Working w;
+  w.press(Qt::Key_F1);
+  QTest::mouseClick(const_cast<KeysPage*>(&w.desktop.keysPage()), Qt::LeftButton);
+  w.settle();
+  EXPECT_FALSE(w.program.keys.shown);
+}
+
+TEST(TheWholeScreen, CountsAsMaximisedAndIsLeftByThePersonAlone) {
+  Working w;
+  w.press(Qt::Key_F11);
+  EXPECT_TRUE(w.desktop.window().isFullScreen());
+  EXPECT_EQ(w.desktop.windowState(), WindowState::maximised);
+  w.desktop.maximise();
+  EXPECT_TRUE(w.desktop.window().isFullScreen());
+  w.desktop.setWindowState(WindowState::minimised);
+  w.desktop.setWindowState(WindowState::maximised);
+  EXPECT_TRUE(w.desktop.window().isFullScreen());
+  EXPECT_FALSE(w.desktop.window().isMinimized());
+  w.desktop.setNormalPlace({40, 50, 640, 480});
+  EXPECT_TRUE(w.desktop.window().isFullScreen());
+  w.press(Qt::Key_F11);
+  EXPECT_FALSE(w.desktop.window().isFullScreen());
+  w.program.state.phase = Phase::title;
+  w.settle();
+  w.press(Qt::Key_F11);
+  EXPECT_TRUE(w.desktop.window().isFullScreen()) << "at the title too";
+}
+
+TEST(MarkedColours, HaveLettersOnSwatchesAndShapesOnTheEndsOfTheWindowAlone) {
+  Working w;
+  ProgramState& s = w.program.state;
+  s.phase = Phase::placing;
+  s.start = {11, 11, 18, 18};
+  s.finish = {61, 31, 68, 38};
+  s.startColor = kPalette[12];
+  s.finishColor = kPalette[9];
+  w.program.canvas.fill(s.start, s.startColor);
+  w.program.canvas.fill(s.finish, s.finishColor);
+  w.settle();
+  const auto shot = [&] { return w.view()->grab().toImage(); };
+  const QImage before = shot();
+  const Bitmap plane = w.program.canvas.image();
+  input::menuClick(w.program, Item::markcolours);
+  w.settle();
+  const EndMarks& marks = w.desktop.window().view().endMarks();
+  EXPECT_EQ(marks.start, QRect(11, 11, 8, 8));
+  EXPECT_EQ(marks.finish, QRect(61, 31, 8, 8));
+  EXPECT_NE(shot(), before);
+  EXPECT_EQ(w.program.canvas.image().pixels, plane.pixels) << "what is saved and printed bears no mark";
+  w.program.canvas.fill(s.finish, kPalette[15]);
+  w.settle();
+  EXPECT_EQ(marks.finish, std::nullopt) << "no square is there to bear one";
+  w.program.state.keyBusy = false;
+  input::menuClick(w.program, Item::markcolours);
+  w.program.canvas.fill(s.finish, s.finishColor);
+  w.settle();
+  EXPECT_EQ(shot(), before);
+}
+
+TEST(TheLetters, AreSixteenAndNoneTwice) {
+  std::set<char> letters;
+  for (const Colour colour : kPalette) letters.insert(colourLetter(colour).value_or(' '));
+  EXPECT_EQ(letters.size(), 16U);
+  EXPECT_FALSE(letters.contains(' '));
+  EXPECT_EQ(colourLetter(0x123456), std::nullopt);
+}
+
+TEST(ASwatch, ShowsItsLetterWhileColoursAreMarked) {
+  SwatchButton swatch(12, nullptr);
+  swatch.resize(swatch.sizeHint());
+  const QImage plain = swatch.grab().toImage();
+  swatch.setMarked(true);
+  EXPECT_NE(swatch.grab().toImage(), plain);
+  swatch.setMarked(false);
+  EXPECT_EQ(swatch.grab().toImage(), plain);
 }
 
 }  // namespace

@@ -3,10 +3,13 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <cctype>
+#include <map>
 #include <random>
 #include <set>
 
 #include "platform/qt/menu_mirror.h"
+#include "state/shortcuts.h"
 
 namespace gridwright {
 namespace {
@@ -19,6 +22,7 @@ struct Bar {
 
 /// What stands in the widgets against what the model says, item by item.
 void expectInLine(const MenuMirror& mirror, const MenuModel& model) {
+  const MnemonicPlaces mnemonics = mnemonicsOf(model);
   for (std::size_t row = 0; row < kItemCount; ++row) {
     const Item item = itemAt(row);
     const QAction* action = mirror.action(item);
@@ -27,7 +31,8 @@ void expectInLine(const MenuMirror& mirror, const MenuModel& model) {
     EXPECT_EQ(action->isChecked(), model.checked(item)) << rowOf(item).name;
     // An action that is not shown calls itself disabled, whatever it was told.
     EXPECT_EQ(action->isEnabled(), model.enabled(item) && model.visible(item)) << rowOf(item).name;
-    EXPECT_EQ(action->text(), menuText(item, model.caption(item))) << rowOf(item).name;
+    EXPECT_EQ(action->text(), menuText(model.caption(item), mnemonics[row], keysOfItem(model, item)))
+        << rowOf(item).name;
     EXPECT_EQ(action->menu() != nullptr, hasChildren(item) || hasEntries(item)) << rowOf(item).name;
   }
 }
@@ -99,20 +104,54 @@ TEST(ADisabledTitle, IsDisabledInTheBar) {
 }
 
 TEST(AnAmpersandInACaption, IsReadAsOne) {
-  EXPECT_EQ(menuText(Item::maxrnd, "salt & pepper"), "salt && pepper");
-  EXPECT_EQ(menuText(Item::maze, "A & Maze"), "A && &Maze");
+  EXPECT_EQ(menuText("salt & pepper", kNoMnemonic, ""), "salt && pepper");
+  EXPECT_EQ(menuText("A & Maze", 4, ""), "A && &Maze");
 }
 
-TEST(EachTitle, HasALetterOfItsOwnAndKeepsItsWords) {
-  std::set<QChar> letters;
+TEST(EachItem, HasALetterThatNoOtherOfItsMenuHasAndKeepsItsWords) {
+  const MenuModel model;
+  const MnemonicPlaces places = mnemonicsOf(model);
+  std::map<Item, std::set<char>> letters;
   for (std::size_t row = 0; row < kItemCount; ++row) {
-    if (rowOf(itemAt(row)).parent != Item::bar) continue;
-    QString text = menuText(itemAt(row), rowOf(itemAt(row)).caption);
-    ASSERT_GE(text.indexOf('&'), 0) << rowOf(itemAt(row)).name;
-    EXPECT_TRUE(letters.insert(text[text.indexOf('&') + 1].toLower()).second) << rowOf(itemAt(row)).name;
-    EXPECT_EQ(text.remove('&').toStdString(), rowOf(itemAt(row)).caption);
+    const std::string& caption = model.caption(itemAt(row));
+    if (caption.empty()) continue;
+    ASSERT_LT(places[row], caption.size()) << rowOf(itemAt(row)).name;
+    const char letter = caption[places[row]];
+    EXPECT_NE(std::isalnum(static_cast<unsigned char>(letter)), 0);
+    EXPECT_TRUE(letters[rowOf(itemAt(row)).parent].insert(static_cast<char>(std::tolower(letter))).second)
+        << rowOf(itemAt(row)).name;
+    QString text = menuText(caption, places[row], "");
+    EXPECT_EQ(text.remove('&').toStdString(), caption);
   }
-  EXPECT_EQ(letters.size(), 7U);
+  EXPECT_EQ(letters[Item::bar], (std::set<char>{'f', 'o', 'p', 'm', 's', 't', 'i'}));
+}
+
+TEST(LettersThatAreTaken, ArePassedOnAsLongAsThereIsAnother) {
+  // The last finds a only when the first two give way: the first to c, the second to b.
+  const std::vector<std::string> captions = {"abc", "ab", "a"};
+  const std::vector<std::size_t> places = mnemonicPlaces(captions);
+  EXPECT_EQ(captions[0][places[0]], 'c');
+  EXPECT_EQ(captions[1][places[1]], 'b');
+  EXPECT_EQ(captions[2][places[2]], 'a');
+  EXPECT_EQ(mnemonicPlaces({"a", "A", "é…"}),
+            (std::vector<std::size_t>{0, kNoMnemonic, kNoMnemonic}));
+  EXPECT_EQ(mnemonicPlaces({"ox", "big one"}), (std::vector<std::size_t>{0, 0})) << "words' first letters";
+}
+
+TEST(TheKeysOfAnItem, AreShownBehindItAndF5AtTheTickedKind) {
+  Bar bar;
+  MenuModel model;
+  bar.mirror.mirror(model);
+  const auto keys = [&](Item item) { return bar.mirror.action(item)->text().section('\t', 1); };
+  EXPECT_EQ(keys(Item::newmaze), "Ctrl+N");
+  EXPECT_EQ(keys(Item::showkeys), "F1");
+  EXPECT_EQ(keys(Item::createreg), "F5");
+  EXPECT_EQ(keys(Item::create3d), "");
+  model.setChecked(Item::createreg, false);
+  model.setChecked(Item::create3d, true);
+  bar.mirror.mirror(model);
+  EXPECT_EQ(keys(Item::createreg), "");
+  EXPECT_EQ(keys(Item::create3d), "F5");
 }
 
 }  // namespace

@@ -227,7 +227,7 @@ TEST(TheEntriesOfAMenu, AreThoseOfTheModel) {
   g.program.menus.setEntries(Item::openrecent, {"salt & pepper.png, in /home", "b.png, in /home"});
   g.pump(Pace::working);
   ASSERT_EQ(recent->actions().size(), 2);
-  EXPECT_EQ(recent->actions().first()->text(), "salt && pepper.png, in /home");
+  EXPECT_EQ(recent->actions().first()->text(), "&salt && pepper.png, in /home");
   g.program.recent = {g.path("gone.png").toStdString(), g.path("ready.png").toStdString()};
   recent->actions().at(1)->trigger();
   ASSERT_TRUE(g.pumpUntil([&] { return g.program.canvas.shownPoint(50, 40) == 0xFF0000; }));

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QProgressBar>
 #include <QTest>
+#include <chrono>
 #include <memory>
 
 #include "platform/qt/printing.h"
@@ -23,10 +25,10 @@ TEST(TheStatusLine, TellsOnItsRightWhatIsInHand) {
   w.program.state.cur = {10, 10, 29, 19};
   w.program.state.drawColor = kPalette[12];
   w.look();
-  EXPECT_EQ(w.line.status(), "red, 2 x 1 cells at column 1, row 1, drawing on");
+  EXPECT_EQ(w.line.status(), "drawing, walls 10; red, 2 x 1 cells at column 1, row 1, drawing on");
   w.program.state.drawingOff = true;
   w.look();
-  EXPECT_EQ(w.line.status(), "red, 2 x 1 cells at column 1, row 1, drawing off");
+  EXPECT_EQ(w.line.status(), "drawing, walls 10; red, 2 x 1 cells at column 1, row 1, drawing off");
 }
 
 TEST(TheColourInHand, IsShownBesideItsName) {
@@ -175,6 +177,96 @@ TEST(AMazeThatGrows, LeavesTheRightSideAlone) {
     w.look();
   }
   EXPECT_EQ(status->accessibleName(), "as it was");
+}
+
+TEST(AMazeThatGrows, IsCountedAtMostTwiceASecondAndOnlyWhileTheLineIsSeen) {
+  Line w;
+  w.program.state.phase = Phase::making;
+  w.program.state.creationMode = CreationMode::computer;
+  const auto begin = StatusMeter::Clock::now();
+  StatusMeter meter;
+  for (int ms = 0; ms <= 2000; ++ms) {
+    w.program.canvas.fill(0, 0, 5, 5, kPalette[static_cast<std::size_t>(ms % 16)]);
+    meter.look(w.program, true, begin + std::chrono::milliseconds(ms));
+  }
+  EXPECT_EQ(meter.counts(), 5);
+  EXPECT_EQ(meter.look(w.program, true, begin + std::chrono::seconds(3)).seconds, 3);
+  const int counts = meter.counts();
+  w.program.canvas.fill(0, 0, 5, 5, kPalette[3]);
+  meter.look(w.program, false, begin + std::chrono::seconds(4));
+  EXPECT_EQ(meter.counts(), counts) << "nobody sees it";
+  meter.look(w.program, true, begin + std::chrono::seconds(5));
+  meter.look(w.program, true, begin + std::chrono::seconds(6));
+  EXPECT_EQ(meter.counts(), counts + 1) << "nothing was painted since";
+}
+
+TEST(TheTime, StandsStillUnderPanelsAndBeginsAnewWithTheNextMaze) {
+  Line w;
+  ProgramState& s = w.program.state;
+  s.phase = Phase::making;
+  s.creationMode = CreationMode::computer;
+  const auto begin = StatusMeter::Clock::now();
+  StatusMeter meter;
+  const auto after = [&](int seconds) {
+    return meter.look(w.program, true, begin + std::chrono::seconds(seconds)).seconds;
+  };
+  after(0);
+  EXPECT_EQ(after(4), 4);
+  s.paused = true;
+  after(4);
+  EXPECT_EQ(after(60), 4);
+  EXPECT_FALSE(meter.isRunning());
+  s.paused = false;
+  after(60);
+  EXPECT_EQ(after(61), 5);
+  ++s.session.begun;
+  EXPECT_EQ(after(62), 0);
+  EXPECT_EQ(after(63), 1);
+}
+
+TEST(ARun, HasABarOfTheMazesThatAreDone) {
+  Line w;
+  auto* bar = w.line.findChild<QProgressBar*>("Run");
+  w.look();
+  EXPECT_FALSE(bar->isVisible());
+  w.program.state.print.printMode = PrintMode::withAnswers;
+  w.program.state.print.printTotal = 40;
+  w.program.state.print.printedCount = 7;
+  w.look();
+  EXPECT_TRUE(bar->isVisible());
+  EXPECT_EQ(bar->maximum(), 40);
+  EXPECT_EQ(bar->value(), 7);
+}
+
+TEST(TheStatusLine, GivesItsPlaceToTheCanvasWhenItIsTakenAway) {
+  Line w;
+  w.look();
+  const int height = w.desktop.clientSize().height;
+  w.program.statusLineOff = true;
+  w.look();
+  w.look();
+  EXPECT_FALSE(w.line.isVisible());
+  EXPECT_GT(w.desktop.clientSize().height, height);
+  w.program.statusLineOff = false;
+  w.look();
+  w.look();
+  EXPECT_TRUE(w.line.isVisible());
+  EXPECT_EQ(w.desktop.clientSize().height, height);
+}
+
+TEST(TheLetterOfTheColourInHand, StandsOnItsSwatchWhileColoursAreMarked) {
+  Line w;
+  w.program.state.drawColor = kPalette[13];
+  w.look();
+  const auto letters = [&] {
+    QStringList words;
+    for (const QLabel* label : w.line.findChildren<QLabel*>()) words << label->text();
+    return words.join("");
+  };
+  EXPECT_EQ(letters(), "");
+  w.program.markColours = true;
+  w.look();
+  EXPECT_EQ(letters(), "E");
 }
 
 TEST(AWindowOnPaper, IsToldWithNameAndFolder) {

@@ -75,6 +75,10 @@ const std::array kRows = {
     Row{Item::showregions, ".x...."},
     Row{Item::undo, ".xx..."},
     Row{Item::redo, ".x...."},
+    Row{Item::markcolours, ".xxxxx", false, false, true},
+    Row{Item::statusline, "xxxxxx", true, false, true},
+    Row{Item::wholescreen, "xxxxxx", true, false, true},
+    Row{Item::showkeys, "xxxxxx", true, false, true},
 };
 
 bool colourPanel(const Program& p) {
@@ -257,7 +261,7 @@ class Fidget {
   /// Any item, and every second time one that leads on.
   Item item() {
     static constexpr std::array kOnward = {
-        Item::newmaze,    Item::cgenerate,       Item::solvemaze,    Item::create3d,   Item::create3dpipe,
+        Item::newmaze,    Item::cgenerate,       Item::solvemaze,    Item::solvemaze,  Item::create3d,   Item::create3dpipe,
         Item::createreg,  Item::mpdrawing,       Item::nrefresh,     Item::sandf,      Item::backtomaze,
         Item::rfinish,    Item::changewallsize,  Item::easymode,     Item::hardmode,   Item::backtodrawing,
         Item::stopfinish, Item::largestsolution, Item::editpatterns, Item::exitpattern};

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "menus/growth.h"
 #include "platform/headless/headless_desktop.h"
 #include "session/workshop.h"
 #include "state/program.h"
@@ -22,6 +23,8 @@ HeadlessDesktop::Turn HeadlessDesktop::expect(Program& program, const ScriptLine
     compare("the last message", lastMessage_, text());
   } else if (what == "notice") {
     compare("the last notice", program.notices.words(), text());
+  } else if (what == "status") {
+    compare("the status", statusWords(statusOf(program.state, {growthOfMaze(program), {}})), text());
   } else if (what == "pixel") {
     expectPixel(program);
   } else if (what == "pages") {

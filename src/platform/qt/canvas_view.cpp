@@ -5,8 +5,10 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include "platform/qt/key_codes.h"
 #include "platform/qt/screen_colour.h"
@@ -138,9 +140,10 @@ void CanvasView::paintEvent(QPaintEvent* event) {
   const QRect wanted = painter.worldTransform().inverted().mapRect(QRectF(event->rect())).toAlignedRect();
   const QRect part = wanted.adjusted(-1, -1, 1, 1) & canvas;
   painter.drawImage(part.topLeft(), picture_, part);
-  if (overlay_.isNull()) return;
   painter.drawImage(part.topLeft(), overlay_, part);
   painter.resetTransform();
+  paintEnds(painter);
+  if (overlay_.isNull()) return;
   paintOverlay(painter);
 }
 
@@ -148,6 +151,51 @@ void CanvasView::layOver(const Bitmap& colours, const QString& line) {
   overlay_ = layerOf(colours);
   line_ = line;
   update();
+}
+
+namespace {
+
+constexpr double kSmallestMark = 11;  // points: a shape in the smallest cells must still be told
+
+void drawRing(QPainter& painter, const QRectF& box) { painter.drawEllipse(box); }
+
+void drawCross(QPainter& painter, const QRectF& box) {
+  painter.drawLine(box.topLeft(), box.bottomRight());
+  painter.drawLine(box.topRight(), box.bottomLeft());
+}
+
+}  // namespace
+
+QRectF CanvasView::markOn(const QRect& square) const {
+  QRectF box = placeOf(square);
+  const QPointF centre = box.center();
+  box.setSize(box.size().expandedTo({kSmallestMark, kSmallestMark}));
+  box.moveCenter(centre);
+  return box;
+}
+
+void CanvasView::markEnds(const EndMarks& marks) {
+  if (marks == marks_) return;
+  for (const EndMarks& which : {marks_, marks}) {
+    for (const std::optional<QRect>& square : {which.start, which.finish}) {
+      if (square) update(markOn(*square).toAlignedRect().adjusted(-1, -1, 1, 1));
+    }
+  }
+  marks_ = marks;
+}
+
+/// Black on white, so that it stands out from any colour: a ring for the start, a cross for the finish.
+void CanvasView::paintEnds(QPainter& painter) const {
+  if (!marks_.start && !marks_.finish) return;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  for (const auto& [colour, width] : {std::pair{Qt::white, 4}, std::pair{Qt::black, 2}}) {
+    painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
+    if (marks_.start) drawRing(painter, markOn(*marks_.start).adjusted(2, 2, -2, -2));
+    if (marks_.finish) drawCross(painter, markOn(*marks_.finish).adjusted(2, 2, -2, -2));
+  }
+  painter.restore();
 }
 
 /// The line stands on a band along the foot of the Canvas.
@@ -181,8 +229,23 @@ void CanvasView::keyReleaseEvent(QKeyEvent* event) {
   QWidget::keyReleaseEvent(event);
 }
 
+namespace {
+
+/// A key that is pressed for the sake of the next one closes nothing: that would be heard then.
+bool isModifier(int key) {
+  constexpr std::array kModifiers = {Qt::Key_Shift,   Qt::Key_Control, Qt::Key_Alt,     Qt::Key_Meta,
+                                     Qt::Key_AltGr,   Qt::Key_Super_L, Qt::Key_Super_R, Qt::Key_CapsLock,
+                                     Qt::Key_NumLock, Qt::Key_Hyper_L, Qt::Key_Hyper_R};
+  return std::find(kModifiers.begin(), kModifiers.end(), key) != kModifiers.end();
+}
+
+}  // namespace
+
 void CanvasView::keyPressEvent(QKeyEvent* event) {
-  if (!overlay_.isNull()) return onDismiss();
+  if (!overlay_.isNull() || covered_) {
+    if (!isModifier(event->key())) onDismiss();
+    return;
+  }
   const auto code = keyCodeOf(event->key(), event->modifiers(), event->nativeScanCode());
   if (code && onKey) {
     onKey(*code, goOf(*event));

@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "canvas/canvas.h"
 #include "canvas/geometry.h"
@@ -17,6 +18,12 @@
 class QPainter;
 
 namespace gridwright {
+
+/// The squares that bear a shape, in Canvas pixels.
+struct EndMarks {
+  std::optional<QRect> start, finish;
+  friend bool operator==(const EndMarks&, const EndMarks&) = default;
+};
 
 class CanvasView : public QWidget {
  public:
@@ -46,6 +53,13 @@ class CanvasView : public QWidget {
   void layOver(const Bitmap& colours, const QString& line);
   std::function<void()> onDismiss;
 
+  /// Something of another widget lies over it: the next key is `onDismiss` and nothing else.
+  void cover(bool on) { covered_ = on; }
+
+  /// Lays shapes over both ends, on no plane of the Canvas.
+  void markEnds(const EndMarks& marks);
+  [[nodiscard]] const EndMarks& endMarks() const { return marks_; }
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] const QImage& overlay() const { return overlay_; }
   [[nodiscard]] const QImage& picture() const { return picture_; }
@@ -67,6 +81,11 @@ class CanvasView : public QWidget {
   void repaintStroke(const QRect& changed);
 
   void paintOverlay(QPainter& painter) const;
+  void paintEnds(QPainter& painter) const;
+  [[nodiscard]] QRectF markOn(const QRect& square) const;
+
+  EndMarks marks_;
+  bool covered_ = false;
 
   QImage overlay_;  // null for none
   QString line_;

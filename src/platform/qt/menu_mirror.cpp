@@ -6,7 +6,9 @@
 #include <algorithm>
 
 #include "platform/qt/key_tips.h"
+#include "platform/qt/panels.h"
 #include "session/input.h"
+#include "state/shortcuts.h"
 
 namespace gridwright {
 
@@ -21,17 +23,11 @@ constexpr std::array kMnemonics = {Mnemonic{Item::filet, 'F'},        Mnemonic{I
                                    Mnemonic{Item::mazemodes, 'S'},    Mnemonic{Item::patterns, 't'},
                                    Mnemonic{Item::help, 'I'}};
 
-struct Keys {
-  Item item;
-  const char* words;
-};
-constexpr std::array kKeys = {Keys{Item::openpicture, "Ctrl+O"}, Keys{Item::pastepicture, "Ctrl+V"},
-                              Keys{Item::workshop, "Ctrl+D"}, Keys{Item::undo, "Ctrl+Z"},
-                              Keys{Item::redo, "Ctrl+Shift+Z"}};
-
 /// Items that can bear a tick. They keep its place free, so that a menu does not shift when one moves.
 constexpr auto kMarkable = std::to_array<Item>({
     Item::whiteground,
+    Item::markcolours,
+    Item::statusline,
     Item::createreg,
     Item::create3d,
     Item::create3dpipe,
@@ -74,20 +70,45 @@ constexpr auto kMarkable = std::to_array<Item>({
 
 bool isMarkable(Item item) { return std::find(kMarkable.begin(), kMarkable.end(), item) != kMarkable.end(); }
 
+/// The titles have their letters from of old; they stand for good.
+std::size_t placeInTitle(Item title, const std::string& caption) {
+  const auto* mnemonic = std::find_if(kMnemonics.begin(), kMnemonics.end(),
+                                      [&](const Mnemonic& candidate) { return candidate.title == title; });
+  return mnemonic == kMnemonics.end() ? kNoMnemonic : caption.find(mnemonic->letter);
+}
+
+void markMenu(Item parent, const MenuModel& model, MnemonicPlaces& places) {
+  std::vector<Item> items;
+  std::vector<std::string> captions;
+  for (std::size_t row = 0; row < kItemCount; ++row) {
+    if (rowOf(itemAt(row)).parent != parent) continue;
+    items.push_back(itemAt(row));
+    captions.push_back(model.caption(itemAt(row)));
+  }
+  const std::vector<std::size_t> found = mnemonicPlaces(captions);
+  for (std::size_t i = 0; i < items.size(); ++i) places[static_cast<std::size_t>(items[i])] = found[i];
+}
+
+QString plain(std::string_view words) { return qString(words).replace("&", "&&"); }
+
 }  // namespace
 
-QString menuText(Item item, std::string_view caption) {
-  QString text = QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()));
-  const auto* mnemonic = std::find_if(kMnemonics.begin(), kMnemonics.end(),
-                                      [&](const Mnemonic& candidate) { return candidate.title == item; });
-  const qsizetype place = mnemonic == kMnemonics.end() ? -1 : text.indexOf(QLatin1Char(mnemonic->letter));
-  const qsizetype ampersands = place < 0 ? 0 : text.left(place).count('&');
-  text.replace("&", "&&");
-  if (place >= 0) text.insert(place + ampersands, '&');
-  const auto* keys =
-      std::find_if(kKeys.begin(), kKeys.end(), [&](const Keys& candidate) { return candidate.item == item; });
-  if (keys != kKeys.end()) text += QString("\t") + keys->words;
+QString menuText(std::string_view caption, std::size_t mnemonic, std::string_view keys) {
+  QString text = plain(caption);
+  if (mnemonic != kNoMnemonic) text = plain(caption.substr(0, mnemonic)) + "&" + plain(caption.substr(mnemonic));
+  if (!keys.empty()) text += "\t" + qString(keys);
   return text;
+}
+
+MnemonicPlaces mnemonicsOf(const MenuModel& model) {
+  MnemonicPlaces places;
+  places.fill(kNoMnemonic);
+  for (std::size_t row = 0; row < kItemCount; ++row) {
+    const Item item = itemAt(row);
+    if (rowOf(item).parent == Item::bar) places[row] = placeInTitle(item, model.caption(item));
+    if (hasChildren(item)) markMenu(item, model, places);
+  }
+  return places;
 }
 
 MenuMirror::MenuMirror(QMenuBar& bar, InputQueue& inputs) : inputs_(inputs) {
@@ -96,7 +117,7 @@ MenuMirror::MenuMirror(QMenuBar& bar, InputQueue& inputs) : inputs_(inputs) {
     const Item item = itemAt(row);
     const Item parent = rowOf(item).parent;
     QMenu* above = parent == Item::bar ? nullptr : menus[static_cast<std::size_t>(parent)];
-    const QString text = menuText(item, rowOf(item).caption);
+    const QString text = plain(rowOf(item).caption);
     if (hasChildren(item) || hasEntries(item)) {
       menus[row] = above == nullptr ? bar.addMenu(text) : above->addMenu(text);
       menus[row]->setToolTipsVisible(true);
@@ -129,28 +150,40 @@ void MenuMirror::listEntries(Item item, const std::vector<std::string>& entries)
   if (entries_[row] == entries && !menu->isEmpty()) return;
   entries_[row] = entries;
   menu->clear();
-  int place = 0;
-  for (const std::string& words : entries) {
-    QAction* action = menu->addAction(QString::fromStdString(words).replace("&", "&&"));
-    QObject::connect(action, &QAction::triggered, menu, [this, item, entry = place++] {
+  const std::vector<std::size_t> mnemonics = mnemonicPlaces(entries);
+  for (std::size_t place = 0; place < entries.size(); ++place) {
+    QAction* action = menu->addAction(menuText(entries[place], mnemonics[place], {}));
+    QObject::connect(action, &QAction::triggered, menu, [this, item, entry = static_cast<int>(place)] {
       inputs_.byPerson([item, entry](Program& program) { input::menuEntryClick(program, item, entry); });
     });
   }
   if (entries.empty()) menu->addAction("nothing yet")->setEnabled(false);
 }
 
+/// Marks depend on captions alone, and those seldom change.
+void MenuMirror::markAnew(const MenuModel& model) {
+  bool same = true;
+  for (std::size_t row = 0; row < kItemCount; ++row) {
+    if (captions_[row] == model.caption(itemAt(row))) continue;
+    captions_[row] = model.caption(itemAt(row));
+    same = false;
+  }
+  if (!same) mnemonics_ = mnemonicsOf(model);
+}
+
 void MenuMirror::mirror(const MenuModel& model) {
   if (shown_ == model.revision()) return;
   shown_ = model.revision();
+  markAnew(model);
   for (std::size_t row = 0; row < kItemCount; ++row) {
     const Item item = itemAt(row);
     QAction& action = *actions_[row];
-    const QString text = menuText(item, model.caption(item));
+    const QString text = menuText(model.caption(item), mnemonics_[row], keysOfItem(model, item));
     if (action.text() != text) action.setText(text);
     const QString tip = QString::fromStdString(model.tip(item));
     if (action.statusTip() != tip) {
       action.setStatusTip(tip);
-      action.setToolTip(tip.isEmpty() ? text : tip);
+      action.setToolTip(tip.isEmpty() ? qString(model.caption(item)) : tip);
     }
     marked_[row] = model.checked(item);
     if (marked_[row]) action.setCheckable(true);

@@ -18,6 +18,7 @@
 #include "platform/shared/image_files.h"
 #include "session/input.h"
 #include "session/remembered.h"
+#include "state/shortcuts.h"
 
 namespace gridwright {
 
@@ -33,10 +34,6 @@ constexpr int kPassedOverForOne = 8;  // pumps that are left out take less time 
 constexpr auto kMaximiseTime = 200ms;
 constexpr std::string_view kPlace = "window";
 
-QString placeOf(const ProgramState& s, const Square& square) {
-  return qString(placeWords(cellsOf(s, square)));
-}
-
 }  // namespace
 
 QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
@@ -47,7 +44,8 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
       ink_(contentFolderOfProgram() / "stamps"),
       workshop_(new WorkshopPanel(&window_.view(), inputs_, ink_)),
       pageFrame_(new PanelFrame(&window_.view())),
-      pageSetup_(new PageSetupPage(pageFrame_)) {
+      pageSetup_(new PageSetupPage(pageFrame_)),
+      keysPage_(new KeysPage(&window_.view())) {
   controls_.setHolder(workshop_, workshop_->first());
   listenToArrivals();
   listenToPages();
@@ -64,6 +62,7 @@ void QtDesktop::listenToWindow() {
     controls_.place();
     workshop_->setGeometry(window_.view().rect());
     placePageFrame();
+    keysPage_->setGeometry(window_.view().rect());
   };
   window_.view().onKey = [this](int code, KeyGo go) {
     inputs_.byPerson([code, go](Program& program) { input::keyDown(program, code, go); });
@@ -71,12 +70,29 @@ void QtDesktop::listenToWindow() {
   window_.view().onMouse = [this](int button) {
     inputs_.byPerson([button](Program& program) { input::mouseDown(program, button); });
   };
+  window_.onShortcut = [this](std::string_view keys) { shortcut(keys); };
+  window_.view().onDismiss = [this] {
+    inputs_.byPerson([](Program& program) { input::viewDismissed(program); });
+  };
+  keysPage_->onDismiss = window_.view().onDismiss;
   window_.statusLine().onOpen = [this](const std::filesystem::path& file) {
     if (openElsewhere(file)) return;
     inputs_.byPerson([file](Program& program) {
       program.notices.tell("no program on this desktop opens " + file.filename().string());
     });
   };
+}
+
+/// What is pasted, and the whole screen, have no need of the menus: their keys are heard at the title too.
+void QtDesktop::shortcut(std::string_view keys) {
+  inputs_.byPerson([keys](Program& program) {
+    const std::optional<Item> item = itemOfKeys(program.menus, keys);
+    if (!item) return;
+    if (item == Item::pastepicture) return input::pasteAsked(program);
+    const bool atTitle = program.state.phase == Phase::title;
+    if (item == Item::wholescreen && atTitle) return program.platform.switchWholeScreen();
+    input::menuClick(program, *item);
+  });
 }
 
 // A message box has a loop of its own, which must not hold up the end.
@@ -121,7 +137,7 @@ bool QtDesktop::isDue(Program& program) {
   if (program.menus.revision() != menus_.shown() || program.controls.revision() != controls_.shown())
     return true;
   if (workshop_->isBehind(program) || program.regions.revision != regionsShown_) return true;
-  if (program.pages.revision != pagesShown_) return true;
+  if (program.pages.revision != pagesShown_ || program.keys.revision != keysShown_) return true;
   if (program.canvas.isDirty() && showCanvas(program)) return true;
   return --passesLeft_ <= 0 && clockSaysDue();
 }
@@ -158,6 +174,8 @@ void QtDesktop::bringInLine(Program& program) {
   mirrorRegions(program);
   waitForAutosave(program);
   mirrorPages(program);
+  mirrorKeys(program);
+  mirrorMarks(program);
   showCanvas(program);
 }
 
@@ -171,16 +189,13 @@ void QtDesktop::waitForAutosave(const Program& program) {
   sheetSeen_ = sheetIs;
 }
 
-/// Tells a screen reader what the picture is about. Only a program that waits for a person is described:
-/// a walker at work stands somewhere else before a word is spoken.
+/// Tells a screen reader what the picture is about, in the words of the status line without what is counted.
+/// Only a program that waits for a person is described: a walker at work stands somewhere else before a word is
+/// spoken.
 void QtDesktop::describe(const Program& program) {
-  const ProgramState& s = program.state;
   QString words = qString(program.controls.caption());
-  if (s.phase == Phase::placing) {
-    words += "; start in " + placeOf(s, s.start) + "; finish in " + placeOf(s, s.finish);
-  } else if (s.phase != Phase::title) {
-    words += "; square in " + placeOf(s, s.cur);
-  }
+  const std::string status = statusWords(statusOf(program.state));
+  if (!status.empty()) words += "; " + qString(status);
   if (window_.view().accessibleDescription() != words) window_.view().setAccessibleDescription(words);
 }
 
@@ -208,7 +223,7 @@ bool QtDesktop::reportSize(Program& program) {
 
 WindowState QtDesktop::windowState() {
   if (window_.isMinimized()) return WindowState::minimised;
-  return window_.isMaximized() ? WindowState::maximised : WindowState::normal;
+  return window_.isMaximized() || window_.isFullScreen() ? WindowState::maximised : WindowState::normal;
 }
 
 std::filesystem::path QtDesktop::contentFolder() { return contentFolderOfProgram(); }
@@ -224,6 +239,7 @@ void QtDesktop::setNormalPlace(const WindowPlace& place) {
   const bool onAScreen = std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
     return screen->availableGeometry().contains(wanted);
   });
+  if (window_.isFullScreen()) return;  // a person wants the screen for it
   if (wanted.isEmpty() || !onAScreen || wanted == window_.normalGeometry()) return;
   // The window manager knows only the place that a window has had while it was normal.
   if (windowState() != WindowState::normal) waitForNewSize([this] { window_.showNormal(); });
@@ -271,6 +287,11 @@ Outcome<PagesWent> QtDesktop::endOfPages() {
 
 void QtDesktop::setWindowState(WindowState state) {
   if (state == windowState()) return;
+  const Qt::WindowStates now = window_.windowState();
+  if (state != WindowState::minimised && now.testFlag(Qt::WindowFullScreen)) {
+    window_.setWindowState(now & ~Qt::WindowMinimized);  // back on the whole screen, where it was
+    return;
+  }
   switch (state) {
     case WindowState::minimised:
       window_.showMinimized();
@@ -286,7 +307,7 @@ void QtDesktop::setWindowState(WindowState state) {
 
 Size QtDesktop::maximise() {
   if (windowState() == WindowState::maximised) return clientSize();
-  waitForNewSize([this] { window_.showMaximized(); });
+  waitForNewSize([this] { setWindowState(WindowState::maximised); });
   return clientSize();
 }
 

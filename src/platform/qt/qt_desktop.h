@@ -14,6 +14,7 @@
 #include "platform/pictures/qt_ink.h"
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/input_queue.h"
+#include "platform/qt/keys_page.h"
 #include "platform/qt/memory.h"
 #include "platform/qt/menu_mirror.h"
 #include "platform/qt/page_setup_page.h"
@@ -41,6 +42,7 @@ class QtDesktop : public Platform {
   void setNormalPlace(const WindowPlace& place) override;
   void setWindowState(WindowState state) override;
   Size maximise() override;
+  void switchWholeScreen() override { window_.switchWholeScreen(); }
   void raise() override;
   void messageBox(std::string_view text) override;
   void workBeside(Program& program, Work work) override;
@@ -93,6 +95,7 @@ class QtDesktop : public Platform {
   [[nodiscard]] WorkshopPanel& workshop() const { return *workshop_; }
   [[nodiscard]] const PreparePage& preparePage() const { return workshop_->preparePage(); }
   [[nodiscard]] const PageSetupPage& pageSetup() const { return *pageSetup_; }
+  [[nodiscard]] const KeysPage& keysPage() const { return *keysPage_; }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -116,6 +119,9 @@ class QtDesktop : public Platform {
   void mirrorPages(const Program& program);
   void placePageFrame();
   void askForPaper();
+  void mirrorKeys(const Program& program);
+  void mirrorMarks(const Program& program);
+  void shortcut(std::string_view keys);
 
   InputQueue inputs_;
   Window window_;
@@ -126,7 +132,8 @@ class QtDesktop : public Platform {
   WorkshopPanel* workshop_;
   PanelFrame* pageFrame_;
   PageSetupPage* pageSetup_;
-  std::uint64_t regionsShown_ = 0, pagesShown_ = 0;
+  KeysPage* keysPage_;
+  std::uint64_t regionsShown_ = 0, pagesShown_ = 0, keysShown_ = 0;
   LeptonicaWork pictureWork_;
   std::unique_ptr<WorkThread> beside_;  // begun with the first work
   std::unique_ptr<Memory> memory_;      // null while nothing is remembered
@@ -138,6 +145,7 @@ class QtDesktop : public Platform {
   bool closing_ = false;
   bool attended_ = true;  // somebody reads messages
 
+  bool lettersShown_ = false;
   Size reportedSize_;
   bool wasMinimised_ = false;
 

@@ -12,7 +12,9 @@
 
 #include "platform/pictures/read_picture.h"
 #include "platform/qt/qt_desktop.h"
+#include "platform/qt/swatch_button.h"
 #include "session/input.h"
+#include "state/grid.h"
 
 namespace gridwright {
 
@@ -20,6 +22,14 @@ namespace {
 
 constexpr auto kFilter =
     "Pictures and drawings (*.png *.jpg *.jpeg *.gif *.svg *.webp *.tif *.tiff *.bmp *.maze);;All files (*)";
+std::vector<SwatchButton*> swatchesOn(const QWidget& window) {
+  std::vector<SwatchButton*> swatches;
+  for (auto* button : window.findChildren<QAbstractButton*>()) {
+    if (auto* swatch = dynamic_cast<SwatchButton*>(button)) swatches.push_back(swatch);
+  }
+  return swatches;
+}
+
 constexpr auto kNothingToPaste = "there is no picture to paste";
 
 }  // namespace
@@ -28,16 +38,6 @@ void QtDesktop::listenToArrivals() {
   window_.onDrop = [this](const std::vector<std::filesystem::path>& files) {
     if (files.empty()) return inputs_.byPerson(input::nothingBrought);
     bring(files);
-  };
-  window_.onPaste = [this] { inputs_.byPerson(input::pasteAsked); };
-  window_.onOpen = [this] {
-    inputs_.byPerson([](Program& program) { input::menuClick(program, Item::openpicture); });
-  };
-  window_.onItem = [this](Item item) {
-    inputs_.byPerson([item](Program& program) { input::menuClick(program, item); });
-  };
-  window_.view().onDismiss = [this] {
-    inputs_.byPerson([](Program& program) { input::viewDismissed(program); });
   };
 }
 
@@ -56,10 +56,41 @@ void QtDesktop::mirrorWorkshop(Program& program) {
   controls_.keepFocus(program.controls);
 }
 
+void QtDesktop::mirrorKeys(const Program& program) {
+  if (keysShown_ == program.keys.revision) return;
+  keysShown_ = program.keys.revision;
+  keysPage_->setGeometry(window_.view().rect());
+  keysPage_->show(program.keys);
+  window_.view().cover(program.keys.shown);
+}
+
 void QtDesktop::mirrorRegions(const Program& program) {
   if (regionsShown_ == program.regions.revision) return;
   regionsShown_ = program.regions.revision;
   window_.view().layOver(program.regions.colours, qString(program.regions.line));
+}
+
+namespace {
+
+/// A square that shows in its colour. While a maze grows the ends are not laid yet, and a search takes the
+/// finish off.
+std::optional<QRect> endSeen(const Program& program, const Square& square, Colour colour) {
+  if (!isPlaced(square) || program.canvas.shownPoint(square.left, square.top) != colour) return std::nullopt;
+  return QRect(QPoint(square.left, square.top), QPoint(square.right, square.bottom));
+}
+
+}  // namespace
+
+void QtDesktop::mirrorMarks(const Program& program) {
+  const ProgramState& s = program.state;
+  EndMarks marks;
+  if (program.markColours && s.phase >= Phase::placing) {
+    marks = {endSeen(program, s.start, s.startColor), endSeen(program, s.finish, s.finishColor)};
+  }
+  window_.view().markEnds(marks);
+  if (lettersShown_ == program.markColours) return;
+  lettersShown_ = program.markColours;
+  for (SwatchButton* swatch : swatchesOn(window_)) swatch->setMarked(lettersShown_);
 }
 
 // The thread wakes up the loop, which looks for the outcome when Qt has come back.

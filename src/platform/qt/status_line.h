@@ -1,6 +1,6 @@
 // The line under the Canvas. On its left what the program tells in passing, each notice for eight
 // seconds or until the next; on its right what a person has in hand. At the title both are empty, and
-// the line keeps its place, so that the Canvas has one size in all phases.
+// the line keeps its place, so that the Canvas has one size in all phases. A person can take it away.
 #pragma once
 
 #include <QLabel>
@@ -10,7 +10,10 @@
 #include <functional>
 
 #include "menus/status_words.h"
+#include "platform/qt/status_meter.h"
 #include "state/program.h"
+
+class QProgressBar;
 
 namespace gridwright {
 
@@ -49,24 +52,31 @@ class StatusLine : public QWidget {
   /// Brings both sides in line with the program, if anything has changed since.
   void mirror(const Program& program);
 
+  [[nodiscard]] const StatusMeter& meter() const { return meter_; }
   [[nodiscard]] QString notice() const { return notice_->words(); }
   [[nodiscard]] QString status() const { return status_->words(); }
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void fixHeight();
   void showNotice(const Notices& notices);
   void dropNotice();
-  void showStatus(const Status& status);
+  void showStatus(const Status& status, bool letters);
+  void shareRoom();
 
   ElidedLabel* notice_;
   QLabel* swatch_;
+  QProgressBar* run_;
   ElidedLabel* status_;
   QTimer noticeTime_{this};
   std::uint64_t told_ = 0;
   Status shown_;
+  bool lettersShown_ = false;
+  StatusMeter meter_;
+  QTimer meterTime_{this};
 };
 
 }  // namespace gridwright

@@ -20,12 +20,24 @@ constexpr int kPlainSide = 56;
 SwatchButton::SwatchButton(int i, QWidget* parent) : QAbstractButton(parent) {
   const Colour colour = kPalette.at(static_cast<std::size_t>(i));
   colour_ = QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255);
+  letter_ = QLatin1Char(kPaletteLetters[static_cast<std::size_t>(i)]);
   setCheckable(true);
   setAccessibleDescription(kPaletteNames.at(static_cast<std::size_t>(i)));
   setToolTip(kPaletteNames.at(static_cast<std::size_t>(i)));
   connect(this, &QAbstractButton::clicked, this, [this] {
     if (onPress) onPress(Qt::LeftButton);
   });
+}
+
+void SwatchButton::setMarked(bool on) {
+  if (marked_ == on) return;
+  marked_ = on;
+  update();
+}
+
+QColor inkOn(const QColor& ground) {
+  constexpr int kMiddle = 128;
+  return qGray(ground.rgb()) < kMiddle ? Qt::white : Qt::black;
 }
 
 // As wide as the longest caption, so that the sixteen stay in line whatever their captions become.
@@ -56,6 +68,14 @@ void SwatchButton::paintEvent(QPaintEvent* /*event*/) {
   tick.rect = QRect(box.left() + kMargin, box.top() + kMargin, side, side);
   style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &tick, &painter, this);
 
+  if (marked_) {
+    QFont face = font();
+    face.setBold(true);
+    painter.setFont(face);
+    painter.setPen(inkOn(colour_));
+    painter.drawText(box.adjusted(kMargin, kMargin, -kMargin, -kMargin), Qt::AlignTop | Qt::AlignRight, letter_);
+    painter.setFont(font());
+  }
   if (text().isEmpty()) return;
   const int height = fontMetrics().height() + 2;
   const QRect plate(box.left() + kMargin, box.bottom() - kMargin - height, box.width() - 2 * kMargin, height);

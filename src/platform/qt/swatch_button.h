@@ -14,6 +14,9 @@ class SwatchButton : public QAbstractButton {
 
   std::function<void(Qt::MouseButton)> onPress;
 
+  /// Shows its letter beside the tick, or not.
+  void setMarked(bool on);
+
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
@@ -23,6 +26,11 @@ class SwatchButton : public QAbstractButton {
 
  private:
   QColor colour_;
+  QChar letter_;
+  bool marked_ = false;
 };
+
+/// Black or white, whichever is read better on a colour.
+QColor inkOn(const QColor& ground);
 
 }  // namespace gridwright

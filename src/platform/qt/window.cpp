@@ -10,6 +10,10 @@
 #include <QShortcut>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <set>
+
+#include "platform/qt/panels.h"
+#include "state/shortcuts.h"
 
 namespace gridwright {
 
@@ -31,19 +35,30 @@ Window::Window()
   menuBar()->setNativeMenuBar(false);
   menuBar()->setContextMenuPolicy(Qt::PreventContextMenu);
   connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this, [this] { openFirstMenu(); });
-  connect(new QShortcut(QKeySequence::Paste, this), &QShortcut::activated, this, [this] { onPaste(); });
-  connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, [this] { onOpen(); });
-  connect(new QShortcut(QKeySequence("Ctrl+D"), this), &QShortcut::activated, this,
-          [this] { onItem(Item::workshop); });
-  connect(new QShortcut(QKeySequence("Ctrl+Z"), this), &QShortcut::activated, this,
-          [this] { onItem(Item::undo); });
-  for (const char* keys : {"Ctrl+Shift+Z", "Ctrl+Y"}) {
-    connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this,
-            [this] { onItem(Item::redo); });
-  }
+  listenToShortcuts();
   setAcceptDrops(true);
   setMinimumSize(640, 480);
 }
+
+// The standard keys for pasting and opening are more than the ones that the menu shows.
+void Window::listenToShortcuts() {
+  const auto listen = [this](const QKeySequence& pressed, std::string_view keys) {
+    connect(new QShortcut(pressed, this), &QShortcut::activated, this, [this, keys] { onShortcut(keys); });
+  };
+  std::set<std::string_view> heard;
+  for (const Shortcut& shortcut : kShortcuts) {
+    if (!heard.insert(shortcut.keys).second) continue;
+    const QKeySequence written(qString(shortcut.keys));
+    QList<QKeySequence> all = {written};
+    for (const auto standard : {QKeySequence::Paste, QKeySequence::Open}) {
+      const QList<QKeySequence> known = QKeySequence::keyBindings(standard);
+      if (known.contains(written)) all = known;
+    }
+    for (const QKeySequence& keys : all) listen(keys, shortcut.keys);
+  }
+}
+
+void Window::switchWholeScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
 
 void Window::open() {
   const QSize client = view_->sizeHint();

@@ -4,12 +4,12 @@
 #include <QMainWindow>
 #include <filesystem>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 #include "platform/qt/canvas_view.h"
 #include "platform/qt/run_cancel.h"
 #include "platform/qt/status_line.h"
-#include "state/menu_tree.h"
 
 class QMimeData;
 
@@ -23,12 +23,14 @@ class Window : public QMainWindow {
 
   /// Files of this computer were dropped on the window; none when what was dropped is no such file.
   std::function<void(std::vector<std::filesystem::path>)> onDrop;
-  std::function<void()> onPaste;     ///< The keys that paste, while no text box has them.
-  std::function<void()> onOpen;      ///< The keys that open a file.
-  std::function<void(Item)> onItem;  ///< The keys of another item, while no text box has them.
+  /// Keys of the menus, as the table of them writes them, while no text box has them.
+  std::function<void(std::string_view keys)> onShortcut;
 
   /// Shows the window with room for the smallest Canvas; its menus must stand already.
   void open();
+
+  /// Covers the whole screen, or goes back to what it was, maximised or not.
+  void switchWholeScreen();
 
   [[nodiscard]] CanvasView& view() const { return *view_; }
   [[nodiscard]] StatusLine& statusLine() const { return *statusLine_; }
@@ -41,6 +43,7 @@ class Window : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void listenToShortcuts();
   void openFirstMenu();
 
   QWidget* inside_;
