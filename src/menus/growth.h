@@ -6,8 +6,8 @@
 
 namespace gridwright {
 
-/// Every cell of the present kind's grid that holds a corridor, and every one that is free. Reads one pixel of
-/// a cell that is carved, and those of a free one.
+/// Every cell of the present kind's grid that holds a corridor, and every one that is free. Reads one pixel
+/// of a cell that is carved, and those of a free one.
 Growth growthOf(const Program& program);
 
 /// The same of the maze in hand: what counted as carved before it was begun is not of it.

@@ -19,7 +19,8 @@ void yield(Program& program, Pace pace) {
   pumpOnce(program, pace);
   while (program.keys.shown) {
     pumpOnce(program, Pace::idle);
-    if (program.state.panelOpen) hideKeys(program);  // what arrived from beside the program has the window now
+    if (program.state.panelOpen)
+      hideKeys(program);  // what arrived from beside the program has the window now
   }
 }
 

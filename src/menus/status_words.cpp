@@ -103,9 +103,9 @@ std::string joined(std::initializer_list<std::string> parts, const char* between
 std::string growthWords(const Status& status) {
   const std::string time = status.seconds ? timeWords(*status.seconds) : "";
   if (!status.growth) return time;
-  return joined({many(status.growth->carved, "cell") + " carved",
-                 std::to_string(status.growth->left) + " left", time},
-                ", ");
+  return joined(
+      {many(status.growth->carved, "cell") + " carved", std::to_string(status.growth->left) + " left", time},
+      ", ");
 }
 
 std::string stepsWords(const Status& status) {

@@ -246,7 +246,7 @@ struct SessionState {
   bool resumeMaze = false;     ///< The walker goes on from its resume square.
   bool tightForPipes = false;  ///< Fewer than three free cells at pipe pitch.
   int carvedBefore = 0;        ///< Cells that counted as carved before the walker began the present maze.
-  int begun = 0;               ///< Grows whenever carving or solving begins anew, so that its time is taken anew.
+  int begun = 0;  ///< Grows whenever carving or solving begins anew, so that its time is taken anew.
 };
 
 /// At the top stands what several rooms share, with who they are; every command and the roof see all of it.

@@ -213,7 +213,8 @@ TEST(AScreenReader, HearsWhereBothEndsArePlaced) {
   session.program.state.phase = Phase::placing;
   session.program.state.start = {10, 10, 19, 19};
   session.program.state.finish = {40, 30, 49, 39};
-  EXPECT_EQ(description(session), "placing; start and finish, walls 10; start at column 1, row 1; finish at column 4, row 3");
+  EXPECT_EQ(description(session),
+            "placing; start and finish, walls 10; start at column 1, row 1; finish at column 4, row 3");
 }
 
 /// What the message box says that comes up meanwhile; it is read and closed.
@@ -322,7 +323,8 @@ TEST(KeysWithCtrlOrAlt, NeverReachThePhaseThatKnowsThemPlain) {
   Working w;
   const Square cur = w.program.state.cur;
   for (const Qt::KeyboardModifier with : {Qt::ControlModifier, Qt::AltModifier}) {
-    for (const Qt::Key key : {Qt::Key_Slash, Qt::Key_D, Qt::Key_H, Qt::Key_Right, Qt::Key_X}) w.press(key, with);
+    for (const Qt::Key key : {Qt::Key_Slash, Qt::Key_D, Qt::Key_H, Qt::Key_Right, Qt::Key_X})
+      w.press(key, with);
     EXPECT_EQ(w.program.state.cur, cur);
     EXPECT_FALSE(w.program.state.drawingOff);
   }

@@ -133,8 +133,7 @@ TEST(LettersThatAreTaken, ArePassedOnAsLongAsThereIsAnother) {
   EXPECT_EQ(captions[0][places[0]], 'c');
   EXPECT_EQ(captions[1][places[1]], 'b');
   EXPECT_EQ(captions[2][places[2]], 'a');
-  EXPECT_EQ(mnemonicPlaces({"a", "A", "é…"}),
-            (std::vector<std::size_t>{0, kNoMnemonic, kNoMnemonic}));
+  EXPECT_EQ(mnemonicPlaces({"a", "A", "é…"}), (std::vector<std::size_t>{0, kNoMnemonic, kNoMnemonic}));
   EXPECT_EQ(mnemonicPlaces({"ox", "big one"}), (std::vector<std::size_t>{0, 0})) << "words' first letters";
 }
 

@@ -124,8 +124,9 @@ std::uint64_t lookOf(const World& w) {
     look = look * 1099511628211U + static_cast<std::uint64_t>(field.read(w.program));
   for (const std::int64_t value :
        {std::int64_t{s.startColor}, std::int64_t{s.finishColor}, std::int64_t{s.stepCode},
-        std::int64_t{s.patternDirection}, static_cast<std::int64_t>(s.walkMode), std::int64_t{s.solver.probeX},
-        static_cast<std::int64_t>(s.creationMode), std::int64_t{s.drawColor}, std::int64_t{s.mazeColor}}) {
+        std::int64_t{s.patternDirection}, static_cast<std::int64_t>(s.walkMode),
+        std::int64_t{s.solver.probeX}, static_cast<std::int64_t>(s.creationMode), std::int64_t{s.drawColor},
+        std::int64_t{s.mazeColor}}) {
     look = look * 1099511628211U + static_cast<std::uint64_t>(value);
   }
   return look;

@@ -261,10 +261,10 @@ class Fidget {
   /// Any item, and every second time one that leads on.
   Item item() {
     static constexpr std::array kOnward = {
-        Item::newmaze,    Item::cgenerate,       Item::solvemaze,    Item::solvemaze,  Item::create3d,   Item::create3dpipe,
-        Item::createreg,  Item::mpdrawing,       Item::nrefresh,     Item::sandf,      Item::backtomaze,
-        Item::rfinish,    Item::changewallsize,  Item::easymode,     Item::hardmode,   Item::backtodrawing,
-        Item::stopfinish, Item::largestsolution, Item::editpatterns, Item::exitpattern};
+        Item::newmaze,       Item::cgenerate,  Item::solvemaze,       Item::solvemaze,    Item::create3d,
+        Item::create3dpipe,  Item::createreg,  Item::mpdrawing,       Item::nrefresh,     Item::sandf,
+        Item::backtomaze,    Item::rfinish,    Item::changewallsize,  Item::easymode,     Item::hardmode,
+        Item::backtodrawing, Item::stopfinish, Item::largestsolution, Item::editpatterns, Item::exitpattern};
     if (below(2) == 0) return itemAt(static_cast<std::size_t>(below(static_cast<int>(kItemCount))));
     return kOnward[static_cast<std::size_t>(below(static_cast<int>(kOnward.size())))];
   }

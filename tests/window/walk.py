@@ -155,7 +155,7 @@ class Walk:
         self.canvas = until(outline, "the square's outline is drawn")
         shot = self.desktop.quietShot()
         expect(shot.holds(YELLOW, *self.status(shot)), "the status line shows the colour in hand")
-        expect(self.isEmpty(shot, self.notice(shot)), "nothing was told yet")
+        expect(not self.isEmpty(shot, self.notice(shot)), "the line says how the keys are shown")
 
     def tips(self):
         """Each menu is a window, and so is a tip."""

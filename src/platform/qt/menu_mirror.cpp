@@ -95,7 +95,8 @@ QString plain(std::string_view words) { return qString(words).replace("&", "&&")
 
 QString menuText(std::string_view caption, std::size_t mnemonic, std::string_view keys) {
   QString text = plain(caption);
-  if (mnemonic != kNoMnemonic) text = plain(caption.substr(0, mnemonic)) + "&" + plain(caption.substr(mnemonic));
+  if (mnemonic != kNoMnemonic)
+    text = plain(caption.substr(0, mnemonic)) + "&" + plain(caption.substr(mnemonic));
   if (!keys.empty()) text += "\t" + qString(keys);
   return text;
 }

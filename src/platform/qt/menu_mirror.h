@@ -45,13 +45,13 @@ class MenuMirror {
   std::array<QAction*, kItemCount> actions_{};
   std::array<bool, kItemCount> marked_{};
   std::array<std::vector<std::string>, kItemCount> entries_;  // as they are shown
-  std::array<std::string, kItemCount> captions_;               // that the letters were found for
+  std::array<std::string, kItemCount> captions_;              // that the letters were found for
   MnemonicPlaces mnemonics_{};
   std::uint64_t shown_ = 0;
 };
 
-/// What Qt is told so that a person reads the caption: ampersands doubled, one put before the letter that opens
-/// it, and behind the caption the keys that do the same; none where they are empty.
+/// What Qt is told so that a person reads the caption: ampersands doubled, one put before the letter that
+/// opens it, and behind the caption the keys that do the same; none where they are empty.
 QString menuText(std::string_view caption, std::size_t mnemonic, std::string_view keys);
 
 }  // namespace gridwright

@@ -190,8 +190,8 @@ void QtDesktop::waitForAutosave(const Program& program) {
 }
 
 /// Tells a screen reader what the picture is about, in the words of the status line without what is counted.
-/// Only a program that waits for a person is described: a walker at work stands somewhere else before a word is
-/// spoken.
+/// Only a program that waits for a person is described: a walker at work stands somewhere else before a word
+/// is spoken.
 void QtDesktop::describe(const Program& program) {
   QString words = qString(program.controls.caption());
   const std::string status = statusWords(statusOf(program.state));

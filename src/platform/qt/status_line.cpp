@@ -15,10 +15,10 @@ namespace gridwright {
 
 namespace {
 
-constexpr int kSide = 6;  // free at both ends of the line,
-constexpr int kEdge = 3;  // above and below,
+constexpr int kSide = 6;      // free at both ends of the line,
+constexpr int kEdge = 3;      // above and below,
 constexpr int kBarLines = 4;  // a bar is so many times as wide as high
-constexpr int kGap = 12;  // and between notice and status
+constexpr int kGap = 12;      // and between notice and status
 
 QLabel* swatchIn(QWidget* parent) {
   auto* swatch = new QLabel(parent);
@@ -122,8 +122,7 @@ void StatusLine::changeEvent(QEvent* event) {
 void StatusLine::mirror(const Program& program) {
   if (isHidden() != program.statusLineOff) setVisible(!program.statusLineOff);
   const bool seen = isVisible() && !window()->isMinimized();
-  const Status status =
-      statusOf(program.state, meter_.look(program, seen, StatusMeter::Clock::now()));
+  const Status status = statusOf(program.state, meter_.look(program, seen, StatusMeter::Clock::now()));
   if (meter_.isRunning() && seen && !meterTime_.isActive()) meterTime_.start(StatusMeter::kBetweenCounts);
   const bool atTitle = status.tells == Status::Tells::nothing;
   if (atTitle && noticeTime_.isActive()) dropNotice();

@@ -1,5 +1,5 @@
-// What the status line tells and the record does not hold: how far a maze has grown, counted over the grid, and
-// how long it takes.
+// What the status line tells and the record does not hold: how far a maze has grown, counted over the grid,
+// and how long it takes.
 #pragma once
 
 #include <chrono>

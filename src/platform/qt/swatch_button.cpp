@@ -73,7 +73,8 @@ void SwatchButton::paintEvent(QPaintEvent* /*event*/) {
     face.setBold(true);
     painter.setFont(face);
     painter.setPen(inkOn(colour_));
-    painter.drawText(box.adjusted(kMargin, kMargin, -kMargin, -kMargin), Qt::AlignTop | Qt::AlignRight, letter_);
+    painter.drawText(box.adjusted(kMargin, kMargin, -kMargin, -kMargin), Qt::AlignTop | Qt::AlignRight,
+                     letter_);
     painter.setFont(font());
   }
   if (text().isEmpty()) return;
