@@ -103,6 +103,7 @@ TEST(APictureLargerThanTheCanvas, IsToldToBeCut) {
   wide.import("cat");
   EXPECT_EQ(wide.program.notices.words(), "the picture is 301x20; the Canvas takes 300x20 of it");
   Importing fitting;
+  fitting.program.keysHintTold = true;
   fitting.temp.put("cat.bmp", fileOf(motley(300, 200, 16), {4}));
   fitting.import("cat");
   EXPECT_EQ(fitting.program.notices.revision(), 0U);
@@ -111,6 +112,7 @@ TEST(APictureLargerThanTheCanvas, IsToldToBeCut) {
 /// What is told of an import of `typed`, with this file in the folder.
 std::string toldOf(const std::string& typed, const std::string& file, const std::string& bytes) {
   Importing i;
+  i.program.keysHintTold = true;
   i.temp.put(file, bytes);
   i.import(typed);
   expectRefused(i);

@@ -102,6 +102,7 @@ TEST(ASaveOverADrawing, KeepsTheOneBeforeAndSaysSo) {
   TempFolder temp;
   DiskSession s(temp.path(), drawing({"......", "......", "......", "......"}));
   s.draw();
+  s.look([](Program& p) { p.notices.tell(""); });
   s.save("cat");
   std::string record;
   std::string bitmap;
