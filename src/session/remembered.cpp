@@ -61,7 +61,8 @@ void recallSettings(Program& program) {
   }
   listArrivals(program);
   program.statusLineOff = recalled(program, kStatusLine) == kOff;
-  program.keysTold = recalled(program, kKeysTold) == kOn;
+  program.menus.setChecked(Item::statusline, !program.statusLineOff);
+  program.keysHintTold = recalled(program, kKeysTold) == kOn;
   program.workshop.firstTool = toolOf(recalled(program, kTool));
   const std::string font = recalled(program, kFont);
   if (!font.empty()) program.workshop.words.font = font;
@@ -83,7 +84,7 @@ void rememberSettings(Program& program) {
     put(program, key, std::string(isSet ? word : ""));
   };
   tick(kStatusLine, program.statusLineOff, kOff);
-  tick(kKeysTold, program.keysTold, kOn);
+  tick(kKeysTold, program.keysHintTold, kOn);
   tick(kWhiteGround, program.state.print.whiteGround, kOn);
   const ToolSettings& tool = toolInHand(program.workshop);
   put(program, kTool, tool == ToolSettings{} ? "" : wordsOf(tool));

@@ -79,8 +79,6 @@ struct Program {
   std::vector<std::filesystem::path> recent;  ///< Opened from anywhere, the last first, at most ten.
   std::function<void(Program&)> whenDrawing;  ///< Waits for the stage of drawing, which runs it once.
 
-  bool statusLineOff = false;  ///< A person wants no line under the picture.
-  bool keysTold = false;       ///< It was said once which key shows the keys.
   /// What the desktop remembers, as far as it was asked or told; see session/remembered.h.
   std::map<std::string, std::string, std::less<>> remembered;
 

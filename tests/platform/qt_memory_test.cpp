@@ -86,7 +86,7 @@ TEST(TheWindow, RemembersWhileItWaitsForAPerson) {
   Session session;
   session.desktop.rememberIn(f.file);
   session.program.recent = {"/a.png"};
-  session.program.keysTold = true;
+  session.program.keysHintTold = true;
   QTimer::singleShot(50, [&] { session.desktop.window().close(); });
   EXPECT_THROW(session.pump(Pace::idle), ProgramEnd);
   EXPECT_EQ(Memory(f.file).value("recent1"), "/a.png");

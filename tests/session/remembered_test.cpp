@@ -51,7 +51,7 @@ TEST(TheNextRun, FindsWhatThisOneLeft) {
   first.act([](Program& p) {
     onSheet(p, [](Sheet& sheet) { sheet.choose(thickEllipse()); });
     p.workshop.words.font = "Serif";
-    p.statusLineOff = p.keysTold = true;
+    p.statusLineOff = p.keysHintTold = true;
   });
   const Memory memory = first.ends();
 
@@ -60,7 +60,8 @@ TEST(TheNextRun, FindsWhatThisOneLeft) {
     EXPECT_EQ(p.recent, (std::vector<std::filesystem::path>{"/b.png", "/a.png"}));
     EXPECT_EQ(p.menus.entries(Item::openrecent).size(), 2U);
     EXPECT_TRUE(p.state.print.whiteGround && p.menus.checked(Item::whiteground));
-    EXPECT_TRUE(p.statusLineOff && p.keysTold);
+    EXPECT_TRUE(p.statusLineOff && p.keysHintTold);
+    EXPECT_FALSE(p.menus.checked(Item::statusline));
   });
   next.act(workshop);
   next.desktop.look([](Program& p) {
@@ -100,7 +101,7 @@ TEST(WhatIsMalformed, CountsAsNothing) {
     run.desktop.look([tool](Program& p) {
       EXPECT_EQ(p.workshop.sheet->settings(), ToolSettings()) << tool;
       EXPECT_TRUE(p.recent.empty());
-      EXPECT_FALSE(p.statusLineOff || p.state.print.whiteGround || p.keysTold);
+      EXPECT_FALSE(p.statusLineOff || p.state.print.whiteGround || p.keysHintTold);
     });
     run.ends();
   }
