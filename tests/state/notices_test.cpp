@@ -28,6 +28,7 @@ TEST(ANotice, IsTheLastOneToldAndGrowsItsRevisionEachTime) {
 /// A session over a drawing whose last notice is looked at.
 struct Told : World {
   explicit Told(const Text& cells = kRoom) {
+    program.keysHintTold = true;
     begin(drawing(cells));
     desktop.pumpsPass(2);
   }
