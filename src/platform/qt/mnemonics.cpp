@@ -48,6 +48,7 @@ class Matching {
     places_[caption] = place;
     return true;
   }
+  // NOLINTNEXTLINE(misc-no-recursion): no deeper than there are letters, each of which is tried once
   bool give(std::size_t caption, std::array<bool, kSlots>& tried) {
     const auto wanted = candidates(captions_[caption]);
     for (const std::size_t place : wanted) {
