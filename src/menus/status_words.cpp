@@ -101,7 +101,7 @@ std::string joined(std::initializer_list<std::string> parts, const char* between
 }
 
 std::string growthWords(const Status& status) {
-  const std::string time = status.seconds ? timeWords(*status.seconds) : "";
+  std::string time = status.seconds ? timeWords(*status.seconds) : "";
   if (!status.growth) return time;
   return joined(
       {many(status.growth->carved, "cell") + " carved", std::to_string(status.growth->left) + " left", time},
