@@ -126,7 +126,7 @@ void giveUpDrawing(Program& program) {
 void autosaveDrawing(Program& program) {
   const Phase phase = program.state.phase;
   if (phase < Phase::making) return keepLastDrawing(program);
-  const Bitmap& drawing = program.pictures.load("drawing1.bmp");
+  const Bitmap drawing = program.pictures.load("drawing1.bmp").copied();
   if (!isOfOneColour(drawing)) keepDrawing(program, drawing);
 }
 
