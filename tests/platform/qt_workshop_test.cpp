@@ -88,6 +88,16 @@ TEST(TheColours, SayWhichAMazeFillsAndLeaveOutThoseItTakes) {
   }
 }
 
+TEST(TheColours, HaveTheirLettersWhereColoursAreMarked) {
+  Workbench w;
+  EXPECT_FALSE(w.tools().inks().button(kNavy)->showsLetter());
+  w.program.markColours = true;
+  onSheet(w.program, [](Sheet& sheet) { sheet.press(1, 1); });
+  w.inputs([] {});
+  EXPECT_TRUE(w.tools().inks().button(kNavy)->showsLetter());
+  EXPECT_FALSE(w.tools().inks().button(kPaperInk)->showsLetter());
+}
+
 TEST(UndoAndRedo, HaveButtonsAndKeysAlsoInANumberBox) {
   Workbench w;
   EXPECT_FALSE(w.button("Undo")->isEnabled());

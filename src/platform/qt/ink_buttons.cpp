@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/qt/screen_colour.h"
+#include "platform/qt/swatch_button.h"
 
 namespace gridwright {
 
@@ -13,9 +14,6 @@ namespace {
 constexpr int kColumns = 8;
 constexpr int kInHand = 3;  // points of the ring round the colour in hand
 constexpr int kDot = 6;     // points across
-
-/// Black or white, whichever is seen on a colour.
-QColor seenOn(const QColor& colour) { return qGray(colour.rgb()) < 128 ? Qt::white : Qt::black; }
 
 }  // namespace
 
@@ -43,6 +41,13 @@ void InkButton::setRole(InkRole role) {
   if (isHidden() == (role != InkRole::taken)) setVisible(role != InkRole::taken);
 }
 
+void InkButton::showLetter(bool shown) {
+  const bool lettered = shown && ink_ != kPaperInk;
+  if (lettered == lettered_) return;
+  lettered_ = lettered;
+  update();
+}
+
 void InkButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QColor colour = screenColour(colourOfInk(ink_));
@@ -55,13 +60,20 @@ void InkButton::paintEvent(QPaintEvent* /*event*/) {
   if (filled_) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(seenOn(colour));
-    painter.drawEllipse(QRectF(rect()).center(), kDot / 2.0, kDot / 2.0);
+    painter.setBrush(inkOn(colour));
+    const int size = lettered_ ? kDot / 2 : kDot;  // beneath the letter
+    const double y = lettered_ ? height() - edge - size / 2.0 : height() / 2.0;
+    painter.drawEllipse(QPointF(width() / 2.0, y), size / 2.0, size / 2.0);
     painter.setRenderHint(QPainter::Antialiasing, false);
+  }
+  if (lettered_) {
+    painter.setPen(inkOn(colour));
+    painter.drawText(rect().adjusted(0, 0, 0, -kDot / 2), Qt::AlignCenter,
+                     QString(QLatin1Char(kPaletteLetters[static_cast<std::size_t>(ink_)])));
   }
   if (!hasFocus()) return;
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(seenOn(colour), 1, Qt::DotLine));
+  painter.setPen(QPen(inkOn(colour), 1, Qt::DotLine));
   painter.drawRect(rect().adjusted(edge + 1, edge + 1, -edge - 2, -edge - 2));
 }
 
@@ -78,9 +90,10 @@ InkButtons::InkButtons(QWidget* parent) : QWidget(parent) {
   }
 }
 
-void InkButtons::mirror(int inHand, const ColourSets& sets) {
+void InkButtons::mirror(int inHand, const ColourSets& sets, bool letters) {
   for (int ink = 0; ink < kInks; ++ink) {
     button(ink)->setRole(roleOf(ink, sets));
+    button(ink)->showLetter(letters);
     if (ink == inHand) button(ink)->setChecked(true);
   }
 }

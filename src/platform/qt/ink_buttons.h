@@ -19,6 +19,9 @@ class InkButton : public QAbstractButton {
   InkButton(int ink, QWidget* parent);
 
   void setRole(InkRole role);
+  /// The colour's letter stands on it; paper has none.
+  void showLetter(bool shown);
+  [[nodiscard]] bool showsLetter() const { return lettered_; }
   [[nodiscard]] bool isFilled() const { return filled_; }
   [[nodiscard]] QSize sizeHint() const override { return {22, 22}; }
 
@@ -27,7 +30,7 @@ class InkButton : public QAbstractButton {
 
  private:
   int ink_;
-  bool filled_ = false;
+  bool filled_ = false, lettered_ = false;
 };
 
 class InkButtons : public QWidget {
@@ -37,7 +40,7 @@ class InkButtons : public QWidget {
   std::function<void(int ink)> onChoose;
 
   /// Colours that the maze is carved in are not offered.
-  void mirror(int inHand, const ColourSets& sets);
+  void mirror(int inHand, const ColourSets& sets, bool letters);
 
   [[nodiscard]] InkButton* button(int ink) const { return buttons_.at(static_cast<std::size_t>(ink)); }
 

@@ -211,7 +211,7 @@ void WorkshopPanel::mirrorSheet(Program& program) {
   sheetShown_ = w.sheet->revision();
   view_->mirror(w);
   mirrorRegions(w);
-  tools_->mirror(w);
+  tools_->mirror(w, program.markColours);
   undo_->setEnabled(w.sheet->canUndo());
   redo_->setEnabled(w.sheet->canRedo());
   line_->tell(qString(w.line), {});

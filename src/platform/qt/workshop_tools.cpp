@@ -135,10 +135,10 @@ void WorkshopTools::choose(Hand hand) {
 }
 
 // A colour that was picked is the one that can come from elsewhere while something is set here.
-void WorkshopTools::mirror(const Workshop& workshop) {
+void WorkshopTools::mirror(const Workshop& workshop, bool letters) {
   mirroring_ = true;
   settings_ = workshop.sheet->settings();
-  inks_->mirror(settings_.colour, workshop.sets());
+  inks_->mirror(settings_.colour, workshop.sets(), letters);
   size_->setValue(settings_.size);
   size_->setEnabled(!settings_.oneCell);
   oneCell_->setChecked(settings_.oneCell);

@@ -34,7 +34,8 @@ class WorkshopTools : public QWidget {
   [[nodiscard]] bool putsDown() const { return hand_ == Hand::words || hand_ == Hand::stamp; }
   [[nodiscard]] const ToolSettings& settings() const { return settings_; }
 
-  void mirror(const Workshop& workshop);
+  /// \param letters colours are told apart by letters too.
+  void mirror(const Workshop& workshop, bool letters);
 
   [[nodiscard]] QToolButton* button(Hand hand) const { return buttons_.at(static_cast<std::size_t>(hand)); }
   [[nodiscard]] InkButtons& inks() const { return *inks_; }
