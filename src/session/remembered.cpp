@@ -62,7 +62,7 @@ void recallSettings(Program& program) {
   listArrivals(program);
   program.statusLineOff = recalled(program, kStatusLine) == kOff;
   program.menus.setChecked(Item::statusline, !program.statusLineOff);
-  program.keysHintTold = recalled(program, kKeysTold) == kOn;
+  if (recalled(program, kKeysTold) == kOn) program.keysHintTold = true;
   program.workshop.firstTool = toolOf(recalled(program, kTool));
   const std::string font = recalled(program, kFont);
   if (!font.empty()) program.workshop.words.font = font;

@@ -96,7 +96,7 @@ TEST(AtTheStart, TheseItemsAreCheckedAndNoOthers) {
   const std::set<Item> checked = {Item::createreg,  Item::turnsoff,  Item::ugenerate,  Item::playmodeoff,
                                   Item::leavetrail, Item::userplace, Item::pnormal,    Item::mode4,
                                   Item::pthick,     Item::aoff,      Item::usepattern, Item::maxrnd,
-                                  Item::gofinish};
+                                  Item::gofinish,   Item::statusline};
   const MenuModel menus;
   for (std::size_t i = 0; i < kItemCount; ++i) {
     EXPECT_EQ(menus.checked(itemAt(i)), checked.count(itemAt(i)) == 1) << kMenuRows[i].name;
