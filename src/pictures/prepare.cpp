@@ -57,13 +57,17 @@ Found foundIn(const Areas& areas) {
 
 /// Those of the sixteen that a maze fills, or that it does not, but white and what it is carved in; without
 /// the outlines' own where it is taken. Where there are none, those of the start.
-std::vector<Colour> choicesFor(bool grows, Colour outline, const ColourSets& sets) {
+std::vector<Colour> choicesFor(bool grows, Colour outline, const ColourSets& present) {
   std::vector<Colour> choices;
-  for (std::size_t slot = 0; slot < kPalette.size() - 1; ++slot) {
-    const Colour colour = kPalette.at(slot);
-    if (colour != outline && !sets.isMaze(colour) && sets.isFree(colour) == grows) choices.push_back(colour);
+  for (const ColourSets& sets : {present, startingSets()}) {
+    for (std::size_t slot = 0; slot < kPalette.size() - 1; ++slot) {
+      const Colour colour = kPalette.at(slot);
+      if (colour != outline && !sets.isMaze(colour) && sets.isFree(colour) == grows)
+        choices.push_back(colour);
+    }
+    if (!choices.empty()) break;
   }
-  return choices.empty() ? choicesFor(grows, outline, startingSets()) : choices;
+  return choices;
 }
 
 /// Of what outlines are drawn in: grey, where that is a border; else the first colour that is one.

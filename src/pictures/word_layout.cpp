@@ -74,7 +74,7 @@ ReadyLetter readyLetter(const Letter& letter, const BitPlane& barred, const Lett
 class Maker {
  public:
   Maker(const WordLayout::Letters& letters, const CellPitch& pitch)
-      : grid(letters.plane, pitch), letters_(letters), all_(inkOf(letters)) {}
+      : grid(letters.plane, pitch), all_(inkOf(letters)) {}
 
   ReadyLetter make(const Letter& letter) {
     BitPlane others = all_;
@@ -88,7 +88,6 @@ class Maker {
   const LetterCells grid;
 
  private:
-  const WordLayout::Letters& letters_;
   BitPlane all_;
 };
 

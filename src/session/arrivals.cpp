@@ -73,9 +73,8 @@ struct Arrival {
 
 /// In the drawing phase, over a maze that stands still, or onto the workshop's sheet.
 void showPicture(Program& program, const std::shared_ptr<const Picture>& picture, bool isExample) {
-  if (program.workshop.open) {
-    openPreparePanel(program, picture);
-  } else if (isReady(*picture, program.colours) || (isExample && picture->isWholeAsItIs())) {
+  const bool isTaken = isReady(*picture, program.colours) || (isExample && picture->isWholeAsItIs());
+  if (isTaken && !program.workshop.open) {
     takeInDrawing(program, [picture](Program& p) { takePicture(p, onPaper(picture->asItIs())); });
   } else {
     openPreparePanel(program, picture);

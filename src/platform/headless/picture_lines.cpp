@@ -35,7 +35,8 @@ Outcome<std::vector<int>> numberList(std::string_view word) {
 bool readSetting(std::string_view word, PrepareSettings& settings) {
   const auto parts = settingIn(word);
   if (!parts) return false;
-  const auto [name, value] = *parts;
+  const std::string_view name = parts->name;
+  const std::string_view value = parts->value;
   const auto within = [&](int least, int most, int& setting) {
     const auto number = wholeNumber(value);
     if (!number || number.value() < least || number.value() > most) return false;
