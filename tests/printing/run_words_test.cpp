@@ -107,6 +107,7 @@ TEST(WherePagesWent, IsSaidBehindWhatWasPrintedAndAClickOpensIt) {
 
 TEST(PagesThatCouldNotBeKept, AreNotCalledPrinted) {
   Job w;
+  w.program.keysHintTold = true;
   w.desktop.went = Fault{Fault::Kind::notWritable, "gridwright-0001.pdf"};
   w.desktop.menu(Item::printfff);
   w.desktop.look([](Program& p) { EXPECT_EQ(p.notices.revision(), 0U); });
@@ -115,6 +116,7 @@ TEST(PagesThatCouldNotBeKept, AreNotCalledPrinted) {
 
 TEST(NoRun, SaysNothingWhenAMazeBegins) {
   Job w;
+  w.program.keysHintTold = true;
   w.desktop.menu(Item::newmaze);
   w.desktop.untilPhase(Phase::placing);
   w.desktop.look([](Program& p) { EXPECT_EQ(p.notices.revision(), 0U); });

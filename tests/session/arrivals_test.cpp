@@ -227,6 +227,7 @@ TEST(ACopiedFile, IsPastedAsIfItWereDropped) {
 
 TEST(TheDialog, GivesAPictureOrNothing) {
   Visit none;
+  none.program.keysHintTold = true;
   none.desktop.menu(Item::openpicture);
   none.desktop.pumpsPass(1);
   none.finish();
