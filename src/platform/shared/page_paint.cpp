@@ -160,8 +160,9 @@ void paintWord(QPainter& painter, const QRectF& place, const QString& word, cons
 
 void paintEndWords(QPainter& painter, const Placed& placed, const QRectF& paper,
                    const std::vector<EndWord>& ends, const Ruler& ruler) {
-  std::vector<QRectF> taken;
-  for (const EndWord& end : ends) taken.push_back(placed.onPage(end.square));
+  std::vector<QRectF> taken(ends.size());
+  std::transform(ends.begin(), ends.end(), taken.begin(),
+                 [&](const EndWord& end) { return placed.onPage(end.square); });
   for (const EndWord& end : ends) {
     const QRectF square = placed.onPage(end.square);
     const QFont font = letters(std::clamp(square.height(), ruler(kSmallestWord), ruler(kLargestWord)));
