@@ -1,18 +1,17 @@
 // What another program finds in a printed document: every pixel of the Canvas, and nothing lossy.
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <sstream>
 #include <string>
 
 #include "canvas/canvas.h"
 #include "platform/shared/image_files.h"
+#include "support/offscreen.h"
 #include "support/pictures.h"
 #include "support/work_folders.h"
 
@@ -96,14 +95,7 @@ TEST(APrintedPage, FillsThePaperInOneDirectionAndKeepsItsShape) {
 /// Words on a page need fonts, and those an application.
 class AWordyPage : public ::testing::Test {
  public:
-  static void SetUpTestSuite() {
-    static std::array<char, 5> name{"test"};
-    static std::array<char, 10> option{"-platform"};
-    static std::array<char, 10> value{"offscreen"};
-    static std::array<char*, 4> arguments{name.data(), option.data(), value.data(), nullptr};
-    static int count = 3;
-    static const auto application = std::make_unique<QGuiApplication>(count, arguments.data());
-  }
+  static void SetUpTestSuite() { beginOffscreen(); }
 
  protected:
   /// The page at 72 pixels an inch, as another program shows it.
