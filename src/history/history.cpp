@@ -219,35 +219,42 @@ void beginCarving(Program& program) {
   if (program.history != nullptr) forgetCarving(program.history->carving);
 }
 
-void undo(Program& program) {
-  if (program.history == nullptr) return;
+namespace {
+
+enum class Way { back, on };
+
+/// Crosses the next step of `from`, which goes over to `to`.
+void cross(Program& program, std::deque<DrawingStep>& from, std::deque<DrawingStep>& to, Way way) {
   History& history = *program.history;
-  if (program.state.phase == Phase::making) return undoCarving(program, history.carving);
   endStep(history);
-  if (history.done.empty()) return;
-  history.undone.push_back(std::move(history.done.back()));
-  history.done.pop_back();
-  const DrawingStep& step = history.undone.back();
-  changeAll(program, step.after, step.before, step.load ? &step.load->before : nullptr);
-  history.picture.putBefore(program.canvas, step.patches);
+  if (from.empty()) return;
+  to.push_back(std::move(from.back()));
+  from.pop_back();
+  const DrawingStep& step = to.back();
+  if (way == Way::back) {
+    changeAll(program, step.after, step.before, step.load ? &step.load->before : nullptr);
+    history.picture.putBefore(program.canvas, step.patches);
+  } else {
+    changeAll(program, step.before, step.after, step.load ? &step.load->after : nullptr);
+    history.picture.putAfter(program.canvas, step.patches);
+  }
   showAnew(program.canvas);
   history.values = keptValuesOf(program);
   mark(program);
 }
 
-void redo(Program& program) {
+}  // namespace
+
+void undo(Program& program) {
   if (program.history == nullptr) return;
   History& history = *program.history;
-  endStep(history);
-  if (history.undone.empty()) return;
-  history.done.push_back(std::move(history.undone.back()));
-  history.undone.pop_back();
-  const DrawingStep& step = history.done.back();
-  changeAll(program, step.before, step.after, step.load ? &step.load->after : nullptr);
-  history.picture.putAfter(program.canvas, step.patches);
-  showAnew(program.canvas);
-  history.values = keptValuesOf(program);
-  mark(program);
+  if (program.state.phase == Phase::making) return undoCarving(program, history.carving);
+  cross(program, history.done, history.undone, Way::back);
+}
+
+void redo(Program& program) {
+  if (program.history == nullptr) return;
+  cross(program, program.history->undone, program.history->done, Way::on);
 }
 
 HistorySize historySize(const Program& program) {
