@@ -7,6 +7,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "canvas/size_words.h"
 #include "drawings/last_picture.h"
 #include "menus/menu_rules.h"
 #include "menus/panels.h"
@@ -59,15 +60,13 @@ void tellWhyNot(Program& program, const Fault& fault, const std::string& typed, 
   }
 }
 
-std::string wordsOf(Size size) { return std::to_string(size.width) + "x" + std::to_string(size.height); }
-
 /// The Canvas is as large as the window allows.
 void tellCut(Program& program, const Bitmap& picture, Size client) {
   const Size whole = picture.cutFrom == Size{} ? Size{picture.width, picture.height} : picture.cutFrom;
   const Size taken = {std::min({whole.width, client.width, Canvas::kSide}),
                       std::min({whole.height, client.height, Canvas::kSide})};
   if (taken == whole) return;
-  program.notices.tell("the picture is " + wordsOf(whole) + "; the Canvas takes " + wordsOf(taken) +
+  program.notices.tell("the picture is " + sizeWords(whole) + "; the Canvas takes " + sizeWords(taken) +
                        " of it");
 }
 

@@ -1,5 +1,7 @@
 #include "pictures/on_paper.h"
 
+#include <algorithm>
+
 #include "pictures/ready.h"
 
 namespace gridwright {
@@ -10,6 +12,11 @@ Bitmap onPaper(const Layer& layer) {
     if (layer.isClear(i)) picture.pixels[i] = kPaper;
   }
   return picture;
+}
+
+bool isPaperAlone(const Bitmap& picture) {
+  return std::all_of(picture.pixels.begin(), picture.pixels.end(),
+                     [](Colour pixel) { return pixel == kPaper; });
 }
 
 }  // namespace gridwright

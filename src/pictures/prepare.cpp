@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "canvas/free_cell.h"
+#include "canvas/size_words.h"
 #include "pictures/areas.h"
 #include "pictures/fit.h"
 #include "pictures/harden.h"
@@ -348,11 +349,10 @@ Prepared prepare(const Picture& picture, const PrepareSettings& settings, const 
 }
 
 std::string prepareLine(const Prepared& prepared) {
-  const auto words = [](Size size) { return std::to_string(size.width) + "x" + std::to_string(size.height); };
   std::string line = regionLine(prepared.count);
   if (prepared.cutFrom == Size{}) return line;
-  return line + "; the picture is " + words(prepared.cutFrom) + ", the Canvas takes " +
-         words(prepared.taken) + " of it";
+  return line + "; the picture is " + sizeWords(prepared.cutFrom) + ", the Canvas takes " +
+         sizeWords(prepared.taken) + " of it";
 }
 
 }  // namespace gridwright

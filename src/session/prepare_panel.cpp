@@ -1,6 +1,5 @@
 #include "session/prepare_panel.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "drawings/import_drawing.h"
@@ -21,11 +20,6 @@ PrepareGround groundOf(Program& program) {
   if (w.firstFills)
     return {canvasFor(program.platform.clientSize()), s.wallWidth, s.mazeKind, startingSets()};
   return {w.sheet->size(), s.wallWidth, s.mazeKind, w.sets()};
-}
-
-bool isBlank(const Bitmap& picture) {
-  return std::all_of(picture.pixels.begin(), picture.pixels.end(),
-                     [](Colour pixel) { return pixel == kPaper; });
 }
 
 void made(Program& program, std::uint64_t asked, std::shared_ptr<const Prepared> prepared) {
@@ -59,7 +53,7 @@ void openPreparePanel(Program& program, std::shared_ptr<const Picture> picture) 
   closePreparation(program);
   panel.open = true;
   panel.settings = {};
-  panel.settings.asItsSize = !program.workshop.firstFills && !isBlank(program.workshop.sheet->picture());
+  panel.settings.asItsSize = !program.workshop.firstFills && !isPaperAlone(program.workshop.sheet->picture());
   panel.ground = groundOf(program);
   panel.preparation = std::make_shared<Preparation>(*picture, program.platform.pictureWork());
   panel.picture = std::move(picture);

@@ -4,11 +4,13 @@
 #include <utility>
 
 #include "canvas/free_cell.h"
+#include "canvas/size_words.h"
 #include "colours/colour_editor.h"
 #include "drawings/import_drawing.h"
 #include "drawings/last_picture.h"
 #include "history/history.h"
 #include "menus/panels.h"
+#include "pictures/on_paper.h"
 #include "session/arrivals.h"
 #include "session/prepare_panel.h"
 #include "state/grid.h"
@@ -16,8 +18,6 @@
 namespace gridwright {
 
 namespace {
-
-std::string wordsOf(Size size) { return std::to_string(size.width) + "x" + std::to_string(size.height); }
 
 /// What is on the Canvas as a sheet holds it: its ground is paper.
 InkPicture drawingInInks(const Program& program) { return inInks(program.canvas.imageOnGround(kPaper)); }
@@ -41,11 +41,6 @@ void avoidTakenInks(Workshop& w) {
 bool showSame(const Bitmap& one, const Bitmap& other) {
   const Size both{std::max(one.width, other.width), std::max(one.height, other.height)};
   return resized(one, both) == resized(other, both);
-}
-
-bool isBlank(const Bitmap& picture) {
-  return std::all_of(picture.pixels.begin(), picture.pixels.end(),
-                     [](Colour pixel) { return pixel == kPaper; });
 }
 
 /// The one that the run before left, else paper.
@@ -196,7 +191,7 @@ std::string sheetNote(const Program& program) {
   add(w.note);
   if (w.sheet->size() != w.canvas) {
     const bool isCut = w.sheet->size().width > w.canvas.width || w.sheet->size().height > w.canvas.height;
-    add("the sheet is " + wordsOf(w.sheet->size()) + ", the Canvas " + wordsOf(w.canvas) + ": Use " +
+    add("the sheet is " + sizeWords(w.sheet->size()) + ", the Canvas " + sizeWords(w.canvas) + ": Use " +
         (isCut ? "cuts it" : "fills it up with paper"));
   }
   return note;
@@ -206,7 +201,7 @@ void keepLastSheet(Program& program) {
   Workshop& w = program.workshop;
   if (!w.sheet) return;
   w.sheet->endStroke();
-  if (isBlank(w.sheet->picture())) return;
+  if (isPaperAlone(w.sheet->picture())) return;
   keepSheet(program, w.sheet->picture(), !w.isKept);
   w.isKept = true;
 }

@@ -161,7 +161,7 @@ void placePrepared(Program& program, std::optional<Corner> at, std::optional<Siz
   placed.at = {box.left, box.top};
   if (fills) placed.alone = Size{picture.width, picture.height};
   placed.size = held(size.value_or(Size{placed.ink.width, placed.ink.height}));
-  const bool isFirst = fills || inkBox(w.sheet->picture()).right < 0;
+  const bool isFirst = fills || isPaperAlone(w.sheet->picture());
   if (at) {
     placed.at = *at;
   } else if (!isFirst || size) {
