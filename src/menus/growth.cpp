@@ -6,14 +6,33 @@
 
 namespace gridwright {
 
-Growth growthOf(const Program& program) {
+namespace {
+
+CellGrid gridOfCanvas(const Program& program) {
   const ProgramState& s = program.state;
-  const Canvas& canvas = program.canvas;
+  return gridOn({program.canvas.scaleWidth(), program.canvas.scaleHeight()}, s.wallWidth, s.mazeKind);
+}
+
+bool isCarved(const Pixels& pixels, Corner cell) { return pixels.carved(cell.x + 1, cell.y + 1); }
+
+}  // namespace
+
+int carvedCells(const Program& program) {
   const Pixels pixels = program.pixels();
-  const CellGrid grid = gridOn({canvas.scaleWidth(), canvas.scaleHeight()}, s.wallWidth, s.mazeKind);
+  int carved = 0;
+  gridOfCanvas(program).first([&](Corner cell) {
+    carved += isCarved(pixels, cell) ? 1 : 0;
+    return false;
+  });
+  return carved;
+}
+
+Growth growthOf(const Program& program) {
+  const Pixels pixels = program.pixels();
+  const CellGrid grid = gridOfCanvas(program);
   Growth growth;
   grid.first([&](Corner cell) {
-    if (pixels.carved(cell.x + 1, cell.y + 1)) {
+    if (isCarved(pixels, cell)) {
       ++growth.carved;
     } else if (isFreeCell(pixels, grid, cell)) {
       ++growth.left;

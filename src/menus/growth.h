@@ -10,7 +10,10 @@ namespace gridwright {
 /// of a cell that is carved, and those of a free one.
 Growth growthOf(const Program& program);
 
-/// The same of the maze in hand: what counted as carved before it was begun is not of it.
+/// Only those that hold a corridor: one pixel of each cell, for who begins a maze and must not be held up.
+int carvedCells(const Program& program);
+
+/// Both of the maze in hand: what counted as carved before it was begun is not of it.
 Growth growthOfMaze(const Program& program);
 
 }  // namespace gridwright

@@ -203,7 +203,7 @@ Stage makingStage(Program& program) {
   ++s.session.begun;
   if (!s.session.resumeMaze && !s.keepPicture) {
     paintWorkPicture(program, "drawing1b.bmp");
-    s.session.carvedBefore = growthOf(program).carved;
+    s.session.carvedBefore = carvedCells(program);
   }
   if (s.randomPatterns.randomPatternsWanted) {
     s.randomPatterns.randomPatternsWanted = false;
