@@ -323,7 +323,7 @@ TEST(KeysWithCtrlOrAlt, NeverReachThePhaseThatKnowsThemPlain) {
   Working w;
   const Square cur = w.program.state.cur;
   for (const Qt::KeyboardModifier with : {Qt::ControlModifier, Qt::AltModifier}) {
-    for (const Qt::Key key : {Qt::Key_Slash, Qt::Key_D, Qt::Key_H, Qt::Key_Right, Qt::Key_X})
+    for (const Qt::Key key : {Qt::Key_Slash, Qt::Key_W, Qt::Key_H, Qt::Key_Right, Qt::Key_X})
       w.press(key, with);
     EXPECT_EQ(w.program.state.cur, cur);
     EXPECT_FALSE(w.program.state.drawingOff);

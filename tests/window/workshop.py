@@ -100,9 +100,13 @@ class Workshop:
             raise Failed("there are no tools beside the sheet")
 
     def escape(self):
-        """Opened again, the sheet waits, and Escape leaves it."""
+        """Opened again, from a menu that was left, the sheet waits with the keyboard, and Escape leaves it."""
         desktop = self.desktop
         drawn = desktop.quietShot()
+        desktop.key("alt+f")
+        until(lambda: desktop.windows() > 1, "the menu is open")
+        desktop.key("Escape")
+        until(lambda: desktop.windows() == 1, "the menu is gone")
         desktop.key("ctrl+d")
         until(lambda: desktop.shot().at(*self.corner()) == self.tools, "the workshop is open again")
         until(lambda: self.count(NAVY) > 0, "the sheet is as it was left")

@@ -43,7 +43,11 @@ Window::Window()
 // The standard keys for pasting and opening are more than the ones that the menu shows.
 void Window::listenToShortcuts() {
   const auto listen = [this](const QKeySequence& pressed, std::string_view keys) {
-    connect(new QShortcut(pressed, this), &QShortcut::activated, this, [this, keys] { onShortcut(keys); });
+    connect(new QShortcut(pressed, this), &QShortcut::activated, this, [this, keys] {
+      // Where a menu was left the bar has the keyboard, which belongs to what opens.
+      menuBar()->setActiveAction(nullptr);
+      onShortcut(keys);
+    });
   };
   std::set<std::string_view> heard;
   for (const Shortcut& shortcut : kShortcuts) {
