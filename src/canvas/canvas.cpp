@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace gridwright {
 
@@ -124,6 +125,21 @@ bool Canvas::showsAnything() const {
     if (std::any_of(row, row + width_, [&](Colour pixel) { return colourOf(pixel) != first; })) return true;
   }
   return false;
+}
+
+BitmapView Canvas::wholeView() const {
+  const Colour ground = backColor_ & kColourBits;
+  const auto shows = [&](Colour pixel) { return colourOf(pixel) != ground; };
+  int width = width_, height = height_;
+  for (int y = 0; y < kSide; ++y) {
+    const auto row = persistent_.begin() + static_cast<std::ptrdiff_t>(index(0, y));
+    const auto end = row + kSide;
+    const auto last =
+        std::find_if(std::make_reverse_iterator(end), std::make_reverse_iterator(row + width), shows);
+    width = static_cast<int>(last.base() - row);
+    if (y >= height && std::any_of(row, row + width, shows)) height = y + 1;
+  }
+  return {width, height, persistent_.data(), kSide};
 }
 
 void Canvas::touch(int left, int top, int right, int bottom) {

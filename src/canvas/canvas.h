@@ -91,6 +91,9 @@ class Canvas {
   /// the next stroke.
   [[nodiscard]] BitmapView imageView() const { return visiblePart(persistent_); }
   [[nodiscard]] BitmapView shownView() const { return visiblePart(shown_); }
+  /// The persistent plane as far as it shows anything: the visible part, and what a smaller window hides of a
+  /// picture that is larger.
+  [[nodiscard]] BitmapView wholeView() const;
   [[nodiscard]] Bitmap image() const { return imageView().copied(); }       ///< The persistent plane.
   [[nodiscard]] Bitmap shownImage() const { return shownView().copied(); }  ///< What a person sees.
   [[nodiscard]] Colour shownPoint(int x, int y) const;                      ///< A pixel of that.

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "drawings/import_drawing.h"
@@ -32,10 +33,11 @@ void tellIfUnwritable(Program& program) {
 }
 
 /// Writes over a picture by `save`, which says whether it did; one of another drawing stays as the one
-/// before.
+/// before, and where it cannot nothing is written.
 template <class Save>
 bool saveOver(const fs::path& path, bool isFirst, const Save& save) {
-  const bool holds = isFirst && !isNoPlainFile(path) && holdEarlier(path);
+  const bool holds = isFirst && !isNoPlainFile(path);
+  if (holds && !holdEarlier(path)) return false;
   const bool saved = save();
   if (!holds) return saved;
   if (saved) {
@@ -46,18 +48,19 @@ bool saveOver(const fs::path& path, bool isFirst, const Save& save) {
   return saved;
 }
 
-/// \param isFirst the name may hold another drawing's picture.
-/// \returns whether the picture is in a file.
-bool keep(Program& program, std::string_view name, const BitmapView& picture, bool isFirst) {
-  if (program.pictures.holds(name, picture)) return true;
-  if (saveOver(program.files->resolve(name), isFirst,
+/// \param place the folder where the name holds an earlier state of the same drawing; empty for none.
+/// \returns the folder that the picture is in now; empty for nowhere.
+fs::path keep(Program& program, std::string_view name, const BitmapView& picture, const fs::path& place) {
+  const fs::path& here = program.files->path();
+  if (program.pictures.holds(name, picture)) return here;
+  if (saveOver(program.files->resolve(name), place != here,
                [&] { return program.pictures.save(name, picture, Overwrite::atOnce); })) {
-    return true;
+    return here;
   }
   tellIfUnwritable(program);
   const fs::path data = otherPlace(program);
-  if (data.empty()) return false;
-  return saveOver(data / name, isFirst, [&] {
+  if (data.empty()) return {};
+  const bool isKept = saveOver(data / name, place != data, [&] {
     const auto kept = program.platform.saveBitmap(picture, data / name, Overwrite::atOnce);
     if (kept) return true;
     program.files->tellIfNoPlainFile(kept.fault());
@@ -65,6 +68,7 @@ bool keep(Program& program, std::string_view name, const BitmapView& picture, bo
                         "; it is lost.");
     return false;
   });
+  return isKept ? data : fs::path();
 }
 
 bool isOfOneColour(const BitmapView& picture) {
@@ -82,30 +86,68 @@ std::optional<BitmapView> pictureAtStake(Program& program) {
     if (!program.state.editor.fieldCoversPicture) return {};
     return BitmapView(program.pictures.load("drawing4.bmp"));
   }
-  if (!program.canvas.showsAnything()) return {};
-  return program.canvas.imageView();
+  const BitmapView whole = program.canvas.wholeView();
+  if (isOfOneColour(whole)) return {};
+  return whole;
 }
 
+/// The drawing as it was left for the maze that stands over it; what a smaller window hides no maze covers.
+Bitmap drawingBeneathMaze(Program& program) {
+  Bitmap drawing = program.canvas.wholeView().copied();
+  const BitmapView left = program.pictures.load("drawing1.bmp");
+  const int columns = std::min(left.width, drawing.width);
+  for (int y = 0; y < std::min(left.height, drawing.height); ++y) {
+    const Colour* row = left.row(y);
+    const auto to = drawing.pixels.begin() + static_cast<std::ptrdiff_t>(y) * drawing.width;
+    std::transform(row, row + columns, to, Canvas::colourOf);
+  }
+  return drawing;
+}
+
+/// Where a run before left its picture: in the data folder when the working folder took nothing then.
+fs::path placeOfRunBefore(const Program& program, std::string_view name) {
+  if (!program.files->takesFiles()) return otherPlace(program);
+  std::error_code noOther, noOwn;
+  const auto other = fs::last_write_time(program.dataFolder / name, noOther);
+  const auto own = fs::last_write_time(program.files->resolve(name), noOwn);
+  const bool isNewer = !program.dataFolder.empty() && !noOther && !noOwn && other > own;
+  return isNewer ? program.dataFolder : program.files->path();
+}
+
+Outcome<Bitmap> loadFrom(Program& program, const fs::path& place, std::string_view name, bool earlier) {
+  if (place.empty()) return Fault{Fault::Kind::notFound, std::string(name)};
+  const fs::path path = WorkFolder(place).resolve(name);
+  return program.platform.loadBitmap(earlier ? earlierName(path) : path);
+}
+
+/// The picture under the name: this drawing's, or what the one before left.
+Outcome<Bitmap> pictureInFile(Program& program, bool earlier) {
+  const LastPicture& last = program.lastPicture;
+  return loadFrom(program, last.inFile == 0 ? placeOfRunBefore(program, kLastDrawing) : last.place,
+                  kLastDrawing, earlier);
+}
+
+/// \returns whether the picture is in a file. What is there already is not written again, and spends no
+/// picture before it.
 bool keepDrawing(Program& program, const BitmapView& picture) {
   LastPicture& last = program.lastPicture;
-  const bool kept = keep(program, kLastDrawing, picture, last.inFile != last.drawing);
-  if (kept) last.inFile = last.drawing;
-  return kept;
-}
-
-/// The folder that a picture is kept in; empty for nowhere.
-fs::path placeOfPictures(const Program& program) {
-  return program.files->takesFiles() ? program.files->path() : otherPlace(program);
+  const bool isFirst = last.inFile != last.drawing;
+  if (isFirst) {
+    const auto there = pictureInFile(program, false);
+    if (there && picture.isSameAs(there.value())) return true;
+  }
+  const fs::path place = keep(program, kLastDrawing, picture, isFirst ? fs::path() : last.place);
+  if (place.empty()) return false;
+  last.inFile = last.drawing;
+  last.place = place;
+  return true;
 }
 
 /// What the drawing before left.
 Outcome<Bitmap> pictureBefore(Program& program) {
   const LastPicture& last = program.lastPicture;
-  if (last.before) return *last.before;
-  const fs::path place = placeOfPictures(program);
-  if (place.empty()) return Fault{Fault::Kind::notFound, std::string(kLastDrawing)};
-  const fs::path path = WorkFolder(place).resolve(kLastDrawing);
-  return program.platform.loadBitmap(last.inFile == last.drawing ? earlierName(path) : path);
+  if (last.before && last.beforeOf == last.drawing) return *last.before;
+  return pictureInFile(program, last.inFile == last.drawing);
 }
 
 }  // namespace
@@ -116,17 +158,19 @@ void keepLastDrawing(Program& program) {
 
 void giveUpDrawing(Program& program) {
   LastPicture& last = program.lastPicture;
-  const auto picture = pictureAtStake(program);
-  if (!picture && last.inFile != last.drawing) return;  // an empty one that was never more
-  const bool kept = !picture || keepDrawing(program, *picture);
-  last.before = kept ? std::nullopt : std::optional(picture->copied());
-  last.drawing = ++last.newest;
+  const bool wasKept = last.inFile == last.drawing;
+  if (const auto picture = pictureAtStake(program)) {
+    last.before = keepDrawing(program, *picture) ? std::nullopt : std::optional(picture->copied());
+  } else if (wasKept || last.beforeOf != last.drawing) {
+    last.before.reset();  // an empty one that was never more leaves what the one before it left
+  }
+  last.drawing = last.beforeOf = ++last.newest;
 }
 
 void autosaveDrawing(Program& program) {
   const Phase phase = program.state.phase;
   if (phase < Phase::making) return keepLastDrawing(program);
-  const Bitmap drawing = program.pictures.load("drawing1.bmp").copied();
+  const Bitmap drawing = drawingBeneathMaze(program);
   if (!isOfOneColour(drawing)) keepDrawing(program, drawing);
 }
 
@@ -137,7 +181,7 @@ void lastpicture(Program& program) {
     return;
   }
   LastPicture& last = program.lastPicture;
-  const bool isBlank = !program.canvas.showsAnything();
+  const bool isBlank = !pictureAtStake(program);
   Bitmap here = program.canvas.image();
   takePicture(program, picture.value());
   if (isBlank) {
@@ -147,15 +191,15 @@ void lastpicture(Program& program) {
   }
 }
 
-void keepSheet(Program& program, const Bitmap& sheet, bool isFirst) {
-  keep(program, kLastSheet, sheet, isFirst);
+fs::path keepSheet(Program& program, const Bitmap& sheet, const fs::path& place) {
+  return keep(program, kLastSheet, sheet, place);
 }
 
-std::optional<Bitmap> keptSheet(Program& program) {
-  const fs::path place = placeOfPictures(program);
-  if (place.empty()) return {};
-  auto kept = program.platform.loadBitmap(WorkFolder(place).resolve(kLastSheet));
-  return kept ? std::optional(std::move(kept.value())) : std::nullopt;
+std::optional<KeptSheet> keptSheet(Program& program) {
+  fs::path place = placeOfRunBefore(program, kLastSheet);
+  auto kept = loadFrom(program, place, kLastSheet, false);
+  if (!kept) return {};
+  return KeptSheet{std::move(kept.value()), std::move(place)};
 }
 
 void recoverLastPictures(const WorkFolder& folder) {

@@ -7,13 +7,14 @@
 // renamed: a program that is killed leaves the old picture or the new one, whole.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 
 #include "state/program.h"
 
 namespace gridwright {
 
-/// The persistent image, where anything is drawn on it, goes quietly to last-drawing.bmp; in the pattern
+/// The persistent image, where anything is drawn on it, with what a smaller window hides, goes quietly to last-drawing.bmp; in the pattern
 /// editor the picture that lies under its field. Nothing at the title.
 void keepLastDrawing(Program& program);
 
@@ -30,11 +31,17 @@ void autosaveDrawing(Program& program);
 void lastpicture(Program& program);
 
 /// A sheet of the workshop goes quietly to last-sheet.bmp.
-/// \param isFirst it is another sheet than the one that was kept last, which stays as last-sheet.bmp~.
-void keepSheet(Program& program, const Bitmap& sheet, bool isFirst);
+/// \param place the folder where an earlier state of the same sheet is kept; empty for none: the sheet that is
+///   there stays as last-sheet.bmp~.
+/// \returns the folder that it is in now; empty where it could not be kept.
+std::filesystem::path keepSheet(Program& program, const Bitmap& sheet, const std::filesystem::path& place);
 
+struct KeptSheet {
+  Bitmap picture;
+  std::filesystem::path place;  ///< The folder that it is in.
+};
 /// The sheet that was kept last; nothing where there is none that can be read.
-std::optional<Bitmap> keptSheet(Program& program);
+std::optional<KeptSheet> keptSheet(Program& program);
 
 /// After a program that was killed while it kept a picture: of what was there and what was written nothing is
 /// lost.

@@ -47,7 +47,7 @@ constexpr auto kTable = std::to_array<Rule>({
     {Item::openrecent, kWorking, kBesideNoRun},
     {Item::openexample, kWorking, kBesideNoRun},
     {Item::pastepicture, kWorking, kBesideNoRun},
-    {Item::lastpicture, kDrawing, kBesideNoRun},
+    {Item::lastpicture, kDrawing, kNothing},
     {Item::workshop, kDrawing, kBesideNoRun},
     {Item::preparepicture, kDrawing, kBesideNoRun},
     {Item::whiteground, kWorking, kBesideNoRun},

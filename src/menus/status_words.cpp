@@ -45,10 +45,8 @@ void tellMaking(const ProgramState& s, const Counted& counted, Status& status) {
   const bool byHand = s.creationMode == CreationMode::user;
   status.tells = byHand ? Status::Tells::walker : Status::Tells::computerCarves;
   status.growth = counted.growth;
-  if (!byHand) {
-    status.seconds = counted.seconds;
-    return;
-  }
+  status.seconds = counted.seconds;
+  if (!byHand) return;
   status.colour = s.mazeColor;
   status.square = cellsOf(s, s.cur);
 }

@@ -60,11 +60,12 @@ PageLook lookOf(const Program& program, const Square& part) {
 
 }  // namespace
 
-void whiteground(Program& program) {
-  bool& on = program.state.print.whiteGround;
-  on = !on;
+void setWhiteGround(Program& program, bool on) {
+  program.state.print.whiteGround = on;
   program.menus.setChecked(Item::whiteground, on);
 }
+
+void whiteground(Program& program) { setWhiteGround(program, !program.state.print.whiteGround); }
 
 Page pageOf(const Program& program) {
   const BitmapView shown = program.canvas.shownView();

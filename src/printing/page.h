@@ -28,6 +28,7 @@ class Page {
 };
 
 void whiteground(Program& program);  ///< "White ground": on, or off again.
+void setWhiteGround(Program& program, bool on);
 
 /// The shown plane as paper takes it. Paper is plain white there, since a printer may put dots for what is
 /// only nearly white. With a white ground it is no more than the smallest box outside which every pixel is

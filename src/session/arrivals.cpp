@@ -160,11 +160,12 @@ void takeInDrawing(Program& program, std::function<void(Program&)> take) {
   program.whenDrawing = std::move(take);
 }
 
-void takeWhatWaited(Program& program) {
-  if (!program.whenDrawing) return;
+bool takeWhatWaited(Program& program) {
+  if (!program.whenDrawing) return false;
   const auto take = std::exchange(program.whenDrawing, nullptr);
   beginStep(program);
   take(program);
+  return true;
 }
 
 void openpicture(Program& program) {

@@ -41,7 +41,7 @@ void pasteArrived(Program& program);
 /// Runs `take` in the drawing phase: now, or, from another phase, as soon as its stage has begun.
 void takeInDrawing(Program& program, std::function<void(Program&)> take);
 
-/// What waited for the drawing phase; run by its stage.
-void takeWhatWaited(Program& program);
+/// What waited for the drawing phase; run by its stage. \returns whether anything did.
+bool takeWhatWaited(Program& program);
 
 }  // namespace gridwright

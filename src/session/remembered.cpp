@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "printing/page.h"
 #include "session/arrivals.h"
 
 namespace gridwright {
@@ -66,14 +67,7 @@ void recallSettings(Program& program) {
   program.workshop.firstTool = toolOf(recalled(program, kTool));
   const std::string font = recalled(program, kFont);
   if (!font.empty()) program.workshop.words.font = font;
-  recalled(program, kWhiteGround);
-  recallWhiteGround(program);
-}
-
-void recallWhiteGround(Program& program) {
-  const bool on = program.remembered[std::string(kWhiteGround)] == kOn;
-  program.state.print.whiteGround = on;
-  program.menus.setChecked(Item::whiteground, on);
+  setWhiteGround(program, recalled(program, kWhiteGround) == kOn);
 }
 
 void rememberSettings(Program& program) {

@@ -10,9 +10,6 @@ namespace gridwright {
 /// The program begins: what was remembered stands. What is malformed counts as nothing.
 void recallSettings(Program& program);
 
-/// A drawing begins, with all its settings as at the start but the white ground, which stays as it was.
-void recallWhiteGround(Program& program);
-
 /// Tells the desktop what has changed since it was asked or told; a few comparisons when nothing has.
 void rememberSettings(Program& program);
 

@@ -142,7 +142,6 @@ Stage drawingStage(Program& program) {
   s.mazeColor = s.keptMazeColor;
   s.keepPicture = s.walker.walkStartKept = false;
   captionDrawing(program);
-  hintAtKeys(program);
   followWindow(program, program.platform.clientSize());
   program.canvas.setAutoRedraw(true);
   if (s.drawing.reloadDrawing) paintWorkPicture(program, "drawing1.bmp");
@@ -151,7 +150,7 @@ Stage drawingStage(Program& program) {
   giveBrushBack(s);
   s.drawing.skipPaintOnce = true;  // each way here measures: the Canvas and the grid may be others now
   comeBackToDrawing(program);
-  takeWhatWaited(program);
+  if (!takeWhatWaited(program)) hintAtKeys(program);  // what came has its own words
   drawpicture(program);
   if (s.phase == Phase::quitToTitle) return Stage::title;
   program.canvas.resize(program.platform.maximise());

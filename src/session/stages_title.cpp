@@ -9,6 +9,7 @@
 #include "menus/enable_table.h"
 #include "menus/menu_rules.h"
 #include "menus/pump.h"
+#include "printing/page.h"
 #include "printing/print_job.h"
 #include "session/defaults.h"
 #include "session/remembered.h"
@@ -80,8 +81,9 @@ Stage leaveTitleStage(Program& program) {
   ProgramState& s = program.state;
   program.canvas.clearPicture();
   enableTitles(program, true);
+  const bool whiteGround = program.state.print.whiteGround;
   forgetEverything(program);
-  recallWhiteGround(program);
+  setWhiteGround(program, whiteGround);  // it is of the paper, not of the drawing
   endJob(program);
   tellOfFolder(program);
   program.steps.resetAll();

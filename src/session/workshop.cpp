@@ -47,8 +47,9 @@ bool showSame(const Bitmap& one, const Bitmap& other) {
 void layFirstSheet(Program& program) {
   Workshop& w = program.workshop;
   const auto kept = keptSheet(program);
-  w.isKept = kept && !kept->pixels.empty();
-  w.sheet = std::make_unique<Sheet>(w.isKept ? Sheet::asKept(*kept) : Sheet(w.canvas));
+  const bool isThere = kept && !kept->picture.pixels.empty();
+  w.keptIn = isThere ? kept->place : std::filesystem::path();
+  w.sheet = std::make_unique<Sheet>(isThere ? Sheet::asKept(kept->picture) : Sheet(w.canvas));
   w.sheet->choose(w.firstTool);
 }
 
@@ -202,13 +203,12 @@ void keepLastSheet(Program& program) {
   if (!w.sheet) return;
   w.sheet->endStroke();
   if (isPaperAlone(w.sheet->picture())) return;
-  keepSheet(program, w.sheet->picture(), !w.isKept);
-  w.isKept = true;
+  w.keptIn = keepSheet(program, w.sheet->picture(), w.keptIn);
 }
 
 void giveUpSheet(Program& program) {
   keepLastSheet(program);
-  program.workshop.isKept = false;
+  program.workshop.keptIn.clear();
 }
 
 void autosaveSheet(Program& program) {

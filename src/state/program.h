@@ -40,11 +40,13 @@ struct UndoMarks {
 /// What is known of last-drawing.bmp. Each drawing bears a number: begun at the title, new, imported or
 /// loaded.
 struct LastPicture {
-  int drawing = 1;  ///< The one on the Canvas; undo brings back an earlier one.
-  int newest = 1;   ///< The highest number that was given.
-  int inFile = 0;   ///< The one that was kept last; 0 for one of another run.
-  /// What the drawing before left, where no file holds it.
+  int drawing = 1;              ///< The one on the Canvas; undo brings back an earlier one.
+  int newest = 1;               ///< The highest number that was given.
+  int inFile = 0;               ///< The one that was kept last; 0 for one of another run.
+  std::filesystem::path place;  ///< The folder that it was kept in.
+  /// What the drawing before `beforeOf` left, where no file holds it.
   std::optional<Bitmap> before;
+  int beforeOf = 0;
 };
 
 struct Program {

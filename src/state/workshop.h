@@ -51,7 +51,7 @@ struct Workshop {
   WorkshopPage page = WorkshopPage::sheet;  ///< The other shows `PreparePanel`.
   /// Null until the workshop is opened, as the run before left it; it stays until the program ends.
   std::unique_ptr<Sheet> sheet;
-  bool isKept = false;     ///< What was kept last is of this sheet, not of one before it.
+  std::filesystem::path keptIn;  ///< The folder where this sheet is kept; empty while it is not.
   ColourSets drawingSets;  ///< What colours mean in the drawing, as the workshop was opened.
   ToolSettings firstTool;  ///< What the first sheet begins with.
   WordSettings words;

@@ -43,6 +43,13 @@ struct Sitting : DiskSession {
     desktop.act(input::autosave);
     desktop.pumpsPass(1);
   }
+  void resize(Size size) {
+    desktop.act([this, size](Program& p) {
+      desktop.setClient(size);
+      input::resized(p, size);
+    });
+    desktop.pumpsPass(3);
+  }
   void choose(Item item) {
     desktop.menu(item);
     desktop.pumpsPass(3);
@@ -177,6 +184,75 @@ TEST(LastPicture, ThatIsTakenBackIsNotLost) {
   s.run();
 }
 
+TEST(LastPicture, ThatIsTakenBackToAnEmptyDrawingIsNotLost) {
+  const TempFolder temp;
+  leave(temp, "last-drawing.bmp", kA);
+  Sitting s(temp.path());
+  s.choose(Item::lastpicture);
+  s.choose(Item::undo);
+  s.look([](Program& p) { EXPECT_FALSE(p.canvas.showsAnything()); });
+  s.choose(Item::lastpicture);
+  s.onCanvas(kA, "once more");
+  s.run();
+}
+
+TEST(LastPicture, ThatIsKeptAgainSpendsNoPictureBeforeIt) {
+  const TempFolder temp;
+  leave(temp, "last-drawing.bmp", kA);
+  leave(temp, "last-drawing.bmp~", kOld);
+  Sitting s(temp.path());
+  s.choose(Item::lastpicture);
+  s.autosave();
+  s.inFiles(kA, kOld, "as it was brought back");
+  s.paint(kC);
+  s.autosave();
+  s.inFiles(kC, kA, "changed");
+  s.run();
+}
+
+TEST(ADrawing, ThatASmallerWindowCutsIsKeptWhole) {
+  const Bitmap cut = drawing({"..#", "###"});
+  for (const bool byNewDrawing : {false, true}) {
+    const TempFolder temp;
+    leave(temp, "last-drawing.bmp", kOld);
+    Sitting s(temp.path());
+    s.paint(kA);
+    s.autosave();
+    s.resize({cut.width, cut.height});
+    if (byNewDrawing) s.choose(Item::rmazes);
+    s.run();
+    s.expectFiles(kA, kOld, "at the end");
+  }
+}
+
+TEST(ADrawing, ThatASmallerWindowCutsIsKeptWholeBeneathItsMazeToo) {
+  const TempFolder temp;
+  leave(temp, "last-drawing.bmp", kOld);
+  Sitting s(temp.path());
+  s.draw();
+  s.autosave();
+  s.resize({60, 40});
+  s.choose(Item::createreg);
+  s.desktop.untilPhase(Phase::making);
+  s.desktop.pumpsPass(3);
+  s.autosave();
+  s.inFiles(kRoom, kOld, "beneath the maze");
+  s.run();
+}
+
+TEST(LastPicture, OfALargerWindowIsNotCutByASmallerOne) {
+  const TempFolder temp;
+  const Bitmap large = withBox(plainBitmap(300, 200, kMaroon), 200);
+  leave(temp, "last-drawing.bmp", large);
+  Sitting s(temp.path());
+  s.paint(kB);
+  s.choose(Item::lastpicture);
+  s.inFiles(large, kB, "in a window of 70 by 50");
+  s.choose(Item::lastpicture);
+  s.inFiles(kB, large, "and back");
+  s.run();
+}
+
 TEST(LastPicture, IsWhatADrawingGivenUpLeft) {
   const TempFolder temp;
   leave(temp, "last-drawing.bmp", kOld);
@@ -228,6 +304,58 @@ TEST(AFolderThatTakesNoFiles, HasItsLastPicturesInTheDataFolder) {
   next.onCanvas(kA, "in the next run");
   const ReadOnly readOnly(temp.path());
   next.run();
+}
+
+TEST(ADiskThatFillsUp, HasItsLastPictureWhereItCouldBeKept) {
+  const TempFolder temp, home;
+  leave(temp, "last-drawing.bmp", kOld);
+  const fs::path data = home.path() / "gridwright";
+  {
+    Sitting s(temp.path());
+    s.program.dataFolder = data;
+    s.paint(kA);
+    s.desktop.act([&](Program&) { s.desktop.full = temp.path(); });
+    s.choose(Item::rmazes);
+    s.paint(kB);
+    s.choose(Item::lastpicture);
+    s.onCanvas(kA, "in the same run");
+    s.choose(Item::lastpicture);
+    s.onCanvas(kB, "and back");
+    s.run();
+  }
+  fs::last_write_time(temp.path() / "last-drawing.bmp",
+                      fs::last_write_time(data / "last-drawing.bmp") - std::chrono::seconds(1));
+  Sitting next(temp.path());
+  next.program.dataFolder = data;
+  next.choose(Item::lastpicture);
+  next.onCanvas(kB, "in the next run");
+  next.run();
+}
+
+TEST(ASheet, ThatCouldNotBeKeptCoversNoOtherLater) {
+  const TempFolder temp;
+  leave(temp, "last-sheet.bmp", kOld);
+  Sitting s(temp.path());
+  s.choose(Item::workshop);
+  s.desktop.act(newsheet);
+  const auto dab = [](int x) {
+    return [x](Program& p) {
+      onSheet(p, [x](Sheet& sheet) {
+        sheet.press(x, 10);
+        sheet.release(x, 10);
+      });
+    };
+  };
+  s.desktop.act(dab(10));
+  s.desktop.act([&](Program&) { s.desktop.full = temp.path(); });
+  s.autosave();
+  s.desktop.act([&](Program&) { s.desktop.full.clear(); });
+  s.desktop.act(dab(30));
+  s.autosave();
+  s.look([&](Program&) {
+    EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "last-sheet.bmp~").value(), kOld));
+  });
+  s.run();
 }
 
 TEST(AProgramThatIsKilledWhileItKeepsADrawing, LosesNoneOfThem) {

@@ -167,9 +167,18 @@ TEST(ARun, ShowsHowFarItIsAndEndsByItsButton) {
   session.program.controls.setCaption("a run");
   session.pump(Pace::housekeeping);
   EXPECT_FALSE(button.isHidden());
-  EXPECT_EQ(button.text(), "Cancel printing: 3 of 40 done");
+  EXPECT_EQ(button.text(), "Cancel printing");
   EXPECT_EQ(session.desktop.clientSize(), canvas) << "it takes nothing from the Canvas";
   EXPECT_EQ(button.height(), session.desktop.window().statusLine().height());
+  for (const bool off : {true, false, true}) {
+    session.program.statusLineOff = off;
+    session.program.controls.setCaption(off ? "a run without a line" : "a run");
+    session.pump(Pace::housekeeping);
+    EXPECT_EQ(button.text(), off ? "Cancel printing: 3 of 40 done" : "Cancel printing");
+    EXPECT_TRUE(button.isVisible());
+    EXPECT_GE(button.height(), button.fontMetrics().height());
+    EXPECT_EQ(button.geometry().bottomRight(), button.parentWidget()->rect().bottomRight());
+  }
   QTest::mouseClick(&button, Qt::LeftButton);
   session.pump(Pace::housekeeping);
   session.pump(Pace::idle);

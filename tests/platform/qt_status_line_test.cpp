@@ -219,9 +219,24 @@ TEST(TheTime, StandsStillUnderPanelsAndBeginsAnewWithTheNextMaze) {
   s.paused = false;
   after(60);
   EXPECT_EQ(after(61), 5);
+  meter.skip(begin + std::chrono::seconds(90));
+  EXPECT_EQ(after(91), 6) << "a dialog stood over everything";
   ++s.session.begun;
-  EXPECT_EQ(after(62), 0);
-  EXPECT_EQ(after(63), 1);
+  EXPECT_EQ(after(92), 0);
+  EXPECT_EQ(after(93), 1);
+  s.creationMode = CreationMode::user;
+  EXPECT_EQ(after(95), 3) << "by hand it takes time too";
+}
+
+TEST(TheNextMazeOfARun, HasNotTheCountsOfTheOneBefore) {
+  Line w;
+  w.program.state.phase = Phase::making;
+  const auto begin = StatusMeter::Clock::now();
+  StatusMeter meter;
+  EXPECT_TRUE(meter.look(w.program, true, begin).growth);
+  ++w.program.state.session.begun;
+  EXPECT_FALSE(meter.look(w.program, true, begin + std::chrono::milliseconds(100)).growth);
+  EXPECT_TRUE(meter.look(w.program, true, begin + std::chrono::milliseconds(600)).growth);
 }
 
 TEST(ARun, HasABarOfTheMazesThatAreDone) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -248,10 +249,28 @@ TEST(TheFirstDrawing, SaysThatF1ShowsTheKeysAndNoLaterOne) {
 
 TEST(TheKeysOfTheMenus, ChooseOneItemEachAndF5TheTickedKind) {
   MenuModel menus;
+  const std::map<std::string_view, std::string_view> kCaptions = {{"Ctrl+N", "New maze "},
+                                                                  {"Ctrl+S", "Save Gridwright Drawing"},
+                                                                  {"Ctrl+L", "Load Gridwright Drawing"},
+                                                                  {"Ctrl+P", "print the window"},
+                                                                  {"F6", "Solve maze"},
+                                                                  {"F7", "Place start and finish"},
+                                                                  {"F8", "Go back to Drawing"},
+                                                                  {"Ctrl+Q", "Quit to Main Menu"},
+                                                                  {"F1", "Keys…"},
+                                                                  {"F11", "Whole screen"},
+                                                                  {"Ctrl+O", "Open picture…"},
+                                                                  {"Ctrl+V", "Paste picture"},
+                                                                  {"Ctrl+D", "Workshop…"},
+                                                                  {"Ctrl+Z", "Undo"},
+                                                                  {"Ctrl+Shift+Z", "Redo"},
+                                                                  {"Ctrl+Y", "Redo"}};
   for (const Shortcut& shortcut : kShortcuts) {
     const auto item = itemOfKeys(menus, shortcut.keys);
     ASSERT_TRUE(item) << shortcut.keys;
     EXPECT_NE(commandOf(*item), nullptr) << shortcut.keys;
+    if (shortcut.keys == "F5") continue;
+    EXPECT_EQ(menus.caption(*item), kCaptions.at(shortcut.keys));
   }
   EXPECT_EQ(itemOfKeys(menus, "F5"), Item::createreg);
   EXPECT_EQ(keysOfItem(menus, Item::createreg), "F5");

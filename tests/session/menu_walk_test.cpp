@@ -66,7 +66,7 @@ const std::array kRows = {
     Row{Item::openrecent, ".xxxxx"},
     Row{Item::openexample, ".xxxxx"},
     Row{Item::pastepicture, ".xxxxx"},
-    Row{Item::lastpicture, ".x...."},
+    Row{Item::lastpicture, ".x....", false, false, true},
     Row{Item::workshop, ".x...."},
     Row{Item::preparepicture, ".x...."},
     Row{Item::whiteground, ".xxxxx"},

@@ -83,6 +83,18 @@ TEST(AWhiteGroundThatIsTakenOff, IsForgottenAgain) {
   next.ends();
 }
 
+TEST(AWhiteGround, StaysThroughTheTitleWhetherOrNotItIsRemembered) {
+  Sitting run;
+  run.desktop.menu(Item::whiteground);
+  run.desktop.menu(Item::quit2);
+  run.desktop.click(ControlId::Command2);
+  run.desktop.untilPhase(Phase::drawing);
+  run.desktop.look([](Program& p) {
+    EXPECT_TRUE(p.state.print.whiteGround && p.menus.checked(Item::whiteground));
+  });
+  run.ends();
+}
+
 TEST(OfTheSettingsOfMazes, NothingIsRemembered) {
   Sitting run;
   run.desktop.menu(Item::cgenerate);

@@ -11,8 +11,10 @@ class DiskDesktop : public BareDesktop {
   Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override { return readBitmapFile(path); }
   Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
                                Overwrite how) override {
+    if (path.parent_path() == full) return Fault{Fault::Kind::notWritable, path.string()};
     return writeBitmapFile(picture, path, how);
   }
+  std::filesystem::path full;  ///< A folder whose disk has room for small files, but for no picture.
 };
 
 }  // namespace gridwright::test

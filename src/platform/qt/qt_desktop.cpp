@@ -52,7 +52,13 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
   listenToWindow();
   autosave_.setSingleShot(true);
   autosave_.setInterval(std::chrono::seconds(input::kAutosaveSeconds));
-  QObject::connect(&autosave_, &QTimer::timeout, &window_, [this] { inputs_.byTimer(input::autosave); });
+  QObject::connect(&autosave_, &QTimer::timeout, &window_, [this] {
+    inputs_.byTimer([this](Program& program) {
+      // A command that was just taken may be leaving the drawing: what it leaves is kept later.
+      if (program.state.keyBusy) return autosave_.start();
+      input::autosave(program);
+    });
+  });
   window_.open();
 }
 
@@ -69,6 +75,11 @@ void QtDesktop::listenToWindow() {
   };
   window_.view().onMouse = [this](int button) {
     inputs_.byPerson([button](Program& program) { input::mouseDown(program, button); });
+  };
+  window_.onMenus = [this] {
+    if (program_ == nullptr || !program_->keys.shown) return true;
+    inputs_.byPerson(input::viewDismissed);  // like any other key
+    return false;
   };
   window_.onShortcut = [this](std::string_view keys) { shortcut(keys); };
   window_.view().onDismiss = [this] {
@@ -247,6 +258,22 @@ void QtDesktop::setNormalPlace(const WindowPlace& place) {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
+namespace {
+
+/// A window that was partly off the screen keeps its size, and one that was on another screen what fits.
+WindowPlace ontoAScreen(const WindowPlace& place) {
+  QRect wanted(place.left, place.top, place.width, place.height);
+  const QScreen* screen = QGuiApplication::screenAt(wanted.center());
+  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+  const QRect room = screen->availableGeometry();
+  wanted.setSize(wanted.size().boundedTo(room.size()));
+  wanted.moveLeft(std::clamp(wanted.left(), room.left(), room.right() + 1 - wanted.width()));
+  wanted.moveTop(std::clamp(wanted.top(), room.top(), room.bottom() + 1 - wanted.height()));
+  return {wanted.left(), wanted.top(), wanted.width(), wanted.height()};
+}
+
+}  // namespace
+
 std::string QtDesktop::remembered(std::string_view key) {
   return memory_ ? memory_->value(key) : std::string();
 }
@@ -260,7 +287,7 @@ void QtDesktop::rememberIn(const std::filesystem::path& file) {
   placeKnown_ = memory_->value(kPlace);
   WindowPlace place;
   std::istringstream in(placeKnown_);
-  if (in >> place.left >> place.top >> place.width >> place.height) setNormalPlace(place);
+  if (in >> place.left >> place.top >> place.width >> place.height) setNormalPlace(ontoAScreen(place));
 }
 
 void QtDesktop::rememberPlace() {
@@ -337,7 +364,13 @@ void QtDesktop::messageBox(std::string_view text) {
   if (program_ != nullptr) bringInLine(*program_);
   QMessageBox box(QMessageBox::NoIcon, QString(), qString(text), QMessageBox::Ok, &window_);
   box.setTextFormat(Qt::PlainText);
-  box.exec();
+  run(box);
+}
+
+int QtDesktop::run(QDialog& dialog) {
+  const int answer = dialog.exec();
+  window_.statusLine().skipTime();
+  return answer;
 }
 
 bool QtDesktop::openElsewhere(const std::filesystem::path& file) {

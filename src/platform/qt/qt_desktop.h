@@ -122,6 +122,7 @@ class QtDesktop : public Platform {
   void mirrorKeys(const Program& program);
   void mirrorMarks(const Program& program);
   void shortcut(std::string_view keys);
+  int run(QDialog& dialog);
 
   InputQueue inputs_;
   Window window_;

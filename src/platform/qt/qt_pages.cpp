@@ -30,7 +30,7 @@ void QtDesktop::listenToPages() {
 }
 
 void QtDesktop::mirrorPages(const Program& program) {
-  window_.runCancel().mirror(program.state.print);
+  window_.runCancel().mirror(program.state.print, program.statusLineOff);
   if (pagesShown_ == program.pages.revision) return;
   pagesShown_ = program.pages.revision;
   pageSetup_->mirror(program.pages);
@@ -54,7 +54,7 @@ void QtDesktop::askForPaper() {
   const auto printer = printing_.printerFor({0, 0, nullptr, 0}, setup);
   const QPageLayout before = printer->pageLayout();
   QPageSetupDialog dialog(printer.get(), &window_);
-  if (dialog.exec() != QDialog::Accepted) return;
+  if (run(dialog) != QDialog::Accepted) return;
   pageSetup_->show(withChanges(setup, before, printer->pageLayout()));
 }
 
@@ -67,7 +67,7 @@ void QtDesktop::previewPage(const BitmapView& picture, const PageLook& look) {
     QPainter painter(onto);
     paintPage(painter, picture, look);
   });
-  dialog.exec();
+  run(dialog);
 }
 
 UsualPaper QtDesktop::usualPaper() { return printing_.usualPaper(); }

@@ -117,7 +117,7 @@ std::optional<std::filesystem::path> QtDesktop::choosePicture() {
   QFileDialog dialog(&window_, "Open picture",
                      QStandardPaths::writableLocation(QStandardPaths::PicturesLocation), kFilter);
   dialog.setFileMode(QFileDialog::ExistingFile);
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  if (run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return std::filesystem::path(QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString());
 }
 

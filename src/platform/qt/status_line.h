@@ -52,6 +52,8 @@ class StatusLine : public QWidget {
   /// Brings both sides in line with the program, if anything has changed since.
   void mirror(const Program& program);
 
+  /// A dialog stood over everything until now: its time is no time of a maze.
+  void skipTime() { meter_.skip(StatusMeter::Clock::now()); }
   [[nodiscard]] const StatusMeter& meter() const { return meter_; }
   [[nodiscard]] QString notice() const { return notice_->words(); }
   [[nodiscard]] QString status() const { return status_->words(); }

@@ -6,11 +6,11 @@ namespace gridwright {
 
 namespace {
 
-/// While the computer carves, and while a person solves.
+/// While a maze grows, and while a person solves it.
 bool timeRuns(const Program& program) {
   const ProgramState& s = program.state;
   if (s.paused || s.panelOpen || program.keys.shown) return false;
-  if (s.phase == Phase::making) return s.creationMode == CreationMode::computer;
+  if (s.phase == Phase::making) return true;
   return statusOf(s).tells == Status::Tells::player;
 }
 
@@ -28,6 +28,8 @@ const Counted& StatusMeter::look(const Program& program, bool seen, Clock::time_
   return counted_;
 }
 
+void StatusMeter::skip(Clock::time_point now) { last_ = now; }
+
 void StatusMeter::count(const Program& program, bool seen, Clock::time_point now, bool anew) {
   if (program.state.phase != Phase::making) {
     counted_.growth.reset();
@@ -35,7 +37,8 @@ void StatusMeter::count(const Program& program, bool seen, Clock::time_point now
     return;
   }
   const std::uint64_t painted = program.canvas.changes();
-  countDue_ = seen && (anew || !counted_.growth || painted != countedAt_);
+  if (anew) counted_.growth.reset();  // of a maze that is not there any more
+  countDue_ = seen && (!counted_.growth || painted != countedAt_);
   const bool soon = counts_ > 0 && now - lastCount_ < kBetweenCounts;
   if (!countDue_ || soon) return;
   counted_.growth = growthOfMaze(program);

@@ -20,6 +20,9 @@ class StatusMeter {
   /// sheet of keys.
   const Counted& look(const Program& program, bool seen, Clock::time_point now);
 
+  /// What has passed since the last look does not count: a dialog stood over everything.
+  void skip(Clock::time_point now);
+
   /// Whether another look is worth something, though nothing happens.
   [[nodiscard]] bool isRunning() const { return runs_ || countDue_; }
 

@@ -18,10 +18,7 @@
 namespace gridwright {
 
 Window::Window()
-    : inside_(new QWidget(this)),
-      view_(new CanvasView(inside_)),
-      statusLine_(new StatusLine(inside_)),
-      runCancel_(new RunCancel(inside_)) {
+    : inside_(new QWidget(this)), view_(new CanvasView(inside_)), statusLine_(new StatusLine(inside_)) {
   auto* column = new QVBoxLayout(inside_);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -29,7 +26,7 @@ Window::Window()
   auto* row = new QHBoxLayout;
   row->setSpacing(0);
   row->addWidget(statusLine_, 1);
-  row->addWidget(runCancel_);
+  runCancel_ = new RunCancel(inside_, row);
   column->addLayout(row);
   setCentralWidget(inside_);
   menuBar()->setNativeMenuBar(false);
@@ -105,6 +102,7 @@ std::vector<std::filesystem::path> localFiles(const QMimeData& data) {
 }
 
 void Window::openFirstMenu() {
+  if (onMenus && !onMenus()) return;
   for (QAction* title : menuBar()->actions()) {
     if (!title->isVisible() || !title->isEnabled()) continue;
     menuBar()->setActiveAction(title);

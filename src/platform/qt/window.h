@@ -26,6 +26,9 @@ class Window : public QMainWindow {
   /// Keys of the menus, as the table of them writes them, while no text box has them.
   std::function<void(std::string_view keys)> onShortcut;
 
+  /// F10 was pressed: whether the menus may be opened now.
+  std::function<bool()> onMenus;
+
   /// Shows the window with room for the smallest Canvas; its menus must stand already.
   void open();
 
@@ -49,7 +52,7 @@ class Window : public QMainWindow {
   QWidget* inside_;
   CanvasView* view_;
   StatusLine* statusLine_;
-  RunCancel* runCancel_;
+  RunCancel* runCancel_ = nullptr;
 };
 
 /// The files of this computer that dragged or copied data names.
