@@ -82,26 +82,97 @@ TEST(AStrokeInTheView, IsPaintedAloneAndNowAndThenWithTheOneBefore) {
   EXPECT_LT(withTheOneBefore, 20);
 }
 
-TEST(TheCanvasSize, FollowsTheViewBetween800By600And1000By1000) {
+TEST(TheCanvasSize, IsTheViewsInPointsUpTo1000By1000) {
   CanvasView view(nullptr);
   const auto sizeAt = [&](int width, int height) {
     view.resize(width, height);
     return std::pair(view.clientSize().width, view.clientSize().height);
   };
-  EXPECT_EQ(sizeAt(300, 200), std::pair(800, 600));
+  EXPECT_EQ(sizeAt(300, 200), std::pair(300, 200));
   EXPECT_EQ(sizeAt(900, 700), std::pair(900, 700));
   EXPECT_EQ(sizeAt(1900, 1200), std::pair(1000, 1000));
+  EXPECT_EQ(sizeAt(1900, 900), std::pair(1000, 900));
+  EXPECT_EQ(sizeAt(20, 20), std::pair(50, 50));
 }
 
-TEST(ALargerView, HasTheCanvasInTheMiddleAndASmallerOneItsTopLeft) {
+/// By the number of screen pixels, whatever the scale is at which the tests are run.
+void giveRoom(CanvasView& view, int width, int height) {
+  view.resize(static_cast<int>(width / view.devicePixelRatioF()),
+              static_cast<int>(height / view.devicePixelRatioF()));
+}
+
+TEST(TheCanvas, IsShownByTheLargestWholeOrHalfNumberAtWhichAllOfItIsSeen) {
   CanvasView view(nullptr);
   Canvas canvas;  // 800 by 600
   view.showChanges(canvas);
-  view.resize(1000, 700);
-  EXPECT_EQ(view.placeOf({0, 0, 800, 600}), QRectF(100, 50, 800, 600));
-  view.resize(640, 480);
-  EXPECT_EQ(view.placeOf({0, 0, 800, 600}), QRectF(0, 0, 800, 600));
-  EXPECT_EQ(view.visibleCanvas(), QRect(0, 0, 640, 480));
+  const double ratio = view.devicePixelRatioF();
+  struct Case {
+    int width, height;
+    double zoom;
+    int left, top;
+  };
+  for (const Case& room :
+       {Case{800, 600, 1, 0, 0}, Case{1000, 700, 1, 100, 50}, Case{1200, 900, 1.5, 0, 0},
+        Case{1320, 900, 1.5, 60, 0}, Case{1800, 1200, 2, 100, 0}, Case{2040, 1500, 2.5, 20, 0},
+        Case{640, 480, 0.5, 120, 90}, Case{3840, 2100, 3.5, 520, 0}, Case{90, 90, 0.5, 0, 0}}) {
+    if (ratio != 1 && ratio != 2) continue;  // a view has whole points
+    giveRoom(view, room.width, room.height);
+    const QRectF place = view.placeOf({0, 0, 800, 600});
+    EXPECT_EQ(place,
+              QRectF(room.left / ratio, room.top / ratio, 800 * room.zoom / ratio, 600 * room.zoom / ratio))
+        << room.width << " x " << room.height;
+  }
+}
+
+/// The pixels of the view's screen, painted in one go or in bits.
+QImage screenOf(CanvasView& view, const std::vector<QRect>& parts) {
+  QImage screen(view.size() * view.devicePixelRatioF(), QImage::Format_RGB32);
+  screen.setDevicePixelRatio(view.devicePixelRatioF());
+  for (const QRect& part : parts) view.render(&screen, part.topLeft(), part);
+  return screen;
+}
+
+TEST(TheCanvas, LooksTheSameAtAHalfNumberHoweverItIsPainted) {
+  CanvasView view(nullptr);
+  Canvas canvas;
+  canvas.resize({100, 80});
+  for (int y = 0; y < 80; ++y)
+    for (int x = 0; x < 100; ++x)
+      canvas.fill(x, y, x, y, kPalette[static_cast<std::size_t>((x * 7 + y * 3) % 16)]);
+  for (const int percent : {50, 100, 150, 250}) {
+    giveRoom(view, percent, percent * 80 / 100);
+    view.showChanges(canvas);
+    const QImage whole = screenOf(view, {view.rect()});
+    std::vector<QRect> bits;
+    for (int y = 0; y < view.height(); y += 7)
+      for (int x = 0; x < view.width(); x += 11) bits.push_back(QRect(x, y, 11, 7) & view.rect());
+    EXPECT_EQ(screenOf(view, bits), whole) << percent;
+    if (percent < 100 || view.devicePixelRatioF() != 1) continue;
+    int wrong = 0;
+    for (int y = 0; y < 80; ++y)
+      for (int x = 0; x < 100; ++x)
+        wrong += whole.pixel((2 * x + 1) * percent / 200, (2 * y + 1) * percent / 200) !=
+                 screenColour(canvas.shownPoint(x, y));
+    EXPECT_EQ(wrong, 0) << percent;
+  }
+}
+
+TEST(TheTitle, IsShownWholeHoweverLargeTheCanvasIs) {
+  for (const Size size : {Size{1000, 1000}, Size{500, 300}}) {
+    CanvasView view(nullptr);
+    view.resize(800, 600);
+    Canvas canvas;
+    canvas.resize(size);
+    canvas.setPicture(plainBitmap(800, 600, kPalette[1]));
+    view.setAtTitle(true);
+    view.showChanges(canvas);
+    const QImage seen = view.grab().toImage();
+    for (const QPoint corner : {QPoint(1, 1), QPoint(797, 1), QPoint(1, 597), QPoint(797, 597)}) {
+      const QPointF place = view.placeOf({corner, QSize(2, 2)}).center() * view.devicePixelRatioF();
+      EXPECT_EQ(seen.pixel(place.toPoint()), screenColour(kPalette[1]));
+    }
+    EXPECT_TRUE(QRectF(view.rect()).contains(view.placeOf({0, 0, 800, 600})));
+  }
 }
 
 TEST(AKey, IsToldHowItCameAfterTheOneBefore) {

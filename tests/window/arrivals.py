@@ -129,13 +129,15 @@ class Arrivals:
 
     def regions(self):
         desktop = self.desktop
-        before = desktop.quietShot()
+        left, top, right, bottom = desktop.client()
+        view = left, top, right, bottom - 20  # what is told below it goes by itself
+        before = desktop.quietShot().part(*view)
         desktop.key("alt+f")
         until(lambda: desktop.windows() >= 2, "the menu is open")
         desktop.key("h")  # the letter of the item, wherever it stands
-        until(lambda: desktop.windows() == 1 and desktop.quietShot().data != before.data, "the regions are shown")
+        until(lambda: desktop.windows() == 1 and desktop.quietShot().part(*view) != before, "the regions are shown")
         desktop.key("l")
-        until(lambda: desktop.shot().data == before.data, "a key closes them, and moves no square")
+        until(lambda: desktop.shot().part(*view) == before, "a key closes them, and moves no square")
 
 
 def main(program, source):

@@ -18,6 +18,8 @@ namespace gridwright {
 namespace {
 
 constexpr int kMostRemembered = 32;
+constexpr double kPointsOfInch = 96;
+constexpr double kRounding = 1e-6;    // 800 points must not become 799 by a broken scale factor
 constexpr std::uint64_t kSoon = 300;  // milliseconds between keys of one go
 constexpr std::uint64_t kAtOnce = 5;  // no finger lets go and presses again so soon
 
@@ -33,8 +35,14 @@ CanvasView::CanvasView(QWidget* parent)
   pixels_ = picture_.bits();
 }
 
-// Rounded down: a scale of 150 % must not push a Canvas of 800 by 600 off a laptop's screen.
-int CanvasView::zoom() const { return std::max(1, static_cast<int>(std::floor(devicePixelRatioF()))); }
+double CanvasView::dotsOfPoint() const { return devicePixelRatioF() * logicalDpiX() / kPointsOfInch; }
+
+double CanvasView::zoom() const {
+  const QSize screen = screenSize();
+  const int halves =
+      std::min(2 * screen.width() / canvasSize_.width, 2 * screen.height() / canvasSize_.height);
+  return std::max(1, halves) / 2.0;
+}
 
 QSize CanvasView::screenSize() const {
   return {static_cast<int>(std::lround(width() * devicePixelRatioF())),
@@ -42,26 +50,26 @@ QSize CanvasView::screenSize() const {
 }
 
 QPoint CanvasView::origin() const {
-  const QSize screen = screenSize();
-  return {std::max(0, (screen.width() - canvasSize_.width * zoom()) / 2),
-          std::max(0, (screen.height() - canvasSize_.height * zoom()) / 2)};
+  const QSizeF room = screenSize() - QSizeF(canvasSize_.width, canvasSize_.height) * zoom();
+  return {std::max(0, static_cast<int>(room.width() / 2)), std::max(0, static_cast<int>(room.height() / 2))};
 }
 
 Size CanvasView::clientSize() const {
+  const auto points = [this](int dots) { return static_cast<int>(dots / dotsOfPoint() + kRounding); };
   const QSize screen = screenSize();
-  return {std::clamp(screen.width() / zoom(), kSmallest.width, Canvas::kSide),
-          std::clamp(screen.height() / zoom(), kSmallest.height, Canvas::kSide)};
+  return {std::clamp(points(screen.width()), kSmallest.width, Canvas::kSide),
+          std::clamp(points(screen.height()), kSmallest.height, Canvas::kSide)};
 }
 
 QSize CanvasView::sizeHint() const {
-  const double points = zoom() / devicePixelRatioF();
-  return {static_cast<int>(std::ceil(kSmallest.width * points)),
-          static_cast<int>(std::ceil(kSmallest.height * points))};
+  const double scale = dotsOfPoint() / devicePixelRatioF();
+  return {static_cast<int>(std::ceil(kUsual.width * scale)),
+          static_cast<int>(std::ceil(kUsual.height * scale))};
 }
 
 QRectF CanvasView::placeOf(const QRect& box) const {
   const double ratio = devicePixelRatioF();
-  const QPoint at = origin() + box.topLeft() * zoom();
+  const QPointF at = QPointF(origin()) + QPointF(box.topLeft()) * zoom();
   return {at.x() / ratio, at.y() / ratio, box.width() * zoom() / ratio, box.height() * zoom() / ratio};
 }
 
@@ -92,11 +100,13 @@ QRect CanvasView::copyChanges(const Canvas& canvas, const Canvas::Dirty& part) {
 }
 
 bool CanvasView::showChanges(Canvas& canvas) {
-  const Canvas::Dirty part = canvas.takeDirty();
+  Canvas::Dirty part = canvas.takeDirty();
+  if (atTitle_ && !part.empty()) part = {0, 0, kUsual.width, kUsual.height};  // also what lies beyond the Canvas
   QRect changed;
   if (!part.empty()) changed = copyChanges(canvas, part);
-  if (canvas.scaleWidth() != canvasSize_.width || canvas.scaleHeight() != canvasSize_.height) {
-    canvasSize_ = {canvas.scaleWidth(), canvas.scaleHeight()};
+  const Size size = atTitle_ ? kUsual : Size{canvas.scaleWidth(), canvas.scaleHeight()};
+  if (size != canvasSize_) {
+    canvasSize_ = size;
     if (onPlaced) onPlaced();
     repaint();
     return true;
@@ -138,7 +148,11 @@ void CanvasView::paintEvent(QPaintEvent* event) {
   painter.scale(zoom(), zoom());
   const QRect canvas(0, 0, canvasSize_.width, canvasSize_.height);
   const QRect wanted = painter.worldTransform().inverted().mapRect(QRectF(event->rect())).toAlignedRect();
-  const QRect part = wanted.adjusted(-1, -1, 1, 1) & canvas;
+  // Pairs of pixels: at a half number each of them is whole screen pixels, whatever part is painted.
+  const QRect near = wanted.adjusted(-1, -1, 1, 1) & canvas;
+  const QRect part =
+      QRect(QPoint(near.left() & ~1, near.top() & ~1), QPoint(near.right() | 1, near.bottom() | 1)) & canvas;
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, zoom() < 1);
   painter.drawImage(part.topLeft(), picture_, part);
   painter.drawImage(part.topLeft(), overlay_, part);
   painter.resetTransform();

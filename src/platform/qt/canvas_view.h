@@ -1,7 +1,9 @@
 // The part of the window that shows the Canvas, and that has the keyboard unless a text box has it.
 //
-// A Canvas pixel is a whole number of screen pixels, never smoothed. The Canvas lies in the middle of a
-// neutral surround; a view too small for it shows its top left.
+// The Canvas takes the view's size in points, of which a logical inch has 96, so that what is made does not
+// depend on the screen. It is shown by the largest whole or half number of screen pixels a Canvas pixel at
+// which all of it is seen, in the middle of a neutral surround; nothing is smoothed unless two pixels share
+// one.
 #pragma once
 
 #include <QImage>
@@ -27,7 +29,9 @@ struct EndMarks {
 
 class CanvasView : public QWidget {
  public:
-  static constexpr Size kSmallest{800, 600};
+  static constexpr Size kUsual{800,
+                               600};  ///< Of the Canvas in a window that was just opened, and of the title.
+  static constexpr Size kSmallest{50, 50};
 
   explicit CanvasView(QWidget* parent);
 
@@ -47,6 +51,9 @@ class CanvasView : public QWidget {
   /// Takes over what changed on the shown plane, and has it on the screen when it returns.
   /// \returns whether the screen looks different.
   bool showChanges(Canvas& canvas);
+
+  /// At the title its picture and the slides are what is shown, whole, however large the Canvas is.
+  void setAtTitle(bool on) { atTitle_ = on; }
 
   /// Lays colours over the Canvas, with a line under them; the next key or click is `onDismiss` then and
   /// nothing else. An empty picture takes them away.
@@ -73,8 +80,9 @@ class CanvasView : public QWidget {
   bool focusNextPrevChild(bool) override { return false; }
 
  private:
-  [[nodiscard]] int zoom() const;       ///< Screen pixels a Canvas pixel, along each axis.
-  [[nodiscard]] QPoint origin() const;  ///< Of the Canvas in the view, in screen pixels.
+  [[nodiscard]] double dotsOfPoint() const;  ///< Screen pixels a point.
+  [[nodiscard]] double zoom() const;         ///< Screen pixels a Canvas pixel, along each axis.
+  [[nodiscard]] QPoint origin() const;       ///< Of the Canvas in the view, in screen pixels.
   [[nodiscard]] QSize screenSize() const;
   KeyGo goOf(const QKeyEvent& event);
   QRect copyChanges(const Canvas& canvas, const Canvas::Dirty& part);
@@ -85,13 +93,13 @@ class CanvasView : public QWidget {
   [[nodiscard]] QRectF markOn(const QRect& square) const;
 
   EndMarks marks_;
-  bool covered_ = false;
+  bool covered_ = false, atTitle_ = false;
 
   QImage overlay_;  // null for none
   QString line_;
   QImage picture_;  // the shown plane as Qt paints it
   uchar* pixels_;   // its memory, which nobody shares
-  Size canvasSize_ = kSmallest;
+  Size canvasSize_ = kUsual;
   QRect lastStroke_;           // in the view's coordinates
   int strokesRemembered_ = 0;  // by Qt, see repaintStroke
   int lastReleased_ = 0;

@@ -220,11 +220,36 @@ void ControlMirror::mirrorPanels(const ControlModel& model) {
   place();
 }
 
+namespace {
+
+constexpr int kSmallestFont = 6;  // points
+
+/// A frame as large as it wants to be, or, on a small screen, in letters so small that it fits.
+void fit(QWidget& frame, const QSize& room) {
+  QFont font = frame.parentWidget()->font();
+  frame.setFont(font);
+  frame.adjustSize();
+  const auto isTooLarge = [&] {
+    const QSize wanted = frame.sizeHint();
+    return wanted.width() > room.width() || wanted.height() > room.height();
+  };
+  while (isTooLarge() && font.pointSize() > kSmallestFont) {
+    font.setPointSize(font.pointSize() - 1);
+    frame.setFont(font);
+    frame.adjustSize();
+  }
+}
+
+}  // namespace
+
 void ControlMirror::place() {
   for (std::size_t i = 0; i < kTitleButtons.size(); ++i) {
     const QRect box(kButtonLeft, kButtonTop + static_cast<int>(i) * kButtonPitch, kButtonWidth,
                     kButtonHeight);
     QRect place = view_.placeOf(box).toAlignedRect();
+    QFont font = view_.font();
+    font.setPointSizeF(font.pointSizeF() * std::max(1.0, 1.0 * place.height() / kButtonHeight));
+    widget(kTitleButtons[i])->setFont(font);
     const QPoint centre = place.center();  // where Canvas pixels are small, the words still want their room
     place.setSize(place.size().expandedTo(widget(kTitleButtons[i])->sizeHint() + QSize(kGap, 0)));
     place.moveCenter(centre);
@@ -233,7 +258,7 @@ void ControlMirror::place() {
   const QRect room = view_.visibleCanvas();
   for (PanelFrame* frame : textFrames_) {
     if (frame->isHidden()) continue;
-    frame->adjustSize();
+    fit(*frame, view_.size());
     QRect place(QPoint(), frame->size());
     place.moveCenter(room.center());
     frame->move(std::max(0, place.left()), std::max(0, place.top()));
@@ -241,7 +266,7 @@ void ControlMirror::place() {
   int foot = room.bottom();  // there, so that the drawing stays in sight; a second panel stands on the first
   for (PanelFrame* frame : swatchFrames_) {
     if (frame->isHidden()) continue;
-    frame->adjustSize();
+    fit(*frame, view_.size());
     frame->resize(std::min(frame->width(), view_.width()), frame->height());
     foot = std::max(0, foot - kGap - frame->height());
     frame->move(std::max(0, room.center().x() - frame->width() / 2), foot);

@@ -187,6 +187,7 @@ void QtDesktop::bringInLine(Program& program) {
   mirrorPages(program);
   mirrorKeys(program);
   mirrorMarks(program);
+  window_.view().setAtTitle(program.state.phase == Phase::title);
   showCanvas(program);
 }
 
@@ -260,13 +261,12 @@ void QtDesktop::setNormalPlace(const WindowPlace& place) {
 
 namespace {
 
-/// A window that was partly off the screen keeps its size, and one that was on another screen what fits.
-WindowPlace ontoAScreen(const WindowPlace& place) {
+/// A window that was partly off its screen keeps its size and comes back onto it.
+WindowPlace ontoItsScreen(const WindowPlace& place) {
   QRect wanted(place.left, place.top, place.width, place.height);
   const QScreen* screen = QGuiApplication::screenAt(wanted.center());
-  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-  const QRect room = screen->availableGeometry();
-  wanted.setSize(wanted.size().boundedTo(room.size()));
+  const QRect room = screen == nullptr ? QRect() : screen->availableGeometry();
+  if (wanted.width() > room.width() || wanted.height() > room.height()) return place;
   wanted.moveLeft(std::clamp(wanted.left(), room.left(), room.right() + 1 - wanted.width()));
   wanted.moveTop(std::clamp(wanted.top(), room.top(), room.bottom() + 1 - wanted.height()));
   return {wanted.left(), wanted.top(), wanted.width(), wanted.height()};
@@ -287,7 +287,7 @@ void QtDesktop::rememberIn(const std::filesystem::path& file) {
   placeKnown_ = memory_->value(kPlace);
   WindowPlace place;
   std::istringstream in(placeKnown_);
-  if (in >> place.left >> place.top >> place.width >> place.height) setNormalPlace(ontoAScreen(place));
+  if (in >> place.left >> place.top >> place.width >> place.height) setNormalPlace(ontoItsScreen(place));
 }
 
 void QtDesktop::rememberPlace() {

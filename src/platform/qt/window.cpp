@@ -10,12 +10,21 @@
 #include <QShortcut>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <set>
 
 #include "platform/qt/panels.h"
 #include "state/shortcuts.h"
 
 namespace gridwright {
+
+namespace {
+
+constexpr QSize kSmallestWindow{480, 320};
+constexpr double kShareOfScreen = 0.8;  // that a window takes which may be larger
+constexpr int kTitleBar = 40;           // about what a desktop puts above a window
+
+}  // namespace
 
 Window::Window()
     : inside_(new QWidget(this)), view_(new CanvasView(inside_)), statusLine_(new StatusLine(inside_)) {
@@ -34,7 +43,7 @@ Window::Window()
   connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this, [this] { openFirstMenu(); });
   listenToShortcuts();
   setAcceptDrops(true);
-  setMinimumSize(640, 480);
+  setMinimumSize(kSmallestWindow);
 }
 
 // The standard keys for pasting and opening are more than the ones that the menu shows.
@@ -61,10 +70,21 @@ void Window::listenToShortcuts() {
 
 void Window::switchWholeScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
 
+// On a screen of four thousand pixels at a scale of one, 800 points would be a stamp.
 void Window::open() {
-  const QSize client = view_->sizeHint();
-  resize(client.width(), client.height() + menuBar()->heightForWidth(client.width()) + statusLine_->height());
-  show();
+  const QSize room = screen()->availableSize() - QSize(0, kTitleBar);
+  const QSize hint = view_->sizeHint();
+  const int halves = static_cast<int>(
+      2 * kShareOfScreen * std::min(1.0 * room.width() / hint.width(), 1.0 * room.height() / hint.height()));
+  const QSize client = hint * std::max(2, halves) / 2;
+  const QSize wanted(client.width(),
+                     client.height() + menuBar()->heightForWidth(client.width()) + statusLine_->height());
+  resize(wanted.boundedTo(room));
+  if (wanted.width() > room.width() || wanted.height() > room.height()) {
+    showMaximized();  // on a small screen each row counts
+  } else {
+    show();
+  }
 }
 
 // The window stays while the loops unwind: no widget goes away under the feet of the program.

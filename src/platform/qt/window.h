@@ -29,7 +29,8 @@ class Window : public QMainWindow {
   /// F10 was pressed: whether the menus may be opened now.
   std::function<bool()> onMenus;
 
-  /// Shows the window with room for the smallest Canvas; its menus must stand already.
+  /// Shows the window with room for the usual Canvas, enlarged by a whole or half number where the screen has
+  /// plenty, or on all of a screen that has too little; its menus must stand already.
   void open();
 
   /// Covers the whole screen, or goes back to what it was, maximised or not.
