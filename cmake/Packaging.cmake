@@ -16,9 +16,14 @@ install(FILES ${stamps} DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright/stamps)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/patterns DESTINATION ${CMAKE_INSTALL_DATADIR}/gridwright FILES_MATCHING
         PATTERN "*pat")
 
-# Software centres fetch screenshots from the web and from nowhere else. The default is an address that
-# nobody can own; whoever publishes a package names the place where docs/pictures lies.
-set(GRIDWRIGHT_PICTURES "https://gridwright.example/pictures" CACHE STRING "Web address of docs/pictures")
+# Software centres fetch screenshots from the web and from nowhere else. Whoever publishes a package names the
+# place where docs/pictures lies; without one no picture is named that nobody could fetch.
+set(GRIDWRIGHT_PICTURES "" CACHE STRING "Web address of docs/pictures")
+set(GRIDWRIGHT_SCREENSHOTS "")
+if(GRIDWRIGHT_PICTURES)
+  file(READ ${packaging}/screenshots.xml.in GRIDWRIGHT_SCREENSHOTS)
+  string(CONFIGURE "${GRIDWRIGHT_SCREENSHOTS}" GRIDWRIGHT_SCREENSHOTS @ONLY)
+endif()
 
 install(FILES ${packaging}/gridwright.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 configure_file(${packaging}/gridwright.metainfo.xml.in ${CMAKE_BINARY_DIR}/gridwright.metainfo.xml @ONLY)
@@ -49,9 +54,17 @@ function(install_packed source name destination)
   install(FILES ${packed} DESTINATION ${destination})
 endfunction()
 
-foreach(page gridwright gridwright-headless gridwright-prepare gridwright-start)
+foreach(page gridwright gridwright-headless gridwright-prepare)
   install_packed(${packaging}/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
+# gridwright-start is the program in another folder: one page tells of both.
+if(GRIDWRIGHT_GZIP)
+  set(end .gz)
+else()
+  set(end "")
+endif()
+file(CREATE_LINK gridwright.1${end} ${CMAKE_BINARY_DIR}/gridwright-start.1${end} SYMBOLIC)
+install(FILES ${CMAKE_BINARY_DIR}/gridwright-start.1${end} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install_packed(${PROJECT_SOURCE_DIR}/CHANGELOG.md NEWS.md ${documents})
 install_packed(${packaging}/changelog changelog ${documents})
 install(FILES ${packaging}/copyright DESTINATION ${documents})
@@ -80,7 +93,8 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Plugins that Qt looks for when it reads a picture: no program is linked with them, as they are with that for SVG.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins")
-set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-user-dirs")
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)  # as the menu entry says
+# Without qt6-wayland a desktop of Wayland alone has no window for it.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-user-dirs")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 include(CPack)

@@ -1,6 +1,7 @@
 // gridwright: the program in its window. Its files lie in the present folder, or beside it where another
 // program works in that one. A picture or a drawing that it is started with is opened as one that is dropped.
 #include <QApplication>
+#include <QIcon>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -25,6 +26,13 @@ fs::path wholePath(const fs::path& named) {
   std::error_code gone;
   const fs::path whole = fs::absolute(named, gone);
   return gone ? named : whole;
+}
+
+/// In each size that a desktop asks for; one that goes by the name of the menu entry has its own.
+QIcon windowIcon() {
+  QIcon icon;
+  for (const int side : {16, 32, 48, 64, 128, 256}) icon.addFile(QString(":/gridwright-%1.png").arg(side));
+  return icon;
 }
 
 int say(const char* words) {
@@ -52,6 +60,7 @@ int openWindow(gridwright::CommandLine& line) {
   qInstallMessageHandler(nullptr);
   QApplication::setApplicationName("Gridwright");
   QGuiApplication::setDesktopFileName("gridwright");
+  QApplication::setWindowIcon(windowIcon());
   std::error_code gone;
   const fs::path data = gridwright::personalDataFolder();
   const auto place = gridwright::placeForWindow(fs::current_path(gone), data);
