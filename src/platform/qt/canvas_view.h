@@ -70,7 +70,10 @@ class CanvasView : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
-  bool focusNextPrevChild(bool) override { return false; }
+  /// Tab leads nowhere, but to what can have the keyboard beside the Canvas just now.
+  bool focusNextPrevChild(bool next) override {
+    return focusPolicy() != Qt::NoFocus && QWidget::focusNextPrevChild(next);
+  }
 
  private:
   [[nodiscard]] int zoom() const;       ///< Screen pixels a Canvas pixel, along each axis.

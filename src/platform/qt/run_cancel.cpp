@@ -4,7 +4,7 @@ namespace gridwright {
 
 RunCancel::RunCancel(QWidget* parent) : QPushButton(parent) {
   setObjectName("RunCancel");
-  setFocusPolicy(Qt::NoFocus);
+  setFocusPolicy(Qt::TabFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
   setToolTip("ends the run; the maze in hand goes on as an ordinary one");
   hide();

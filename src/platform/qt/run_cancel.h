@@ -7,7 +7,7 @@
 
 namespace gridwright {
 
-/// Shown while a run is under way. It takes neither the keyboard nor any height of its own, so that the
+/// Shown while a run is under way. It takes no height of its own, and the keyboard by Tab alone, so that the
 /// Canvas keeps its size, and what carves or plays its keys; without a status line it is away too.
 class RunCancel : public QPushButton {
  public:
