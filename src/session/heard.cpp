@@ -183,6 +183,10 @@ std::string handWords(const Heard& before, const Heard& now, bool all) {
   return {};
 }
 
+std::string wallWords(const Status& is) {
+  return is.wallSize == 0 ? "" : "walls " + std::to_string(is.wallSize);
+}
+
 std::string runWords(const RunStatus& run) {
   if (run.total == 0) return {};
   return std::to_string(run.done) + " of " + std::to_string(run.total) + " mazes done";
@@ -245,6 +249,8 @@ std::string phaseWords(const Heard& before, const Heard& now) {
   if (captionNew || phaseNew || before.status.run != now.status.run) words.add(runWords(now.status.run));
   const bool panelClosed = !before.atTitle && !before.panel.prompt.empty();
   const bool all = captionNew || phaseNew || panelClosed;
+  if (!captionNew && !phaseNew && before.status.wallSize != now.status.wallSize)
+    words.add(wallWords(now.status));
   const std::string bump = all ? "" : bumpWords(before, now);
   words.add(bump.empty() ? handWords(before, now, all) : bump);
   return words.take();
@@ -294,7 +300,7 @@ std::string surroundingsWords(const Heard& now) {
   Words words;
   words.add(now.caption);
   words.add(runWords(now.status.run));
-  if (now.status.wallSize > 0) words.add("walls " + std::to_string(now.status.wallSize));
+  words.add(wallWords(now.status));
   words.add(handWords({}, now, true));
   return words.take();
 }

@@ -117,6 +117,15 @@ TEST(APanelOfSwatches, IsHeardWithItsSwatchesAndThenWhatChangesOnThem) {
                    "navy, Border Color", "yellow; 1 cell; row 1, column 1; drawing on"}));
 }
 
+TEST(AnotherWallSize, IsHeardWhenItsPanelHasGone) {
+  Listening w(drawing({"......", "......"}));
+  w.desktop.menu(Item::newwallsize);
+  w.hear();
+  w.desktop.enter(ControlId::Text2, "5");
+  w.hear();
+  EXPECT_EQ(w.all(), (Lines{"", "walls 5"}));
+}
+
 TEST(ThePanelToDrawWith, SaysWhichSwatchIsTicked) {
   Listening w(drawing({"......"}));
   w.choose(Item::selectcolor);

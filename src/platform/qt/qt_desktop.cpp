@@ -118,8 +118,8 @@ void QtDesktop::doEvents(Program& program, Pace pace) {
   bool reached = ask(program, flags);
   while (pace == Pace::idle && !reached && !mustEnd() && !(beside_ && beside_->hasOutcome())) {
     bringInLine(program);
-    describe(program);
     ears_.whileWaiting(program);
+    describe(program);  // after it: Orca 43 stumbles over a new description of what has the keyboard for it
     if (memory_) {
       rememberPlace();
       rememberSettings(program);
