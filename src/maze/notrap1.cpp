@@ -122,13 +122,9 @@ bool testStands(Program& program) {
   return false;
 }
 
-void carvingTest(Program& program) {
-  ProgramState& s = program.state;
-  if (testStands(program)) {
-    s.testCount = s.walker.trapTest.count;
-    return;
-  }
-  s.testCount = 0;
+int blockedDirections(const Program& program) {
+  const ProgramState& s = program.state;
+  int blocked = 0;
   const bool lookBesides = s.mazeKind == MazeKind::threeD;
   const auto directions = directionsAround(s.cur, s.wallWidth, s.wallHeight);
   const auto besides =
@@ -136,34 +132,50 @@ void carvingTest(Program& program) {
   for (std::size_t i = 0; i < directions.size(); ++i) {
     if (isBlocked(program, directions.at(i)) ||
         (lookBesides && runsAlongside(program.pixels(), besides.at(i)))) {
-      ++s.testCount;
+      ++blocked;
     }
   }
-  s.walker.trapTest.count = s.testCount;
-  if (s.testCount <= 3) return;
+  return blocked;
+}
+
+constexpr int kAllBlocked = 4;
+
+void carvingTest(Program& program) {
+  ProgramState& s = program.state;
+  if (testStands(program)) {
+    s.testCount = s.walker.trapTest.count;
+    return;
+  }
+  s.testCount = s.walker.trapTest.count = blockedDirections(program);
+  if (s.testCount < kAllBlocked) return;
   boxSquare(program, s.cur);
   s.walkMode = WalkMode::back;
 }
 
 // All points are taken from the square's top left, so right and down are measured from there too.
-void pipeTest(Program& program) {
-  ProgramState& s = program.state;
+bool isTrappedInPipes(const Program& program) {
+  const ProgramState& s = program.state;
   const Pixels pixels = program.pixels();
   const int w = s.wallWidth;
   const int h = s.wallHeight;
   for (const Point& d : std::array<Point, 4>{{{-w, 0}, {w, 0}, {0, -h}, {0, h}}}) {
     const bool farIsNoGround = pixels.noGround(s.cur.left + 2 * d.x, s.cur.top + 2 * d.y);
-    if (!farIsNoGround && !pixels.closed(s.cur.left + d.x, s.cur.top + d.y)) return;
+    if (!farIsNoGround && !pixels.closed(s.cur.left + d.x, s.cur.top + d.y)) return false;
   }
-  s.walkMode = WalkMode::back;
+  return true;
 }
 
 }  // namespace
 
+bool isTrapped(const Program& program) {
+  if (program.state.mazeKind == MazeKind::pipe) return isTrappedInPipes(program);
+  return program.state.walkMode == WalkMode::carve && blockedDirections(program) == kAllBlocked;
+}
+
 void notrap1(Program& program) {
-  const ProgramState& s = program.state;
+  ProgramState& s = program.state;
   if (s.mazeKind == MazeKind::pipe) {
-    pipeTest(program);
+    if (isTrappedInPipes(program)) s.walkMode = WalkMode::back;
   } else if (s.walkMode == WalkMode::carve) {
     carvingTest(program);
   }

@@ -10,4 +10,7 @@ namespace gridwright {
 /// regular and 3-d kinds, box the square in `mazeColor`.
 void notrap1(Program& program);
 
+/// Whether that would set it. Changes nothing.
+bool isTrapped(const Program& program);
+
 }  // namespace gridwright

@@ -27,14 +27,15 @@ bool wholeCellIsFree(const Program& program, int dx, int dy) {
   return program.pixels().allFree(cell.left - 1, cell.top - 1, cell.right + 1, cell.bottom + 1);
 }
 
+bool entersCell(const Program& program, WalkMode mode, Colour ahead, int dx, int dy) {
+  if (program.colours.isMaze(ahead)) return mode != WalkMode::carve;
+  return program.colours.isBackground(ahead) && wholeCellIsFree(program, dx, dy);
+}
+
 StepResult regularStep(Program& program) {
   ProgramState& s = program.state;
   const Colour ahead = program.canvas.point(s.walker.leadX + s.deltaX, s.walker.leadY + s.deltaY);
-  if (program.colours.isMaze(ahead)) {
-    if (s.walkMode == WalkMode::carve) return StepResult::done;
-  } else if (!program.colours.isBackground(ahead) || !wholeCellIsFree(program, s.deltaX, s.deltaY)) {
-    return StepResult::done;
-  }
+  if (!entersCell(program, s.walkMode, ahead, s.deltaX, s.deltaY)) return StepResult::done;
   s.cur = s.cur.moved(s.deltaX, s.deltaY);
   if (!program.pixels().free(s.cur.left, s.cur.top)) return StepResult::done;
 

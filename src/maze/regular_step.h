@@ -19,6 +19,10 @@ void leadFromDelta(ProgramState& state);
 /// Whether the whole cell at the present offset, and a pixel around it, is free.
 bool wholeCellIsFree(const Program& program, int dx, int dy);
 
+/// Whether a regular maze's step by (dx, dy) onto a cell of this colour is taken: free ground, or carved
+/// ground on the way back.
+bool entersCell(const Program& program, WalkMode mode, Colour ahead, int dx, int dy);
+
 /// Moves the square onto free or, walking back, carved ground, or refuses the step.
 StepResult regularStep(Program& program);
 

@@ -60,6 +60,7 @@ constexpr auto kTable = std::to_array<Rule>({
     {Item::statusline, kAll, kWhileEditing},
     {Item::wholescreen, kAll, kWhileEditing},
     {Item::showkeys, kAll, kWhileEditing},
+    {Item::surroundings, kAll, kWhileEditing},
     {Item::importdrawing, kDrawing, kNothing},
     {Item::ndrawing, kDrawing, kNothing},
     {Item::sdrawing, kDrawing, kNothing},

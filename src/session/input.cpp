@@ -12,6 +12,7 @@
 #include "printing/page_setup.h"
 #include "printing/print_job.h"
 #include "session/arrivals.h"
+#include "session/heard.h"
 #include "session/keys.h"
 #include "session/main_loop.h"
 #include "session/menu_commands.h"
@@ -34,8 +35,9 @@ bool isLive(const Program& program, ControlId id) {
 /// While a maze is prepared by a loop of its own, only leaving is possible, and what changes nothing but the
 /// window.
 bool isHeldBack(const ProgramState& s, Item item) {
-  constexpr std::array kGoOn = {Item::quit2,      Item::stopallprintings, Item::markcolours,
-                                Item::statusline, Item::wholescreen,      Item::showkeys};
+  constexpr std::array kGoOn = {Item::quit2,       Item::stopallprintings, Item::markcolours,
+                                Item::statusline,  Item::wholescreen,      Item::showkeys,
+                                Item::surroundings};
   return s.editor.preparing && std::find(kGoOn.begin(), kGoOn.end(), item) == kGoOn.end();
 }
 
@@ -83,6 +85,7 @@ void keyDown(Program& program, int code, KeyGo go) {
   if (s.paused || program.controls.focus() || s.keyBusy) return;
   s.keyBusy = true;
   noteKey(program, code, go);
+  noteArrow(program, code);
   dispatchKey(program, code);
 }
 

@@ -24,6 +24,7 @@
 #include "printing/print_window.h"
 #include "session/arrivals.h"
 #include "session/defaults.h"
+#include "session/heard.h"
 #include "session/maze_commands.h"
 #include "session/prepare_panel.h"
 #include "session/setting_commands.h"
@@ -134,6 +135,7 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::statusline, statusline},
     {Item::wholescreen, wholescreen},
     {Item::showkeys, showkeys},
+    {Item::surroundings, surroundings},
 });
 
 }  // namespace

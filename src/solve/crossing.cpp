@@ -3,6 +3,7 @@
 #include <array>
 
 #include "solve/trail.h"
+#include "state/ways.h"
 
 namespace gridwright {
 
@@ -44,6 +45,30 @@ bool wayBeside(const Program& program, const Square& box, Side side, int distanc
   }
 }
 
+/// In the long variant a side is read one pixel further out while the probe moves along it. Two reads stay
+/// at the near pixel, wanted so: the bottom for left, the right for up.
+int mouthDistance(const Direction& d, Side side, bool isLong, const WayStep& moving) {
+  if (!isLong) return 1;
+  if ((d.side == kLeft && side == kDown) || (d.side == kUp && side == kRight)) return 1;
+  return (isHorizontal(side) ? moving.dx : moving.dy) != 0 ? 2 : 1;
+}
+
+/// Whether a tunnel may begin in the current cell: a wall ahead, a way behind it, and walls across.
+bool isMouth(const Program& program, const Direction& d, bool isLong, const WayStep& moving) {
+  const ProgramState& s = program.state;
+  if (wayBeside(program, s.cur, d.side, mouthDistance(d, d.side, isLong, moving))) return false;
+  if (!wayBeside(program, s.cur, d.side, d.dx != 0 ? s.wallWidth : s.wallHeight)) return false;
+  for (const Side side : across(d.side)) {
+    if (wayBeside(program, s.cur, side, mouthDistance(d, side, isLong, moving))) return false;
+  }
+  return true;
+}
+
+bool hasShortTunnels(const ProgramState& s) {
+  return s.mazeKind == MazeKind::threeD || (s.mazeKind == MazeKind::pipe && s.shortUnderpasses);
+}
+bool hasLongTunnels(const ProgramState& s) { return s.mazeKind == MazeKind::pipe && !s.shortUnderpasses; }
+
 /// One attempt in one direction. The long variant reads and paints one pixel further out along the
 /// axis of the crossing; what else it does differently stands where it does.
 class Crossing {
@@ -66,26 +91,7 @@ class Crossing {
   }
 
  private:
-  /// In the long variant a side is read one pixel further out while the probe moves along it. Two
-  /// reads stay at the near pixel, wanted so: the bottom for left, the right for up.
-  [[nodiscard]] int triggerDistance(Side side) const {
-    if (!long_) return 1;
-    if ((d_.side == kLeft && side == kDown) || (d_.side == kUp && side == kRight)) return 1;
-    const int moving = isHorizontal(side) ? s_.deltaX : s_.deltaY;
-    return moving != 0 ? 2 : 1;
-  }
-
-  void trigger() {
-    s_.testCount = 0;
-    if (wayBeside(program_, s_.cur, d_.side, triggerDistance(d_.side))) return;
-    if (!wayBeside(program_, s_.cur, d_.side, d_.dx != 0 ? s_.wallWidth : s_.wallHeight)) {
-      return;
-    }
-    for (const Side side : across(d_.side)) {
-      if (wayBeside(program_, s_.cur, side, triggerDistance(side))) return;
-    }
-    s_.testCount = 1;
-  }
+  void trigger() { s_.testCount = isMouth(program_, d_, long_, {s_.deltaX, s_.deltaY}) ? 1 : 0; }
 
   [[nodiscard]] bool probeStandsAtSide() const {
     switch (d_.side) {
@@ -280,14 +286,19 @@ void tryAll(Program& program, bool isLong) {
 }  // namespace
 
 void maze3dunderpass(Program& program) {
-  const ProgramState& s = program.state;
-  if (s.mazeKind == MazeKind::threeD || (s.mazeKind == MazeKind::pipe && s.shortUnderpasses))
-    tryAll(program, false);
+  if (hasShortTunnels(program.state)) tryAll(program, false);
 }
 
 void longUnderpass(Program& program) {
+  if (hasLongTunnels(program.state)) tryAll(program, true);
+}
+
+bool crossingBegins(const Program& program, int stepCode) {
   const ProgramState& s = program.state;
-  if (s.mazeKind == MazeKind::pipe && !s.shortUnderpasses) tryAll(program, true);
+  const bool isLong = hasLongTunnels(s);
+  if (!isLong && !hasShortTunnels(s)) return false;
+  const Direction& d = kDirections.at(static_cast<std::size_t>(stepCode) - 1);
+  return s.solver.underpassLock != d.blockingLock && isMouth(program, d, isLong, {d.dx, d.dy});
 }
 
 }  // namespace gridwright

@@ -13,4 +13,8 @@ void maze3dunderpass(Program& program);
 /// The same for Long pipes, whose tunnel mouths reach one pixel further out.
 void longUnderpass(Program& program);
 
+/// Whether a walk that stands at the wall on that side of the current cell would try to cross there: a wall,
+/// a way behind it, and walls across. \param stepCode 1 to 4.
+bool crossingBegins(const Program& program, int stepCode);
+
 }  // namespace gridwright

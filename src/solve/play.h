@@ -3,6 +3,7 @@
 #pragma once
 
 #include "state/program.h"
+#include "state/ways.h"
 
 namespace gridwright {
 
@@ -27,5 +28,8 @@ void loadthispic(Program& program);
 
 /// The arrow keys of play.
 void playKey(Program& program, int code);
+
+/// Where those keys would lead from the current cell. Reads the Canvas and changes nothing.
+Ways waysInPlay(const Program& program);
 
 }  // namespace gridwright

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 
+#include "solve/crossing.h"
 #include "solve/play.h"
 #include "solve/trail.h"
 #include "state/key_codes.h"
@@ -40,6 +41,21 @@ void standAtWall(ProgramState& s, const PlayKey& k) {
   s.deltaY = k.dy;
 }
 
+/// What the pixels on the key's side say.
+struct Ahead {
+  bool isWay;
+  bool pipeWall;  ///< In a Long pipe a change of colour between the two pixels: no move either way.
+};
+
+Ahead aheadOf(const Program& program, const PlayKey& k) {
+  const Position near = outside(program.state.cur, k, 1);
+  const Position far = outside(program.state.cur, k, 2);
+  const bool farDiffers = program.canvas.point(near.x, near.y) != program.canvas.point(far.x, far.y);
+  const bool pipeWall = !program.state.shortUnderpasses && farDiffers;
+  const Position asked = pipeWall ? far : near;
+  return {isWay(program, asked.x, asked.y), pipeWall};
+}
+
 }  // namespace
 
 void playKey(Program& program, int code) {
@@ -47,17 +63,22 @@ void playKey(Program& program, int code) {
   const auto* k =
       std::find_if(kKeys.begin(), kKeys.end(), [&](const PlayKey& row) { return row.code == code; });
   if (k == kKeys.end() || s.playMode == PlayMode::off) return;
-  const Position near = outside(s.cur, *k, 1);
-  const Position far = outside(s.cur, *k, 2);
-  const bool farDiffers = program.canvas.point(near.x, near.y) != program.canvas.point(far.x, far.y);
-  // In a Long pipe a change of colour between the two pixels means a wall: no move either way.
-  const bool pipeWall = !s.shortUnderpasses && farDiffers;
-  const Position asked = pipeWall ? far : near;
-  if (!isWay(program, asked.x, asked.y)) {
+  const Ahead ahead = aheadOf(program, *k);
+  if (!ahead.isWay) {
     standAtWall(s, *k);
-  } else if (!pipeWall) {
+  } else if (!ahead.pipeWall) {
     s.cur = s.cur.moved(k->dx * s.wallWidth, k->dy * s.wallHeight);
   }
+}
+
+Ways waysInPlay(const Program& program) {
+  Ways ways{};
+  for (std::size_t i = 0; i < kKeys.size(); ++i) {
+    const Ahead ahead = aheadOf(program, kKeys.at(i));
+    if (ahead.isWay && !ahead.pipeWall) ways.at(i) = Way::open;
+    if (!ahead.isWay && crossingBegins(program, stepOfArrow(kKeys.at(i).code))) ways.at(i) = Way::tunnel;
+  }
+  return ways;
 }
 
 }  // namespace gridwright

@@ -32,6 +32,7 @@ inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::statusline, "the line under the picture"},
     {Item::wholescreen, "the window as large as the screen, and back"},
     {Item::showkeys, "the keys of this phase and what they do"},
+    {Item::surroundings, "a screen reader says where you are and what lies round the square"},
     {Item::importdrawing, "a bitmap from this folder becomes the drawing"},
     {Item::rmazes, "an empty drawing; press / and then ., move to where you begin, press / again"},
     {Item::mazes3d1, "an empty drawing for mazes that pass under themselves; to draw, press / and then ."},

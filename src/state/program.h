@@ -18,6 +18,7 @@
 #include "files/work_folder.h"
 #include "files/work_pictures.h"
 #include "state/controls.h"
+#include "state/hearing.h"
 #include "state/keys_sheet.h"
 #include "state/menu_tree.h"
 #include "state/notices.h"
@@ -75,6 +76,7 @@ struct Program {
   Workshop workshop;
   RegionsView regions;
   KeysSheet keys;
+  Hearing hearing;
   bool keysHintTold = false;   ///< A person was told once how the keys are shown.
   bool statusLineOff = false;  ///< The window does without its status line.
   bool markColours = false;    ///< The window marks colours by letters, and both ends by shapes.

@@ -19,11 +19,11 @@ struct Shortcut {
 inline constexpr auto kShortcuts = std::to_array<Shortcut>({
     {"Ctrl+O", Item::openpicture}, {"Ctrl+V", Item::pastepicture}, {"Ctrl+D", Item::workshop},
     {"Ctrl+Z", Item::undo},        {"Ctrl+Shift+Z", Item::redo},   {"Ctrl+Y", Item::redo},
-    {"F1", Item::showkeys},        {"F11", Item::wholescreen},     {"Ctrl+S", Item::sdrawing},
-    {"Ctrl+L", Item::ldrawing},    {"F5", Item::createreg},        {"F5", Item::create3d},
-    {"F5", Item::create3dpipe},    {"Ctrl+Q", Item::quit2},        {"Ctrl+P", Item::printfff},
-    {"F8", Item::backtodrawing},   {"Ctrl+N", Item::newmaze},      {"F7", Item::sandf},
-    {"F6", Item::solvemaze},
+    {"F1", Item::showkeys},        {"F2", Item::surroundings},     {"F11", Item::wholescreen},
+    {"Ctrl+S", Item::sdrawing},    {"Ctrl+L", Item::ldrawing},     {"F5", Item::createreg},
+    {"F5", Item::create3d},        {"F5", Item::create3dpipe},     {"Ctrl+Q", Item::quit2},
+    {"Ctrl+P", Item::printfff},    {"F8", Item::backtodrawing},    {"Ctrl+N", Item::newmaze},
+    {"F7", Item::sandf},           {"F6", Item::solvemaze},
 });
 
 /// The item that keys choose now, or nothing.

@@ -258,6 +258,7 @@ TEST(TheKeysOfTheMenus, ChooseOneItemEachAndF5TheTickedKind) {
                                                                   {"F8", "Go back to Drawing"},
                                                                   {"Ctrl+Q", "Quit to Main Menu"},
                                                                   {"F1", "Keys…"},
+                                                                  {"F2", "Tell surroundings"},
                                                                   {"F11", "Whole screen"},
                                                                   {"Ctrl+O", "Open picture…"},
                                                                   {"Ctrl+V", "Paste picture"},

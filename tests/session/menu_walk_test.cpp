@@ -79,6 +79,7 @@ const std::array kRows = {
     Row{Item::statusline, "xxxxxx", true, false, true},
     Row{Item::wholescreen, "xxxxxx", true, false, true},
     Row{Item::showkeys, "xxxxxx", true, false, true},
+    Row{Item::surroundings, "xxxxxx", true, false, true},
 };
 
 bool colourPanel(const Program& p) {

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdlib>
+#include <memory>
+#include <random>
 
 #include "session/input.h"
 #include "state/key_codes.h"
@@ -100,6 +103,63 @@ struct Corridor : World {
     return p.canvas.point(10 * column + 5, 15) == p.state.startColor;
   }
 };
+
+/// A maze of a kind, played with arrows by chance; before each it is noted what the ways say.
+struct WaysPlayed : World {
+  int open = 0, closed = 0, tunnels = 0;
+  std::string wrong;
+
+  WaysPlayed(std::initializer_list<Item> kind, std::uint32_t seed) : World(Size{160, 120}) {
+    begin(drawing({"..............", "..............", "....##........", "....##........", "..............",
+                   "..............", "..............", ".............."}));
+    desktop.menu(Item::cgenerate);
+    desktop.look([seed](Program& p) { p.random.seed(seed); });
+    for (const Item item : kind) desktop.menu(item);
+    desktop.untilPhase(Phase::placing);
+    desktop.menu(Item::easymode);
+    desktop.menu(Item::solvemaze);
+    desktop.untilPhase(Phase::solving);
+    desktop.pumpsPass(3);
+    std::mt19937 chance(seed);
+    for (int i = 0; i < 300; ++i) tryArrow(chance() % kRows.size());
+  }
+  void tryArrow(std::size_t which) {
+    auto before = std::make_shared<std::pair<Square, Way>>();
+    desktop.look([before, which](Program& p) { *before = {p.state.cur, waysInPlay(p).at(which)}; });
+    desktop.act([which](Program& p) {
+      if (p.state.phase == Phase::solving) input::keyDown(p, kRows.at(which).code);
+    });
+    desktop.pumpsPass(2);
+    desktop.look([this, before, which](Program& p) {
+      if (p.state.phase != Phase::solving) return;
+      const Square& was = before->first;
+      const bool moved = p.state.cur != was;
+      const int step = std::abs(p.state.cur.left - was.left) + std::abs(p.state.cur.top - was.top);
+      const bool leapt = step > p.state.wallWidth;
+      ++(before->second == Way::tunnel ? tunnels : moved ? open : closed);
+      const bool asSaid = before->second == Way::tunnel ? leapt
+                          : before->second == Way::open ? moved && !leapt
+                                                        : !moved;
+      if (!asSaid) wrong += " " + std::to_string(which) + " at " + std::to_string(was.left);
+    });
+  }
+};
+
+TEST(TheWaysOfWhoeverPlays, AreThoseThatTheArrowsTakeAndTunnelsAreLeapt) {
+  int tunnels = 0;
+  for (std::uint32_t seed = 1; seed <= 4; ++seed) {
+    WaysPlayed regular({Item::newmaze}, seed);
+    EXPECT_EQ(regular.run(), "");
+    EXPECT_EQ(regular.wrong, "") << seed;
+    EXPECT_GT(regular.open, 20);
+    EXPECT_GT(regular.closed, 20);
+    WaysPlayed with({Item::create3d, Item::mode6, Item::create3d}, seed);
+    EXPECT_EQ(with.run(), "");
+    EXPECT_EQ(with.wrong, "") << seed;
+    tunnels += with.tunnels;
+  }
+  EXPECT_GT(tunnels, 0);
+}
 
 TEST(EasyPlay, ReachesTheFinishByKeys) {
   for (const bool trail : {true, false}) {

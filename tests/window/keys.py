@@ -45,7 +45,7 @@ class Keys:
     def begin(self):
         desktop = self.desktop
         desktop.run([self.program], self.work)
-        expect("Icon (256 x 256)" in desktop.say("xprop", "-id", desktop.window, "_NET_WM_ICON"), "the window has its icon")
+        expect("Icon (128 x 128)" in desktop.say("xprop", "-id", desktop.window, "_NET_WM_ICON"), "the window has its icon")
         desktop.key("alt+b")
         desktop.awaitCaption("drawing picture for 'Regular mazes'")
         desktop.quietShot()

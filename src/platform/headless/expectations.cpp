@@ -25,6 +25,8 @@ HeadlessDesktop::Turn HeadlessDesktop::expect(Program& program, const ScriptLine
     compare("the last notice", program.notices.words(), text());
   } else if (what == "status") {
     compare("the status", statusWords(statusOf(program.state, {growthOfMaze(program), {}})), text());
+  } else if (what == "heard") {
+    compare("what is heard", ears_.listen(program), text());
   } else if (what == "pixel") {
     expectPixel(program);
   } else if (what == "pages") {

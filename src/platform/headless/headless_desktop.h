@@ -17,6 +17,7 @@
 #include "platform/pictures/leptonica_work.h"
 #include "platform/pictures/qt_ink.h"
 #include "platform/shared/image_files.h"
+#include "session/heard.h"
 #include "state/field_names.h"
 #include "state/key_codes.h"
 #include "state/platform.h"
@@ -162,6 +163,7 @@ class HeadlessDesktop : public Platform {
   HeadlessOptions options_;
   WindowState windowState_ = WindowState::normal;
   std::string lastMessage_;
+  Listener ears_;
   std::filesystem::path clipboard_;  // the picture that the script pasted last
   LeptonicaWork pictureWork_;
   QtInk ink_;

@@ -1,5 +1,7 @@
 #include "platform/qt/canvas_view.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -23,14 +25,33 @@ constexpr double kRounding = 1e-6;    // 800 points must not become 799 by a bro
 constexpr std::uint64_t kSoon = 300;  // milliseconds between keys of one go
 constexpr std::uint64_t kAtOnce = 5;  // no finger lets go and presses again so soon
 
+/// A plain widget counts as layout to a screen reader, and one that no click gives the keyboard as none that
+/// could have it.
+class CanvasAccessible : public QAccessibleWidget {
+ public:
+  explicit CanvasAccessible(QWidget* view) : QAccessibleWidget(view, QAccessible::Canvas) {}
+  [[nodiscard]] QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.focusable = true;
+    return state;
+  }
+};
+
+QAccessibleInterface* accessibleCanvas(const QString& /*kind*/, QObject* object) {
+  auto* view = dynamic_cast<CanvasView*>(object);
+  return view == nullptr ? nullptr : new CanvasAccessible(view);
+}
+
 }  // namespace
 
 CanvasView::CanvasView(QWidget* parent)
     : QWidget(parent), picture_(Canvas::kSide, Canvas::kSide, QImage::Format_RGB32) {
+  QAccessible::installFactory(accessibleCanvas);  // before anything is told of the view
   setObjectName("Canvas");
-  setAccessibleName("Canvas");
+  setAccessibleName("Picture");
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::NoFocus);  // it gets the keyboard from the control mirror, never from a click
+  setFocusPolicy(
+      Qt::NoFocus);  // it gets the keyboard from the control mirror, never from a click, seldom by Tab
   picture_.fill(Qt::white);
   pixels_ = picture_.bits();
 }

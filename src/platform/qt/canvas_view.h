@@ -77,7 +77,10 @@ class CanvasView : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
-  bool focusNextPrevChild(bool) override { return false; }
+  /// Tab leads nowhere, but to what can have the keyboard beside the Canvas just now.
+  bool focusNextPrevChild(bool next) override {
+    return focusPolicy() != Qt::NoFocus && QWidget::focusNextPrevChild(next);
+  }
 
  private:
   [[nodiscard]] double dotsOfPoint() const;  ///< Screen pixels a point.

@@ -83,7 +83,7 @@ void ControlMirror::buildButtons() {
       widgets_[row]->hide();
     }
     auto* button = static_cast<QPushButton*>(widgets_[row]);
-    if (id != ControlId::Command1) button->setFocusPolicy(Qt::NoFocus);
+    if (id != ControlId::Command1) addGuest(button);
     QObject::connect(button, &QPushButton::clicked, &view_, [this, id] {
       inputs_.byPerson([id](Program& program) { input::buttonClick(program, id); });
     });
@@ -104,13 +104,20 @@ void ControlMirror::listenToBox(const TextPanel& panel) {
     inputs_.byPerson([id](Program& program) { input::escapePressed(program, id); });
   };
   if (!panel.list) return;
-  auto* list = static_cast<QListWidget*>(widget(*panel.list));
+  auto* list = static_cast<EntryList*>(widget(*panel.list));
   const auto click = [this, id = *panel.list](int entry) {
     inputs_.byPerson([id, entry](Program& program) { input::listClick(program, id, entry); });
   };
   box->onStep = [list, click](int by) {
     if (list->count() > 0) click(std::clamp(list->currentRow() + by, 0, list->count() - 1));
   };
+  box->onTab = [list] {
+    if (list->isVisible()) list->setFocus(Qt::TabFocusReason);
+  };
+  list->onTab = [box] { box->setFocus(Qt::TabFocusReason); };
+  list->onStep = box->onStep;
+  list->onEnter = box->onEnter;
+  list->onEscape = box->onEscape;
   QObject::connect(list, &QListWidget::itemClicked, &view_,
                    [list, click](QListWidgetItem* entry) { click(list->row(entry)); });
   QObject::connect(list, &QListWidget::itemDoubleClicked, &view_, [list, click, box](QListWidgetItem* entry) {
@@ -163,7 +170,8 @@ void ControlMirror::mirrorOne(ControlId id, const Control& control) {
       if (box.text() != plain) box.setText(plain);
       // A swatch may have no caption; its colour always names it.
       const QString colour = box.accessibleDescription();
-      box.setAccessibleName(text.isEmpty() || colour.isEmpty() ? colour + text : colour + ", " + text);
+      const QString name = text.isEmpty() || colour.isEmpty() ? colour + text : colour + ", " + text;
+      if (box.accessibleName() != name) box.setAccessibleName(name);
       box.setChecked(control.value != 0);
       break;
     }
@@ -176,7 +184,7 @@ void ControlMirror::mirrorOne(ControlId id, const Control& control) {
       break;
     }
     case ControlKind::label:
-      static_cast<QLabel&>(widget).setText(text);
+      if (auto& label = static_cast<QLabel&>(widget); label.text() != text) label.setText(text);
       break;
     case ControlKind::textBox: {
       auto& box = static_cast<QLineEdit&>(widget);
@@ -283,8 +291,27 @@ void ControlMirror::takeKeyboardFromHidden(const ControlModel& model) {
 
 void ControlMirror::setHolder(QWidget* frame, QWidget* first) { holders_[frame] = first; }
 
+void ControlMirror::addGuest(QWidget* guest) {
+  guest->setFocusPolicy(Qt::TabFocus);
+  guests_.push_back(guest);
+}
+
+/// What Tab has given the keyboard instead of the Canvas keeps it as long as it is there.
+QWidget* ControlMirror::canvasOrGuest() const {
+  const auto has = std::find(guests_.begin(), guests_.end(), view_.window()->focusWidget());
+  return has != guests_.end() && (*has)->isVisible() && (*has)->isEnabled() ? *has : &view_;
+}
+
+/// The list of a text panel may have the keyboard in place of its box.
+QWidget* ControlMirror::boxOrList(ControlId box) const {
+  const auto* panel =
+      std::find_if(kTextPanels.begin(), kTextPanels.end(), [&](const TextPanel& p) { return p.box == box; });
+  QWidget* list = panel == kTextPanels.end() || !panel->list ? nullptr : widget(*panel->list);
+  return list != nullptr && view_.window()->focusWidget() == list ? list : widget(box);
+}
+
 QWidget* ControlMirror::wantedFocus(const ControlModel& model) const {
-  if (model.focus()) return widget(*model.focus());
+  if (model.focus()) return boxOrList(*model.focus());
   for (const auto& [frame, first] : holders_) {
     if (frame->isHidden()) continue;
     QWidget* has = view_.window()->focusWidget();
@@ -292,12 +319,15 @@ QWidget* ControlMirror::wantedFocus(const ControlModel& model) const {
   }
   const auto shown = std::find_if(swatchFrames_.rbegin(), swatchFrames_.rend(),
                                   [](const SwatchFrame* frame) { return !frame->isHidden(); });
-  if (shown == swatchFrames_.rend() || (*shown)->stop() == nullptr) return &view_;
+  if (shown == swatchFrames_.rend() || (*shown)->stop() == nullptr) return canvasOrGuest();
   return (*shown)->stop();
 }
 
 void ControlMirror::keepFocus(const ControlModel& model) {
   if (QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr) return;
+  const bool anyGuest =
+      std::any_of(guests_.begin(), guests_.end(), [](const QWidget* guest) { return guest->isVisible(); });
+  view_.setFocusPolicy(anyGuest ? Qt::TabFocus : Qt::NoFocus);
   QWidget* wanted = wantedFocus(model);
   QWidget* has = view_.window()->focusWidget();
   const auto* bar = dynamic_cast<QMenuBar*>(has);

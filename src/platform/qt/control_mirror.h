@@ -38,6 +38,9 @@ class ControlMirror {
   /// A frame that has the keyboard while it is shown, and in it this part at first, which may change.
   void setHolder(QWidget* frame, QWidget* first);
 
+  /// A button that Tab may give the keyboard while nothing but the Canvas wants it.
+  void addGuest(QWidget* guest);
+
   [[nodiscard]] std::uint64_t shown() const { return shown_; }
   /// The widget of a control; a timer has none.
   [[nodiscard]] QWidget* widget(ControlId id) const { return widgets_[static_cast<std::size_t>(id)]; }
@@ -60,6 +63,8 @@ class ControlMirror {
   void mirrorPanels(const ControlModel& model);
   void takeKeyboardFromHidden(const ControlModel& model);
   [[nodiscard]] QWidget* wantedFocus(const ControlModel& model) const;
+  [[nodiscard]] QWidget* canvasOrGuest() const;
+  [[nodiscard]] QWidget* boxOrList(ControlId box) const;
 
   CanvasView& view_;
   InputQueue& inputs_;
@@ -68,6 +73,7 @@ class ControlMirror {
   std::array<PanelFrame*, kTextPanels.size()> textFrames_{};
   std::array<SwatchFrame*, kSwatchPanels.size()> swatchFrames_{};
   std::array<Timer, 2> timers_;
+  std::vector<QWidget*> guests_;
   std::map<QWidget*, QWidget*> holders_;  // frames, and what of each has the keyboard first
   std::uint64_t shown_ = 0;
 };

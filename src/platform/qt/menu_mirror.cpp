@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/qt/key_tips.h"
+#include "platform/qt/menu_accessible.h"
 #include "platform/qt/panels.h"
 #include "session/input.h"
 #include "state/shortcuts.h"
@@ -113,6 +114,7 @@ MnemonicPlaces mnemonicsOf(const MenuModel& model) {
 }
 
 MenuMirror::MenuMirror(QMenuBar& bar, InputQueue& inputs) : inputs_(inputs) {
+  describeMenuItems();
   std::array<QMenu*, kItemCount> menus{};
   for (std::size_t row = 0; row < kItemCount; ++row) {
     const Item item = itemAt(row);

@@ -98,24 +98,48 @@ EntryBox::EntryBox(QWidget* parent) : QLineEdit(parent) {
   setAccessibleDescription(placeholderText());
 }
 
-void EntryBox::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
+namespace {
+
+/// The keys that box and list share. \returns whether this is one of them.
+template <class Entry>
+bool sharedKey(Entry& entry, QKeyEvent& event) {
+  switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (onEnter) onEnter();
+      if (entry.onEnter) entry.onEnter();
       break;
     case Qt::Key_Escape:
-      if (onEscape) onEscape();
+      if (entry.onEscape) entry.onEscape();
       break;
     case Qt::Key_Up:
     case Qt::Key_Down:
-      if (onStep) onStep(event->key() == Qt::Key_Up ? -1 : 1);
+      if (entry.onStep) entry.onStep(event.key() == Qt::Key_Up ? -1 : 1);
       break;
     default:
-      QLineEdit::keyPressEvent(event);
-      return;
+      return false;
   }
-  event->accept();
+  event.accept();
+  return true;
+}
+
+}  // namespace
+
+void EntryBox::keyPressEvent(QKeyEvent* event) {
+  if (!sharedKey(*this, *event)) QLineEdit::keyPressEvent(event);
+}
+
+bool EntryBox::focusNextPrevChild(bool /*next*/) {
+  if (onTab) onTab();
+  return static_cast<bool>(onTab);
+}
+
+EntryList::EntryList(QWidget* parent) : QListWidget(parent) { setFocusPolicy(Qt::TabFocus); }
+
+void EntryList::keyPressEvent(QKeyEvent* event) { sharedKey(*this, *event); }
+
+bool EntryList::focusNextPrevChild(bool /*next*/) {
+  if (onTab) onTab();
+  return static_cast<bool>(onTab);
 }
 
 PanelFrame* buildTextPanel(const TextPanel& panel, QWidget* parent, ControlWidgets& widgets) {
@@ -129,9 +153,8 @@ PanelFrame* buildTextPanel(const TextPanel& panel, QWidget* parent, ControlWidge
   column->addWidget(label);
   column->addWidget(box);
   if (!panel.list) return frame;
-  auto* list = named(new QListWidget(frame), *panel.list, widgets);
+  auto* list = named(new EntryList(frame), *panel.list, widgets);
   list->setAccessibleName(label->text());
-  list->setFocusPolicy(Qt::NoFocus);
   list->setFixedHeight(kListHeight);
   column->addWidget(list);
   return frame;

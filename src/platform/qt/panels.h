@@ -4,6 +4,7 @@
 
 #include <QFrame>
 #include <QLineEdit>
+#include <QListWidget>
 #include <array>
 #include <functional>
 #include <optional>
@@ -12,7 +13,6 @@
 #include "state/controls.h"
 
 class QLabel;
-class QListWidget;
 
 namespace gridwright {
 
@@ -52,17 +52,31 @@ class PanelFrame : public QFrame {
 
 class SwatchFrame;
 
-/// A panel's text box. It keeps the keyboard: Tab leads nowhere, since nothing else may have it.
+/// A panel's list. Tab gives it the keyboard from the box and back; Enter and Escape are the box's.
+class EntryList : public QListWidget {
+ public:
+  explicit EntryList(QWidget* parent);
+
+  std::function<void()> onEnter, onEscape, onTab;
+  std::function<void(int by)> onStep;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+};
+
+/// A panel's text box. It keeps the keyboard: Tab leads to its list, and nowhere where there is none.
 class EntryBox : public QLineEdit {
  public:
   explicit EntryBox(QWidget* parent);
 
   std::function<void()> onEnter, onEscape;
   std::function<void(int by)> onStep;  ///< Up and down: through the list, if there is one.
+  std::function<void()> onTab;         ///< To the list.
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  bool focusNextPrevChild(bool) override { return false; }
+  bool focusNextPrevChild(bool next) override;
 };
 
 /// Where the parts of a panel are found by the mirror: one widget a control.

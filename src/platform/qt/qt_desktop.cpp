@@ -45,8 +45,10 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
       workshop_(new WorkshopPanel(&window_.view(), inputs_, ink_)),
       pageFrame_(new PanelFrame(&window_.view())),
       pageSetup_(new PageSetupPage(pageFrame_)),
-      keysPage_(new KeysPage(&window_.view())) {
+      keysPage_(new KeysPage(&window_.view())),
+      ears_(window_.centralWidget()) {
   controls_.setHolder(workshop_, workshop_->first());
+  controls_.addGuest(&window_.runCancel());
   listenToArrivals();
   listenToPages();
   listenToWindow();
@@ -127,7 +129,8 @@ void QtDesktop::doEvents(Program& program, Pace pace) {
   bool reached = ask(program, flags);
   while (pace == Pace::idle && !reached && !mustEnd() && !(beside_ && beside_->hasOutcome())) {
     bringInLine(program);
-    describe(program);
+    ears_.whileWaiting(program);
+    describe(program);  // after it: Orca 43 stumbles over a new description of what has the keyboard for it
     if (memory_) {
       rememberPlace();
       rememberSettings(program);
@@ -189,6 +192,7 @@ void QtDesktop::bringInLine(Program& program) {
   mirrorMarks(program);
   window_.view().setAtTitle(program.state.phase == Phase::title);
   showCanvas(program);
+  ears_.whileWorking(program);
 }
 
 /// Each change of the drawing or of the sheet begins the wait anew.

@@ -13,6 +13,7 @@
 #include "platform/pictures/leptonica_work.h"
 #include "platform/pictures/qt_ink.h"
 #include "platform/qt/control_mirror.h"
+#include "platform/qt/ears.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/keys_page.h"
 #include "platform/qt/memory.h"
@@ -134,6 +135,7 @@ class QtDesktop : public Platform {
   PanelFrame* pageFrame_;
   PageSetupPage* pageSetup_;
   KeysPage* keysPage_;
+  Ears ears_;
   std::uint64_t regionsShown_ = 0, pagesShown_ = 0, keysShown_ = 0;
   LeptonicaWork pictureWork_;
   std::unique_ptr<WorkThread> beside_;  // begun with the first work

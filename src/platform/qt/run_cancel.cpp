@@ -5,7 +5,7 @@ namespace gridwright {
 RunCancel::RunCancel(QWidget* parent, QBoxLayout* row) : QPushButton(parent), row_(row) {
   row_->addWidget(this);
   setObjectName("RunCancel");
-  setFocusPolicy(Qt::NoFocus);
+  setFocusPolicy(Qt::TabFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
   setToolTip("ends the run; the maze in hand goes on as an ordinary one");
   hide();

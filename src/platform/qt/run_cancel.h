@@ -8,7 +8,7 @@
 
 namespace gridwright {
 
-/// Shown while a run is under way. It takes neither the keyboard nor any height of its own, so that the
+/// Shown while a run is under way. It takes no height of its own, and the keyboard by Tab alone, so that the
 /// Canvas keeps its size, and what carves or plays its keys; without a status line, which tells how far the
 /// run is, it says so itself and lies in the corner over the Canvas.
 class RunCancel : public QPushButton {
