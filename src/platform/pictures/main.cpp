@@ -1,12 +1,7 @@
 // gridwright-prepare: any picture, or words, made ready for a maze, without a window.
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <QGuiApplication>
-#include <array>
 #include <filesystem>
 #include <iostream>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -15,6 +10,7 @@
 #include "canvas/bitmap_encode.h"
 #include "files/plain_file.h"
 #include "platform/pictures/made_ready.h"
+#include "platform/pictures/offscreen.h"
 #include "platform/pictures/prepare_words.h"
 #include "platform/pictures/read_picture.h"
 
@@ -33,34 +29,6 @@ int say(std::string_view words) {
   std::cout << words << std::endl;
   return std::cout ? 0 : kNotDone;
 }
-
-/// The words in an SVG need fonts, and those an application object; it must not look for a display.
-std::unique_ptr<QGuiApplication> applicationWithoutScreen() {
-  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-  static std::array<char, 19> name{"gridwright-prepare"};
-  static std::array<char, 10> option{"-platform"};
-  static std::array<char, 10> value{"offscreen"};
-  static std::array<char*, 4> arguments{name.data(), option.data(), value.data(), nullptr};
-  static int count = 3;
-  return std::make_unique<QGuiApplication>(count, arguments.data());
-}
-
-/// Decoders of pictures have words of their own for standard error; a person gets our line instead.
-class NobodyHears {
- public:
-  NobodyHears() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0)) {
-    const OpenFile nowhere(::open("/dev/null", O_WRONLY | O_CLOEXEC));
-    if (kept_ && nowhere) ::dup2(nowhere.descriptor(), STDERR_FILENO);
-  }
-  ~NobodyHears() {
-    if (kept_) ::dup2(kept_.descriptor(), STDERR_FILENO);
-  }
-  NobodyHears(const NobodyHears&) = delete;
-  NobodyHears& operator=(const NobodyHears&) = delete;
-
- private:
-  OpenFile kept_;
-};
 
 Outcome<Picture> readQuietly(const PrepareWords& line) {
   const NobodyHears quiet;
@@ -90,7 +58,7 @@ Outcome<MadeReady> made(const PrepareWords& line) {
 }
 
 int run(const PrepareWords& line) {
-  const auto application = applicationWithoutScreen();
+  const auto application = applicationWithoutScreen("gridwright-prepare");
   const auto result = made(line);
   if (!result) return complain(result.fault().words, kNotDone);
   const auto written = write(result.value().picture, line);
