@@ -207,8 +207,7 @@ class Sitting {
     const MazeMeasure m = measureMaze({made_.maze, program.colours, s.startColor, s.finishColor, s.mazeKind,
                                        s.wallWidth, s.start, s.finish});
     if (!m.solved)
-      throw NotMade{s.finish == kTakenOff ? "no two free cells hang together"
-                                          : "its ends lie in different regions"};
+      throw NotMade{ownEnds_ ? "its ends lie in different regions" : "no two free cells hang together"};
     MazeRecord& r = made_.record;
     r.number = order_.number;
     r.picture = order_.picture.name;
