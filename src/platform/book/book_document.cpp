@@ -56,13 +56,17 @@ class FontNames {
       if (!seen_.insert(font.getObjGen()).second) continue;
       QPDFObjectHandle descendants = font.getKey("/DescendantFonts");
       if (!descendants.isArray() || descendants.getArrayNItems() != 1) continue;
-      QPDFObjectHandle descriptor = descendants.getArrayItem(0).getKey("/FontDescriptor");
+      QPDFObjectHandle descendant = descendants.getArrayItem(0);
+      QPDFObjectHandle descriptor = descendant.getKey("/FontDescriptor");
       if (!descriptor.isDictionary() || !descriptor.getKey("/FontName").isName()) continue;
       const std::string name = descriptor.getKey("/FontName").getName();
       constexpr std::size_t kTag = 6;  // letters behind the stroke, then a plus
-      if (name.size() > kTag + 2 && name[kTag + 1] == '+')
-        descriptor.replaceKey("/FontName",
-                              QPDFObjectHandle::newName("/" + nextTag() + name.substr(kTag + 1)));
+      const bool isPart = name.size() > kTag + 2 && name[kTag + 1] == '+';
+      if (!isPart) continue;
+      const auto tagged = QPDFObjectHandle::newName("/" + nextTag() + name.substr(kTag + 1));
+      descriptor.replaceKey("/FontName", tagged);
+      descendant.replaceKey("/BaseFont", tagged);
+      font.replaceKey("/BaseFont", tagged);
     }
   }
 
