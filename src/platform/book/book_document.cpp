@@ -1,0 +1,166 @@
+#include "platform/book/book_document.h"
+
+#include <algorithm>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFEmbeddedFileDocumentHelper.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <set>
+
+#include "platform/book/pdf_tools.h"
+
+namespace gridwright::book {
+
+namespace {
+
+/// The drawings of one page: their streams by name, and the operators that draw them.
+class PageDrawings {
+ public:
+  explicit PageDrawings(PlacedStreams& streams) : streams_(streams) {}
+
+  /// `place` is measured from the page's top, `top` points up from its lower edge.
+  void add(const StoredPage& page, const MazeRecord& record, bool isAnswer, const Box& place, double top) {
+    const double y = top - place.y - place.height;
+    const auto draw = [&](const StoredDrawing& drawing) {
+      const std::string name = "/M" + std::to_string(++count_);
+      forms_.replaceKey(name, streams_.of(drawing));
+      operators_ += drawingOperators({name, drawing, {record.width, record.height}}, place.x, y, place.width,
+                                     place.height);
+    };
+    if (!isAnswer || page.isAnswerOverMaze) draw(page.maze);
+    if (isAnswer && page.answer) draw(*page.answer);
+  }
+
+  [[nodiscard]] QPDFObjectHandle forms() const { return forms_; }
+  [[nodiscard]] const std::string& operators() const { return operators_; }
+
+ private:
+  PlacedStreams& streams_;
+  QPDFObjectHandle forms_ = QPDFObjectHandle::newDictionary();
+  std::string operators_;
+  int count_ = 0;
+};
+
+QPDFObjectHandle sheetOf(double width, double height) {
+  return QPDFObjectHandle::parse("[ 0 0 " + pdfNumber(width) + " " + pdfNumber(height) + " ]");
+}
+
+/// Qt writes its fonts in an order of its memory's and names them for it. They get names in the order of
+/// their pages.
+class FontNames {
+ public:
+  void rename(QPDFObjectHandle resources) {
+    QPDFObjectHandle fonts = resources.getKey("/Font");
+    if (!fonts.isDictionary()) return;
+    for (const std::string& key : fonts.getKeys()) {
+      QPDFObjectHandle font = fonts.getKey(key);
+      if (!seen_.insert(font.getObjGen()).second) continue;
+      QPDFObjectHandle descendants = font.getKey("/DescendantFonts");
+      if (!descendants.isArray() || descendants.getArrayNItems() != 1) continue;
+      QPDFObjectHandle descendant = descendants.getArrayItem(0);
+      QPDFObjectHandle descriptor = descendant.getKey("/FontDescriptor");
+      if (!descriptor.isDictionary() || !descriptor.getKey("/FontName").isName()) continue;
+      const std::string name = descriptor.getKey("/FontName").getName();
+      constexpr std::size_t kTag = 6;  // letters behind the stroke, then a plus
+      const bool isPart = name.size() > kTag + 2 && name[kTag + 1] == '+';
+      if (!isPart) continue;
+      const auto tagged = QPDFObjectHandle::newName("/" + nextTag() + name.substr(kTag + 1));
+      descriptor.replaceKey("/FontName", tagged);
+      descendant.replaceKey("/BaseFont", tagged);
+      font.replaceKey("/BaseFont", tagged);
+    }
+  }
+
+ private:
+  std::string nextTag() {
+    std::string tag = "AAAAAA";
+    int rest = count_++;
+    for (auto letter = tag.rbegin(); letter != tag.rend(); ++letter, rest /= 26)
+      *letter = static_cast<char>('A' + rest % 26);
+    return tag;
+  }
+
+  std::set<QPDFObjGen> seen_;
+  int count_ = 0;
+};
+
+/// Draws the mazes of a page below its words.
+void placeMazes(QPDF& pdf, QPDFObjectHandle page, const PageDrawings& drawings) {
+  QPDFObjectHandle resources = page.getKey("/Resources");
+  resources.replaceKey("/XObject", drawings.forms());
+  page.removeKey("/Annots");
+  page.replaceKey("/Contents",
+                  QPDFObjectHandle::newArray(
+                      {QPDFObjectHandle::newStream(&pdf, drawings.operators()), page.getKey("/Contents")}));
+}
+
+QPDFObjectHandle barePage(QPDF& pdf, const PageDrawings& drawings, const MazeRecord& record) {
+  QPDFObjectHandle page = QPDFObjectHandle::newDictionary();
+  QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+  resources.replaceKey("/XObject", drawings.forms());
+  page.replaceKey("/Type", QPDFObjectHandle::newName("/Page"));
+  page.replaceKey("/MediaBox", sheetOf(record.width, record.height));
+  page.replaceKey("/Resources", resources);
+  page.replaceKey("/Contents", QPDFObjectHandle::newStream(&pdf, drawings.operators()));
+  return page;
+}
+
+void attach(QPDF& pdf, const std::string& list) {
+  auto file = QPDFEFStreamObjectHelper::createEFStream(pdf, list);
+  file.setSubtype("application/json");
+  auto named = QPDFFileSpecObjectHelper::createFileSpec(pdf, kListName, file);
+  QPDFEmbeddedFileDocumentHelper(pdf).replaceEmbeddedFile(kListName, named);
+}
+
+}  // namespace
+
+Outcome<Done> writeBook(const PlannedDocument& document, const std::vector<MazeRecord>& mazes,
+                        const std::string& words, const DocumentWords& about, const BareStore& store,
+                        QIODevice& device, const IsStopped& isStopped) {
+  return withoutThrowing([&] {
+    QPDF pdf;
+    pdf.setSuppressWarnings(true);
+    pdf.processMemoryFile("words", words.data(), words.size());
+    PlacedStreams streams(pdf, store, isStopped);
+    FontNames fonts;
+    auto planned = document.pages.begin();
+    for (QPDFObjectHandle page : pdf.getAllPages()) {
+      PageDrawings drawings(streams);
+      for (const PlacedMaze& placed : planned->mazes) {
+        const MazeRecord& record = mazes[placed.maze];
+        drawings.add(store.page(record.number), record, planned->isAnswers, placed.place, document.height);
+      }
+      placeMazes(pdf, page, drawings);
+      fonts.rename(page.getKey("/Resources"));
+      page.replaceKey("/MediaBox", sheetOf(document.width, document.height));
+      ++planned;
+    }
+    setWords(pdf, about);
+    writeDocument(pdf, device);
+  });
+}
+
+Outcome<Done> writePart(const std::vector<MazeRecord>& mazes, const std::string& list,
+                        const DocumentWords& about, const BareStore& store, QIODevice& device,
+                        const IsStopped& isStopped) {
+  return withoutThrowing([&] {
+    QPDF pdf;
+    pdf.emptyPDF();
+    PlacedStreams streams(pdf, store, isStopped);
+    for (const bool isAnswer : {false, true}) {
+      for (const MazeRecord& record : mazes) {
+        const StoredPage& page = store.page(record.number);
+        if (isAnswer && !page.answer) continue;
+        PageDrawings drawings(streams);
+        const double width = record.width;
+        const double height = record.height;
+        drawings.add(page, record, isAnswer, {0, 0, width, height}, height);
+        pdf.addPage(pdf.makeIndirectObject(barePage(pdf, drawings, record)), false);
+      }
+    }
+    attach(pdf, list);
+    setWords(pdf, about);
+    writeDocument(pdf, device);
+  });
+}
+
+}  // namespace gridwright::book

@@ -1,0 +1,108 @@
+#include "platform/book/part_document.h"
+
+#include <qpdf/Buffer.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFEmbeddedFileDocumentHelper.hh>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+#include "platform/book/book_document.h"
+#include "platform/book/book_list.h"
+
+namespace gridwright::book {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+Fault noPart(const fs::path& path, const std::string& why) {
+  return {Fault::Kind::malformed, path.string() + " " + why};
+}
+
+std::string textOf(Buffer& buffer) {
+  return {reinterpret_cast<const char*>(buffer.getBuffer()), buffer.getSize()};
+}
+
+std::size_t pagesOf(const BookList& list) {
+  return list.mazes.size() * (list.plan.answers == Answers::none ? 1 : 2);
+}
+
+/// The list that is attached; nothing where there is none.
+std::optional<std::string> attachedList(QPDF& pdf) {
+  const auto file = QPDFEmbeddedFileDocumentHelper(pdf).getEmbeddedFile(kListName);
+  if (!file) return std::nullopt;
+  QPDFObjectHandle stream = file->getEmbeddedFileStream();
+  if (!stream.isStream()) return std::nullopt;
+  return textOf(*stream.getStreamData());
+}
+
+/// A stream as it lies in the file. Unpacking it tells whether it is whole.
+BareDrawing drawingOf(QPDFObjectHandle stream) {
+  if (!stream.isStream()) throw std::runtime_error("no drawing");
+  stream.getStreamData();
+  QPDFObjectHandle dictionary = stream.getDict().shallowCopy();
+  dictionary.removeKey("/Length");
+  return {dictionary.unparse(), textOf(*stream.getRawStreamData()),
+          dictionary.getKey("/Subtype").isNameAndEquals("/Image")};
+}
+
+QPDFObjectHandle drawingsOn(QPDFObjectHandle page) { return page.getKey("/Resources").getKey("/XObject"); }
+
+/// The bare page of the maze in this place of the list.
+BarePage barePageIn(const std::vector<QPDFObjectHandle>& pages, const BookList& list, std::size_t maze) {
+  BarePage bare;
+  bare.notVector = list.mazes[maze].notVector;
+  bare.maze = drawingOf(drawingsOn(pages[maze]).getKey("/M1"));
+  if (list.plan.answers == Answers::none) return bare;
+  QPDFObjectHandle drawings = drawingsOn(pages[list.mazes.size() + maze]);
+  bare.isAnswerOverMaze = drawings.hasKey("/M2");
+  bare.answer = drawingOf(drawings.getKey(bare.isAnswerOverMaze ? "/M2" : "/M1"));
+  return bare;
+}
+
+}  // namespace
+
+PartDocument::PartDocument(fs::path path, std::unique_ptr<QPDF> pdf, BookList list)
+    : path_(std::move(path)), pdf_(std::move(pdf)), list_(std::move(list)) {}
+PartDocument::PartDocument(PartDocument&&) noexcept = default;
+PartDocument& PartDocument::operator=(PartDocument&&) noexcept = default;
+PartDocument::~PartDocument() = default;
+
+Outcome<PartDocument> PartDocument::open(const fs::path& path) {
+  std::error_code failed;
+  if (!fs::is_regular_file(path, failed)) return noPart(path, "is not there");
+  try {
+    auto pdf = std::make_unique<QPDF>();
+    pdf->setSuppressWarnings(true);
+    pdf->setAttemptRecovery(false);  // a part that is cut is to be made again
+    pdf->processFile(path.c_str());
+    const auto text = attachedList(*pdf);
+    if (!text) return noPart(path, "is no part of a book");
+    auto list = parseList(*text);
+    if (!list) return noPart(path, "has a list that can't be used: " + list.fault().words);
+    if (!list.value().part) return noPart(path, "is no part of a book");
+    if (pdf->getAllPages().size() != pagesOf(list.value())) return noPart(path, "is cut or damaged");
+    return PartDocument(path, std::move(pdf), std::move(list.value()));
+  } catch (const std::exception&) {
+    return noPart(path, "is no part of a book, or is cut");
+  }
+}
+
+Outcome<Done> PartDocument::copyInto(BareStore& store) const {
+  try {
+    const std::vector<QPDFObjectHandle>& pages = pdf_->getAllPages();
+    for (std::size_t i = 0; i < list_.mazes.size(); ++i) {
+      const BarePage page = barePageIn(pages, list_, i);
+      if (pdf_->numWarnings() > 0) break;
+      const auto kept = store.put(list_.mazes[i].number, page);
+      if (!kept) return kept.fault();
+    }
+    if (pdf_->numWarnings() > 0) return noPart(path_, "is damaged");
+    return Done{};
+  } catch (const std::exception&) {
+    return noPart(path_, "is damaged");
+  }
+}
+
+}  // namespace gridwright::book
