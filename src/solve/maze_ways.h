@@ -49,7 +49,7 @@ class MazeWays {
   [[nodiscard]] int cells() const { return static_cast<int>(forks_.size()); }
   [[nodiscard]] int start() const { return start_; }    ///< -1 where it lies in no cell.
   [[nodiscard]] int finish() const { return finish_; }  ///< Likewise.
-  /// How many cells of the kind's grid are carved; the band of one wall along the top and left has none.
+  /// How many cells of the kind are carved, also where no way leads to.
   [[nodiscard]] int carvedCells() const;
   /// Whether the cell is one of the kind's, and no join between pipes.
   [[nodiscard]] bool isOfKind(int cell) const;

@@ -75,7 +75,7 @@ class Recount {
   explicit Recount(const MadeMaze& made)
       : made_(made),
         wall_(made.record.settings.wall),
-        maze_(made.maze, sets(), wall_, kind() != MazeKind::regular) {
+        maze_(made.maze, sets(), wall_, kind() != MazeKind::regular, 0) {
     findEnds();
   }
 
@@ -137,7 +137,7 @@ class Recount {
   }
 
   [[nodiscard]] bool isOfKind(int cell) const {
-    return kind() != MazeKind::pipe || (cell % maze_.columns() % 2 == 0 && cell / maze_.columns() % 2 == 0);
+    return kind() != MazeKind::pipe || (cell % maze_.columns() % 2 == 1 && cell / maze_.columns() % 2 == 1);
   }
 
   /// Which way a step between two cells goes: 0 along a row, 1 along a column, with its sign.
@@ -186,8 +186,11 @@ class Recount {
       if (cell != finish_ && any != (way_.count(cell) != 0))
         return any ? "a stub of the trail" : "a gap in the trail";
     }
+    // Where the trail was taken back a corridor may have another of its colours.
+    const auto isCorridor = [](Colour pixel) { return pixel == kPalette[15] || pixel == kOtherCorridor; };
     for (std::size_t i = 0; i < made_.maze.pixels.size(); ++i) {
-      if (made_.answer.pixels[i] != made_.maze.pixels[i] && made_.answer.pixels[i] != kStartColour)
+      const Colour is = made_.answer.pixels[i], was = made_.maze.pixels[i];
+      if (is != was && is != kStartColour && !(isCorridor(is) && isCorridor(was)))
         return "a pixel beside the trail has changed";
     }
     return {};

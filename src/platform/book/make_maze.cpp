@@ -202,7 +202,7 @@ class Sitting {
     return s.phase == Phase::placing && (s.finishMethod == FinishMethod::user || s.finishFound);
   }
 
-  void takeMaze(const Program& program) {
+  void takeMaze(Program& program) {
     const ProgramState& s = program.state;
     made_.maze = program.canvas.shownImage();
     const MazeMeasure m = measureMaze({made_.maze, program.colours, s.startColor, s.finishColor, s.mazeKind,
@@ -216,12 +216,20 @@ class Sitting {
     r.settings = settingsOf(program);
     r.width = made_.maze.width;
     r.height = made_.maze.height;
-    r.cells = std::max(0, m.carved - s.session.carvedBefore);
+    r.cells = m.carved - carvedBefore(program);
     r.wayLength = m.wayLength;
     r.deadEnds = m.deadEnds;
     r.junctions = m.junctions;
     r.underpasses = m.underpasses;
     r.difficulty = m.difficulty;
+  }
+
+  /// What looked like a corridor before there was a maze: ground of a corridor's colour.
+  static int carvedBefore(Program& program) {
+    const ProgramState& s = program.state;
+    return MazeWays({program.pictures.load("drawing1.bmp"), program.colours, kOutside, kOutside, s.mazeKind,
+                     s.wallWidth, s.start, s.finish})
+        .carvedCells();
   }
 
   [[nodiscard]] MazeSettings settingsOf(const Program& program) const {
