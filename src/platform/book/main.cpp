@@ -8,6 +8,7 @@
 #include "platform/book/book_options.h"
 #include "platform/book/run_book.h"
 #include "platform/pictures/offscreen.h"
+#include "platform/shared/freed_memory.h"
 
 int main(int argc, char** argv) {
   using namespace gridwright;
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
   if (argc == 2 && argv[1] == std::string_view("--help")) return say(bookUsage());
   if (argc == 2 && argv[1] == std::string_view("--version"))
     return say("gridwright-book " GRIDWRIGHT_VERSION);
+  keepFreedMemory();
   const auto application = applicationWithoutScreen("gridwright-book");
   return runBook({argv + 1, argv + argc}, {std::cout, std::cerr, ::isatty(STDERR_FILENO) == 1});
 }

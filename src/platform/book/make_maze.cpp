@@ -85,6 +85,10 @@ class Sitting {
  private:
   void bringPicture() {
     desk_.click(ControlId::Command2);
+    desk_.look([](Program& p) {
+      p.history.reset();  // nobody takes anything back here
+      p.lookOn = nullptr;
+    });
     if (order_.picture.isDrawing()) {
       desk_.answer(Item::ldrawing, ControlId::Text4, "picture");
     } else {

@@ -1,6 +1,4 @@
 // gridwright-headless: the program without a screen, driven by a script.
-#include <malloc.h>
-
 #include <QGuiApplication>
 #include <charconv>
 #include <filesystem>
@@ -17,6 +15,7 @@
 #include "platform/headless/headless_desktop.h"
 #include "platform/pictures/offscreen.h"
 #include "platform/shared/end_signals.h"
+#include "platform/shared/freed_memory.h"
 #include "session/main_loop.h"
 #include "state/program.h"
 
@@ -85,13 +84,6 @@ Outcome<std::string> readSource(const std::string& name) {
   if (!in || std::filesystem::is_directory(name, failed))
     return Fault{Fault::Kind::notReadable, "cannot be read: " + name};
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
-/// Every printed page takes the same buffers, some of them of many megabytes and hardly touched: what one
-/// has freed is kept for the next, instead of going back to the system and being cleared anew.
-void keepFreedMemory() {
-  mallopt(M_MMAP_THRESHOLD, 32 << 20);   // bytes; no more is taken
-  mallopt(M_TRIM_THRESHOLD, 128 << 20);  // bytes
 }
 
 int run(const CommandLine& line, const std::filesystem::path& workFolder, const std::string& source) {
