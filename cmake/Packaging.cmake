@@ -4,7 +4,7 @@ include(GNUInstallDirs)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/gridwright)
 
-install(TARGETS gridwright gridwright-headless gridwright-prepare RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS gridwright gridwright-book gridwright-headless gridwright-prepare RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(PROGRAMS ${packaging}/gridwright-start DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 get_property(content GLOBAL PROPERTY GRIDWRIGHT_CONTENT)
@@ -49,7 +49,7 @@ function(install_packed source name destination)
   install(FILES ${packed} DESTINATION ${destination})
 endfunction()
 
-foreach(page gridwright gridwright-headless gridwright-prepare gridwright-start)
+foreach(page gridwright gridwright-book gridwright-headless gridwright-prepare gridwright-start)
   install_packed(${packaging}/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
 install_packed(${PROJECT_SOURCE_DIR}/CHANGELOG.md NEWS.md ${documents})
