@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "drawings/drawing_record.h"
@@ -17,6 +21,7 @@ namespace gridwright::test {
 namespace {
 
 using namespace gridwright::book;
+namespace fs = std::filesystem;
 
 /// Two rooms, the larger one below, and a border that bulges into it.
 const Text kRooms = {"................",  //
@@ -55,8 +60,11 @@ struct Twin {
     const std::string script =
         "seed " + std::to_string(seed) + "\nclick Command2\n" + bring + choices +
         "settle\nsnapshot made.bmp\nmenu solvemaze\nuntil phase 4\nsettle\nsnapshot answer.bmp\n";
+    play(script, picture.canvas());
+  }
+  void play(const std::string& script, Size size) const {
     HeadlessOptions options;
-    options.size = picture.canvas();
+    options.size = size;
     HeadlessDesktop desktop("script", script, options);
     const auto program = std::make_unique<Program>(desktop, temp.path());
     try {
@@ -136,6 +144,34 @@ TEST(AMazeOfABook, TakesALengthOfUnderpassesAndASetOfPatterns) {
   expectSame(maze, twin);
   EXPECT_FALSE(maze.value().record.settings.shortUnderpasses);
   EXPECT_EQ(maze.value().record.settings.patterns, "stairs");
+}
+
+/// The lines of a document that stand as a script does.
+std::string scriptIn(const std::string& document) {
+  std::istringstream lines(document);
+  std::string script;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("    seed ") || (!script.empty() && line.starts_with("    ")))
+      script += line.substr(4) + "\n";
+    else if (!script.empty())
+      break;
+  }
+  return script;
+}
+
+TEST(TheScriptInTheDocument, MakesTheMazeOfTheBook) {
+  SourcePicture picture;
+  picture.picture = PackedPicture(readBitmapFile(fs::path(GRIDWRIGHT_EXAMPLES) / "cat.bmp").value());
+  std::ifstream in(GRIDWRIGHT_BOOKS_DOCUMENT);
+  const std::string script = scriptIn({std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()});
+  ASSERT_TRUE(script.starts_with("seed 11\n")) << script;
+  Twin twin;
+  ASSERT_TRUE(writeBitmapFile(picture.picture.unpacked(), twin.temp.path() / "cat.bmp"));
+  twin.play(script, picture.canvas());
+  const auto maze = made(picture, {}, 11);
+  ASSERT_TRUE(maze) << maze.fault().words;
+  EXPECT_TRUE(maze.value().maze == twin.picture("maze.bmp"));
+  EXPECT_TRUE(maze.value().answer == twin.picture("answer.bmp"));
 }
 
 /// A drawing of the rooms as a person saved it.

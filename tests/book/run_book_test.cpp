@@ -143,6 +143,38 @@ TEST_F(AShop, MakesTheSameBookWhoeverMakesIt) {
             2);
 }
 
+TEST_F(AShop, MakesABookOfAllExamplesTheSameWithAnyNumberOfJobs) {
+  folder.put("names.txt", "Mia\nAnna\n");
+  Words pictures;
+  for (const char* name : {"balloon", "butterfly", "cat", "name", "octopus", "snail", "window"})
+    pictures.push_back((fs::path(GRIDWRIGHT_EXAMPLES) / name).string() + ".bmp");
+  std::string book;
+  for (const char* jobs : {"1", "2", "8"}) {
+    Words words = pictures;
+    for (const std::string& word :
+         {std::string("--words"), in("names.txt"), std::string("--total"), std::string("24"),
+          std::string("--seed"), std::string("3"), std::string("--jobs"), std::string(jobs),
+          std::string("-o"), in("b.pdf"), std::string("--force")})
+      words.push_back(word);
+    std::ostringstream out, err;
+    ASSERT_EQ(runBook(words, {out, err, false}), 0) << err.str();
+    if (book.empty()) book = folder.get("b.pdf");
+    EXPECT_TRUE(folder.get("b.pdf") == book) << jobs << " jobs";
+  }
+}
+
+TEST_F(AShop, GrowsHarderWithSmallerWalls) {
+  EXPECT_EQ(run({"room.bmp", "hall.bmp", "--total", "8", "--wall", "20,10,6,5", "--seed", "1", "-o", "b.pdf",
+                 "--list", "l.json"})
+                .status,
+            0);
+  const BookList made = list();
+  for (std::size_t i = 1; i < made.mazes.size(); ++i) {
+    if (made.mazes[i].settings.wall > made.mazes[i - 1].settings.wall) continue;  // the list begins anew
+    EXPECT_GT(made.mazes[i].difficulty, made.mazes[i - 1].difficulty) << made.mazes[i].number;
+  }
+}
+
 TEST_F(AShop, TellsASeedThatComesFromTheClock) {
   const Ended ended = run({"room.bmp", "-o", "b.pdf", "--list", "l.json", "--quiet"});
   EXPECT_EQ(ended.status, 0);
