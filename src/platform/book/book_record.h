@@ -123,8 +123,7 @@ struct MazeSettings {
   int difficulty = 4;
   bool largePaths = false;
   bool shortUnderpasses = true;
-  PatternWish patterns;
-  std::optional<std::string> ownPatterns;  ///< A drawing's own, which no option replaced.
+  std::string patterns = "own";  ///< As the option says them; `own` where it said nothing.
   Ends ends = Ends::farthest;
   bool ownEnds = false;  ///< The ends that a drawing brought were kept.
   friend bool operator==(const MazeSettings&, const MazeSettings&) = default;

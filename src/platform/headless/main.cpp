@@ -2,7 +2,6 @@
 #include <malloc.h>
 
 #include <QGuiApplication>
-#include <array>
 #include <charconv>
 #include <filesystem>
 #include <fstream>
@@ -16,6 +15,7 @@
 
 #include "files/work_place.h"
 #include "platform/headless/headless_desktop.h"
+#include "platform/pictures/offscreen.h"
 #include "platform/shared/end_signals.h"
 #include "session/main_loop.h"
 #include "state/program.h"
@@ -87,18 +87,6 @@ Outcome<std::string> readSource(const std::string& name) {
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
 
-/// Fonts and paper need Qt's application object; it must not look for a display.
-std::unique_ptr<QGuiApplication> applicationWithoutScreen() {
-  // Qt's remarks on a missing session are none of a script's business.
-  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-  static std::array<char, 20> name{"gridwright-headless"};
-  static std::array<char, 10> option{"-platform"};
-  static std::array<char, 10> value{"offscreen"};
-  static std::array<char*, 4> arguments{name.data(), option.data(), value.data(), nullptr};
-  static int count = 3;
-  return std::make_unique<QGuiApplication>(count, arguments.data());
-}
-
 /// Every printed page takes the same buffers, some of them of many megabytes and hardly touched: what one
 /// has freed is kept for the next, instead of going back to the system and being cleared anew.
 void keepFreedMemory() {
@@ -110,7 +98,7 @@ int run(const CommandLine& line, const std::filesystem::path& workFolder, const 
   keepFreedMemory();
   std::unique_ptr<QGuiApplication> application;
   const auto begin = [&application] {
-    if (!application) application = applicationWithoutScreen();
+    if (!application) application = applicationWithoutScreen("gridwright-headless");
   };
   if (line.options.pdfFile) begin();
   HeadlessOptions options = line.options;
