@@ -177,10 +177,10 @@ TEST(ADrawing, KeepsTheSettingsAndTheEndsThatItBrings) {
   MazeWish finer;
   finer.wall = 6;
   Twin anew;
-  anew.run(
-      picture, 3,
-      "menu changewallsize\ntype Text2 \"6\"\nenter Text2\nmenu largestsolution\nstartat 12 42\nmenu newmaze\n"
-      "until finishFound 1\n");
+  anew.run(picture, 3,
+           "menu changewallsize\ntype Text2 \"6\"\nenter Text2\nmenu largestsolution\nstartat 12 42\nmenu "
+           "newmaze\n"
+           "until finishFound 1\n");
   const auto others = made(picture, finer, 3);
   expectSame(others, anew);
   EXPECT_FALSE(others.value().record.settings.ownEnds) << "its ends go with its grid";

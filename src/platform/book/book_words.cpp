@@ -6,6 +6,8 @@
 #include <cmath>
 #include <utility>
 
+#include "canvas/colour.h"
+
 namespace gridwright::book {
 namespace {
 
@@ -22,8 +24,13 @@ constexpr Words<Answers, 4> kAnswers = {
     {{Answers::none, "none"}, {Answers::after, "after"}, {Answers::end, "end"}, {Answers::file, "file"}}};
 constexpr Words<MazeFormat, 2> kFormats = {{{MazeFormat::vector, "vector"}, {MazeFormat::pixels, "pixels"}}};
 
+constexpr Words<bool, 2> kPaths = {{{false, "normal"}, {true, "large"}}};
+constexpr Words<bool, 2> kUnderpasses = {{{true, "short"}, {false, "long"}}};
+/// What people call three of the palette's colours besides.
+constexpr Words<int, 3> kOtherNames = {{{8, "grey"}, {11, "aqua"}, {13, "fuchsia"}}};
+
 constexpr double kPerInch = 72000, kPerMillimetre = kPerInch / 25.4;  // thousandths of a point
-constexpr int kMostTiles = 20;
+constexpr int kMostTiles = 20, kMostParts = 10'000;
 
 int thousandths(double length, double unit) { return static_cast<int>(std::lround(length * unit)); }
 
@@ -51,6 +58,12 @@ std::optional<Value> valueIn(const Words<Value, kCount>& words, std::string_view
   return std::nullopt;
 }
 
+std::optional<int> colourOf(std::string_view name) {
+  const auto* found = std::find(kPaletteNames.begin(), kPaletteNames.end(), name);
+  if (found != kPaletteNames.end()) return static_cast<int>(found - kPaletteNames.begin());
+  return valueIn(kOtherNames, name);
+}
+
 /// A number without sign, exponent or anything before and behind it.
 std::optional<double> plainNumber(std::string_view word) {
   const auto isPlain = [](char c) { return (c >= '0' && c <= '9') || c == '.'; };
@@ -75,6 +88,18 @@ std::string_view wordOf(Ends ends) { return wordIn(kEnds, ends); }
 std::string_view wordOf(Answers answers) { return wordIn(kAnswers, answers); }
 std::string_view wordOf(MazeFormat format) { return wordIn(kFormats, format); }
 
+std::string_view pathsWord(bool large) { return wordIn(kPaths, large); }
+std::string_view underpassesWord(bool isShort) { return wordIn(kUnderpasses, isShort); }
+
+std::string wordOf(const Part& part) { return std::to_string(part.number) + "/" + std::to_string(part.of); }
+
+std::string wordOf(const ColourPair& pair) {
+  const auto name = [](int colour) {
+    return std::string(kPaletteNames.at(static_cast<std::size_t>(colour)));
+  };
+  return name(pair.ground) + "=" + name(pair.corridor);
+}
+
 std::string wordOf(Tiles tiles) { return std::to_string(tiles.columns) + "x" + std::to_string(tiles.rows); }
 
 std::string wordOf(const PatternWish& patterns) {
@@ -87,6 +112,27 @@ std::optional<MazeKind> kindOf(std::string_view word) { return valueIn(kKinds, w
 std::optional<Ends> endsOf(std::string_view word) { return valueIn(kEnds, word); }
 std::optional<Answers> answersOf(std::string_view word) { return valueIn(kAnswers, word); }
 std::optional<MazeFormat> formatOf(std::string_view word) { return valueIn(kFormats, word); }
+
+std::optional<bool> pathsOf(std::string_view word) { return valueIn(kPaths, word); }
+std::optional<bool> underpassesOf(std::string_view word) { return valueIn(kUnderpasses, word); }
+
+std::optional<Part> partOf(std::string_view word) {
+  const auto slash = word.find('/');
+  if (slash == std::string_view::npos) return std::nullopt;
+  const auto of = wholeNumberOf(word.substr(slash + 1), 1, kMostParts);
+  const auto number = wholeNumberOf(word.substr(0, slash), 1, of.value_or(1));
+  if (!of || !number) return std::nullopt;
+  return Part{*number, *of};
+}
+
+std::optional<ColourPair> colourPairOf(std::string_view word) {
+  const auto equals = word.find('=');
+  if (equals == std::string_view::npos) return std::nullopt;
+  const auto ground = colourOf(word.substr(0, equals));
+  const auto corridor = colourOf(word.substr(equals + 1));
+  if (!ground || !corridor || ground == corridor) return std::nullopt;
+  return ColourPair{*ground, *corridor};
+}
 
 std::optional<int> wholeNumberOf(std::string_view word, int least, int most) {
   int number = 0;

@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "canvas/colour.h"
 #include "platform/book/book_words.h"
 
 namespace gridwright::book {
@@ -31,8 +30,6 @@ class OptionWords {
   std::string words_;
 };
 
-std::string nameOf(int colour) { return kPaletteNames.at(static_cast<std::size_t>(colour)); }
-
 std::string settingsOf(const BookPlan& plan) {
   const WishedSettings& wished = plan.wished;
   OptionWords options;
@@ -40,13 +37,12 @@ std::string settingsOf(const BookPlan& plan) {
   options.addList("kind", wished.kinds, [](MazeKind kind) { return wordOf(kind); });
   options.addList("wall", wished.walls, [](int wall) { return std::to_string(wall); });
   options.addList("difficulty", wished.difficulties, [](int level) { return std::to_string(level); });
-  options.addList("paths", wished.largePaths, [](bool large) { return large ? "large" : "normal"; });
+  options.addList("paths", wished.largePaths, [](bool large) { return pathsWord(large); });
   options.addList("underpasses", wished.shortUnderpasses,
-                  [](bool isShort) { return isShort ? "short" : "long"; });
+                  [](bool isShort) { return underpassesWord(isShort); });
   options.addList("patterns", wished.patterns, [](const PatternWish& wish) { return wordOf(wish); });
   options.addList("ends", wished.ends, [](Ends ends) { return wordOf(ends); });
-  options.addList("maze-colours", wished.mazeColours,
-                  [](const ColourPair& pair) { return nameOf(pair.ground) + "=" + nameOf(pair.corridor); });
+  options.addList("maze-colours", wished.mazeColours, [](const ColourPair& pair) { return wordOf(pair); });
   if (plan.sortByDifficulty) options.add("sort", "difficulty");
   return options.words();
 }
