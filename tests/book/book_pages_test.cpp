@@ -264,7 +264,7 @@ TEST_F(AJoin, NamesThePartThatDoesNotFitAndWritesNothing) {
 TEST_F(AJoin, NamesAPartThatIsCutAnywhere) {
   const fs::path first = makePart(1, 2);
   const std::string whole = temp_.get(makePart(2, 2).filename());
-  for (const std::size_t length : {whole.size() - 7, whole.size() - 600, whole.size() / 2, std::size_t{9}}) {
+  for (const std::size_t length : {whole.size() - 3, whole.size() - 600, whole.size() / 2, std::size_t{9}}) {
     temp_.put("part2.pdf", whole.substr(0, length));
     EXPECT_EQ(joinFault({first, temp_.path() / "part2.pdf"}).substr(0, 12), "part2.pdf is") << length;
   }
@@ -272,12 +272,18 @@ TEST_F(AJoin, NamesAPartThatIsCutAnywhere) {
 
 TEST_F(AJoin, NamesAPartWithADamagedPage) {
   const fs::path first = makePart(1, 2);
-  std::string bytes = temp_.get(makePart(2, 2).filename());
-  // In the middle of its first packed drawing.
-  const std::size_t stream = bytes.find("stream", bytes.find("/Subtype /Form"));
-  for (std::size_t i = 100; i < 110; ++i) bytes[stream + i] = static_cast<char>(~bytes[stream + i]);
-  temp_.put("part2.pdf", bytes);
-  EXPECT_EQ(joinFault({first, temp_.path() / "part2.pdf"}), "part2.pdf is damaged");
+  const std::string whole = temp_.get(makePart(2, 2).filename());
+  int drawings = 0;
+  for (auto at = whole.find("/Type /XObject"); at != std::string::npos;
+       at = whole.find("/Type /XObject", at + 1)) {
+    std::string bytes = whole;
+    const std::size_t packed = bytes.find("stream", at) + 7;
+    for (std::size_t i = 30; i < 34; ++i) bytes[packed + i] = static_cast<char>(~bytes[packed + i]);
+    temp_.put("part2.pdf", bytes);
+    EXPECT_EQ(joinFault({first, temp_.path() / "part2.pdf"}), "part2.pdf is damaged") << at;
+    ++drawings;
+  }
+  EXPECT_EQ(drawings, 2 * 4);
 }
 
 class FilesOfARun : public ARun {

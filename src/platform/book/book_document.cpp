@@ -5,6 +5,7 @@
 #include <qpdf/QPDFEmbeddedFileDocumentHelper.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <set>
+#include <stdexcept>
 
 #include "platform/book/pdf_tools.h"
 
@@ -21,7 +22,7 @@ class PageDrawings {
   void add(const StoredPage& page, const MazeRecord& record, bool isAnswer, const Box& place, double top) {
     const double y = top - place.y - place.height;
     const auto draw = [&](const StoredDrawing& drawing) {
-      const std::string name = "/M" + std::to_string(++count_);
+      const std::string name = std::string("/M").append(std::to_string(++count_));
       forms_.replaceKey(name, streams_.of(drawing));
       operators_ += drawingOperators({name, drawing, {record.width, record.height}}, place.x, y, place.width,
                                      place.height);
@@ -61,9 +62,9 @@ class FontNames {
       if (!descriptor.isDictionary() || !descriptor.getKey("/FontName").isName()) continue;
       const std::string name = descriptor.getKey("/FontName").getName();
       constexpr std::size_t kTag = 6;  // letters behind the stroke, then a plus
-      const bool isPart = name.size() > kTag + 2 && name[kTag + 1] == '+';
+      const bool isPart = name.size() > kTag + 1 && name[kTag + 1] == '+';
       if (!isPart) continue;
-      const auto tagged = QPDFObjectHandle::newName("/" + nextTag() + name.substr(kTag + 1));
+      const auto tagged = QPDFObjectHandle::newName(nextTag().append(name, kTag + 1));
       descriptor.replaceKey("/FontName", tagged);
       descendant.replaceKey("/BaseFont", tagged);
       font.replaceKey("/BaseFont", tagged);
@@ -72,9 +73,9 @@ class FontNames {
 
  private:
   std::string nextTag() {
-    std::string tag = "AAAAAA";
+    std::string tag = "/AAAAAA";
     int rest = count_++;
-    for (auto letter = tag.rbegin(); letter != tag.rend(); ++letter, rest /= 26)
+    for (auto letter = tag.rbegin(); letter + 1 != tag.rend(); ++letter, rest /= 26)
       *letter = static_cast<char>('A' + rest % 26);
     return tag;
   }
@@ -102,6 +103,12 @@ QPDFObjectHandle barePage(QPDF& pdf, const PageDrawings& drawings, const MazeRec
   page.replaceKey("/Resources", resources);
   page.replaceKey("/Contents", QPDFObjectHandle::newStream(&pdf, drawings.operators()));
   return page;
+}
+
+std::string storedSum(const BareStore& store, const StoredDrawing& drawing) {
+  const auto bytes = store.bytesOf(drawing);
+  if (!bytes) throw std::runtime_error("the disk does not give back what was written");
+  return sumOf(QPDFObjectHandle::parse(drawing.dictionary), *bytes);
 }
 
 void attach(QPDF& pdf, const std::string& list) {
@@ -154,7 +161,10 @@ Outcome<Done> writePart(const std::vector<MazeRecord>& mazes, const std::string&
         const double width = record.width;
         const double height = record.height;
         drawings.add(page, record, isAnswer, {0, 0, width, height}, height);
-        pdf.addPage(pdf.makeIndirectObject(barePage(pdf, drawings, record)), false);
+        QPDFObjectHandle bare = barePage(pdf, drawings, record);
+        bare.replaceKey(kSumKey,
+                        QPDFObjectHandle::newString(storedSum(store, isAnswer ? *page.answer : page.maze)));
+        pdf.addPage(pdf.makeIndirectObject(bare), false);
       }
     }
     attach(pdf, list);
