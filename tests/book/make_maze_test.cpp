@@ -32,7 +32,7 @@ const Text kRooms = {"................",  //
 SourcePicture bitmap(const Text& cells = kRooms, int wall = 10) {
   SourcePicture picture;
   picture.name = "rooms";
-  picture.bitmap = drawing(cells, wall);
+  picture.picture = PackedPicture(drawing(cells, wall));
   return picture;
 }
 
@@ -47,7 +47,7 @@ Outcome<MadeMaze> made(const SourcePicture& picture, const MazeWish& wish, std::
 struct Twin {
   /// The script goes on from the picture on the Canvas to the two snapshots.
   void run(const SourcePicture& picture, std::uint32_t seed, const std::string& choices) {
-    ASSERT_TRUE(writeBitmapFile(picture.bitmap, temp.path() / "picture.bmp"));
+    ASSERT_TRUE(writeBitmapFile(picture.picture.unpacked(), temp.path() / "picture.bmp"));
     if (picture.isDrawing()) temp.put("picture.maze", picture.drawing);
     const std::string bring = picture.isDrawing()
                                   ? "menu ldrawing\ntype Text4 \"picture\"\nenter Text4\n"
@@ -142,7 +142,7 @@ TEST(AMazeOfABook, TakesALengthOfUnderpassesAndASetOfPatterns) {
 SourcePicture savedDrawing(const std::string& choices) {
   SourcePicture picture = bitmap();
   TempFolder temp;
-  EXPECT_TRUE(writeBitmapFile(picture.bitmap, temp.path() / "picture.bmp"));
+  EXPECT_TRUE(writeBitmapFile(picture.picture.unpacked(), temp.path() / "picture.bmp"));
   HeadlessOptions options;
   options.size = picture.canvas();
   HeadlessDesktop desktop("script",
@@ -264,10 +264,19 @@ TEST(AMazeThatIsStopped, IsNoneAndHasNoReason) {
 
 TEST(TheCanvasOfAPicture, IsAsLargeAsItBetween50And1000) {
   SourcePicture picture;
-  picture.bitmap = plainBitmap(20, 700, 0);
+  picture.picture = PackedPicture(plainBitmap(20, 700, 0));
   EXPECT_EQ(picture.canvas(), (Size{50, 700}));
-  picture.bitmap = plainBitmap(1000, 50, 0);
+  picture.picture = PackedPicture(plainBitmap(1000, 50, 0));
   EXPECT_EQ(picture.canvas(), (Size{1000, 50}));
+}
+
+TEST(APackedPicture, HasEveryPixelAgain) {
+  Bitmap picture = drawing(kRooms, 9);
+  for (int i = 0; i < picture.height; ++i)
+    pixelAt(picture, (i * 37) % picture.width, i) = i * 70001 & kColourBits;
+  const PackedPicture packed(picture);
+  EXPECT_EQ(packed.size(), (Size{picture.width, picture.height}));
+  EXPECT_TRUE(packed.unpacked() == picture);
 }
 
 TEST(ListsOfSettings, AreTakenInTurnEachByItsOwnLength) {

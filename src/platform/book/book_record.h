@@ -15,6 +15,8 @@
 
 namespace gridwright::book {
 
+inline constexpr int kMostMazes = 1'000'000;  ///< Of a book.
+
 /// Where the ends of a maze come from.
 enum class Ends { set, farthest, farthestUnderpasses, mostUnderpasses };
 

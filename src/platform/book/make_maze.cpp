@@ -60,14 +60,15 @@ class Sitting {
       : order_(order),
         wish_(order.wish),
         starts_(starts),
-        desk_(order.picture.canvas(), order.seed, order.picture.bitmap, stop) {}
+        bitmap_(order.picture.picture.unpacked()),
+        desk_(order.picture.canvas(), order.seed, bitmap_, stop) {}
 
   Outcome<MadeMaze> run() {
     auto folder = std::make_unique<MemoryFolder>();
     if (order_.picture.isDrawing()) folder->put("picture.maze", order_.picture.drawing);
     folder->put("picture.bmp", {});  // its pixels come from the desktop
     if (!order_.patternSet.empty())
-      folder->put("set" + std::string(setEnding(wish_.kind.value_or(MazeKind::regular))), order_.patternSet);
+      folder->put("set" + std::string(setEnding(kindOf(wish_, order_.picture))), order_.patternSet);
     const auto program = std::make_unique<Program>(desk_, std::move(folder));
     bringPicture();
     try {
@@ -240,6 +241,7 @@ class Sitting {
   const MazeOrder& order_;
   const MazeWish& wish_;
   RegionStarts& starts_;
+  const Bitmap bitmap_;
   BookDesktop desk_;
   MazeKind kind_ = MazeKind::regular;
   bool ownEnds_ = false;

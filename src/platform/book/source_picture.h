@@ -12,6 +12,7 @@
 #include "canvas/cell_grid.h"
 #include "canvas/colour_sets.h"
 #include "canvas/maze_kind.h"
+#include "history/colour_runs.h"
 #include "platform/book/book_record.h"
 
 namespace gridwright::book {
@@ -34,11 +35,26 @@ class RegionStarts {
   std::map<std::pair<int, MazeKind>, std::optional<Corner>> known_;
 };
 
+/// Exact pixels in little memory: what a row has as the one above takes none, and what it has in one colour
+/// little.
+class PackedPicture {
+ public:
+  PackedPicture() = default;
+  explicit PackedPicture(const Bitmap& picture);
+  [[nodiscard]] Size size() const { return size_; }
+  [[nodiscard]] Bitmap unpacked() const;
+
+ private:
+  Size size_;
+  Runs runs_;  // of each pixel's colour against that of the one above
+};
+
 struct SourcePicture {
-  std::string name;     ///< The base name of its file, or the words.
-  Bitmap bitmap;        ///< At most 1000 by 1000.
-  std::string drawing;  ///< The record of a drawing; empty for a bitmap.
-  std::string whyNot;   ///< Why no maze can be made of it; empty where one can be tried.
+  std::string name;                   ///< The base name of its file, or the words.
+  PackedPicture picture;              ///< At most 1000 by 1000.
+  std::string drawing;                ///< The record of a drawing; empty for a bitmap.
+  MazeKind kind = MazeKind::regular;  ///< Of its mazes where no option says another.
+  std::string whyNot;                 ///< Why no maze can be made of it; empty where one can be tried.
 
   /// The Canvas is as large as the picture, 50 to 1000 pixels each way.
   [[nodiscard]] Size canvas() const;
@@ -55,6 +71,11 @@ struct MazeWish {
   std::optional<Ends> ends;
   std::vector<ColourPair> mazeColours;
 };
+
+/// The kind of a maze: the one that is wished, else that of its picture.
+inline MazeKind kindOf(const MazeWish& wish, const SourcePicture& picture) {
+  return wish.kind.value_or(picture.kind);
+}
 
 /// What maze `index`, from 0, is to be like: the value at the index modulo the length of each list.
 MazeWish wishOf(const WishedSettings& wished, int index);
