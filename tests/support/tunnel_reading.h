@@ -60,6 +60,10 @@ class TunnelReading {
     return std::any_of(ways.begin(), ways.end(), [](const Way& way) { return way.span > 0; });
   }
   [[nodiscard]] bool hasClosedCells() const { return closedCells_; }
+  [[nodiscard]] const std::vector<Way>& waysFrom(int cell) const {
+    return ways_[static_cast<std::size_t>(cell)];
+  }
+  [[nodiscard]] int columns() const { return columns_; }
 
   struct Reach {
     bool reached = false;

@@ -47,7 +47,6 @@ class Run {
     const bool fromClock = !line_.hasSeed && !list_;
     if (fromClock) line_.plan.seed = seedOfClock();
     if (const auto may = mayWrite(line_.run); !may) return complain(may.fault().words);
-    if (fromClock) talk_.out << "seed " << line_.plan.seed << std::endl;
     const auto sources = BookSources::read(line_.plan, line_.run.jobs, isAskedToEnd);
     if (!sources) return isAskedToEnd() ? ended() : complain(sources.fault().words);
     if (list_) {
@@ -55,6 +54,7 @@ class Run {
       if (!changed.empty()) return complain(changed + " has changed since the list was written");
     }
     for (const std::string& warning : sources.value().warnings()) complain(warning);
+    if (fromClock) talk_.out << "seed " << line_.plan.seed << std::endl;
     return make(sources.value());
   }
 
@@ -75,23 +75,24 @@ class Run {
 
   /// The options of the list take the place of those of the command line.
   bool takeList() {
-    const std::string name = line_.run.from.string();
     const auto bytes = readPlainFile(line_.run.from);
-    if (!bytes) return complain(name + ": it cannot be read") == kDone;
+    if (!bytes) return refuseList("it cannot be read");
     auto list = parseList(bytes.value());
-    if (!list) return complain(name + ": " + list.fault().words) == kDone;
+    if (!list) return refuseList(list.fault().words);
     list_ = std::move(list.value());
     line_.plan = list_->plan;
     if (!line_.run.part) line_.run.part = list_->part;
     const bool isNamed = !line_.run.answersFile.empty();
     if (line_.plan.answers == Answers::file && !isNamed && !line_.run.part)
-      return complain(name +
-                      ": its book has the answers in a file of their own; name it with --answers FILE.pdf") ==
-             kDone;
+      return refuseList("its book has the answers in a file of their own; name it with --answers FILE.pdf");
     if (line_.plan.answers != Answers::file && isNamed)
-      return complain(name + ": its book has no answers in a file of their own; leave --answers out") ==
-             kDone;
+      return refuseList("its book has no answers in a file of their own; leave --answers out");
     return true;
+  }
+
+  bool refuseList(const std::string& why) {
+    complain(line_.run.from.string() + ": " + why);
+    return false;
   }
 
   int make(const BookSources& sources) {
