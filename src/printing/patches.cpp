@@ -10,8 +10,6 @@ namespace gridwright {
 
 namespace {
 
-constexpr int kFree = -1;  // the rank of what is not drawn
-
 /// Neighbours in a row, `begin` to before `end`, whose colour has this rank in the order of drawing.
 struct Run {
   int rank = 0, begin = 0, end = 0;
@@ -22,110 +20,104 @@ struct Run {
 };
 using Runs = std::vector<Run>;
 
-/// A picture, and what of it is there already.
-struct Sight {
-  const BitmapView* below;  ///< Null where nothing is.
-  const BitmapView& picture;
-
-  /// The colour of a pixel that is to be drawn; nothing of one that is there.
-  [[nodiscard]] std::optional<Colour> at(const Colour* row, const Colour* rowBelow, int x) const {
-    const Colour colour = row[x] & kColourBits;
-    if (rowBelow != nullptr && (rowBelow[x] & kColourBits) == colour) return std::nullopt;
-    return colour;
-  }
-  [[nodiscard]] const Colour* rowBelow(int y) const { return below == nullptr ? nullptr : below->row(y); }
-  [[nodiscard]] bool isLikeRowAbove(int y) const {
-    return picture.isLikeRowAbove(y) && (below == nullptr || below->isLikeRowAbove(y));
-  }
-};
-
-/// Calls `take(colour or nothing, begin, end)` for the runs of a row, from the left.
-template <class Take>
-void walkRow(const Sight& sight, int y, Take&& take) {
-  const Colour* row = sight.picture.row(y);
-  const Colour* below = sight.rowBelow(y);
-  const int width = sight.picture.width;
-  for (int begin = 0; begin < width;) {
-    const auto colour = sight.at(row, below, begin);
-    int end = begin + 1;
-    while (end < width && sight.at(row, below, end) == colour) ++end;
-    take(colour, begin, end);
-    begin = end;
-  }
-}
-
-/// The colours by how many pixels have them, of as many the one that comes first in the picture.
-class Ranking {
+/// A picture row by row as runs of what is to be drawn. Rows that are alike are looked at once.
+class Rows {
  public:
-  explicit Ranking(const Sight& sight) {
-    std::vector<std::pair<Colour, int>> spans;  // of the last row that was walked
-    for (int y = 0; y < sight.picture.height; ++y) {
-      if (y == 0 || !sight.isLikeRowAbove(y)) {
-        spans.clear();
-        walkRow(sight, y, [&](std::optional<Colour> colour, int begin, int end) {
-          if (colour) spans.emplace_back(*colour, end - begin);
-        });
-      }
-      for (const auto& [colour, pixels] : spans) count(colour, pixels);
+  /// \param below what is drawn already, and stays; null where nothing is.
+  Rows(const BitmapView* below, const BitmapView& picture) {
+    for (int y = 0; y < picture.height; ++y) {
+      const bool isLikeAbove =
+          y > 0 && picture.isLikeRowAbove(y) && (below == nullptr || below->isLikeRowAbove(y));
+      if (!isLikeAbove) read(picture.row(y), below == nullptr ? nullptr : below->row(y), picture.width);
+      ++heights_.back();
+      kinds_.push_back(rows_.size() - 1);
     }
-    std::vector<std::size_t> order(colours_.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::size_t a, std::size_t b) { return counts_[a] > counts_[b]; });
-    std::vector<Colour> sorted;
-    for (const std::size_t place : order) {
-      ranks_[colours_[place]] = static_cast<int>(sorted.size());
-      sorted.push_back(colours_[place]);
-    }
-    colours_ = std::move(sorted);
+    rank();
   }
 
-  [[nodiscard]] int of(std::optional<Colour> colour) const { return colour ? ranks_.at(*colour) : kFree; }
+  [[nodiscard]] int count() const { return static_cast<int>(kinds_.size()); }
+  [[nodiscard]] bool areAlike(int a, int b) const { return kindOf(a) == kindOf(b); }
+  [[nodiscard]] const Runs& at(int y) const { return rows_[kindOf(y)]; }
+  /// The colours by how many pixels have them, of as many the one that comes first in the picture.
   [[nodiscard]] const std::vector<Colour>& colours() const { return colours_; }
 
  private:
-  void count(Colour colour, int pixels) {
-    const auto [entry, isNew] = ranks_.try_emplace(colour, static_cast<int>(colours_.size()));
-    if (isNew) {
-      colours_.push_back(colour);
-      counts_.push_back(0);
+  [[nodiscard]] std::size_t kindOf(int y) const { return kinds_[static_cast<std::size_t>(y)]; }
+
+  void read(const Colour* row, const Colour* below, int width) {
+    Runs runs;
+    const auto isThere = [&](int x) { return below != nullptr && ((row[x] ^ below[x]) & kColourBits) == 0; };
+    for (int begin = 0; begin < width;) {
+      const Colour colour = row[begin] & kColourBits;
+      const bool stays = isThere(begin);
+      int end = begin + 1;
+      while (end < width && isThere(end) == stays && (stays || (row[end] & kColourBits) == colour)) ++end;
+      if (!stays) runs.push_back({placeOf(colour), begin, end});
+      begin = end;
     }
-    counts_[static_cast<std::size_t>(entry->second)] += pixels;
+    rows_.push_back(std::move(runs));
+    heights_.push_back(0);
   }
 
-  std::unordered_map<Colour, int> ranks_;
+  int placeOf(Colour colour) {
+    if (!colours_.empty() && colours_[static_cast<std::size_t>(last_)] == colour) return last_;
+    const auto [entry, isNew] = places_.try_emplace(colour, static_cast<int>(colours_.size()));
+    if (isNew) colours_.push_back(colour);
+    return last_ = entry->second;
+  }
+
+  /// Gives each run the rank of its colour instead of its place among those that were met.
+  void rank() {
+    std::vector<std::int64_t> counts(colours_.size());
+    for (std::size_t i = 0; i < rows_.size(); ++i)
+      for (const Run& run : rows_[i])
+        counts[static_cast<std::size_t>(run.rank)] += heights_[i] * std::int64_t{run.end - run.begin};
+    std::vector<std::size_t> order(colours_.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::size_t a, std::size_t b) { return counts[a] > counts[b]; });
+    std::vector<int> ranks(order.size());
+    std::vector<Colour> ranked;
+    for (const std::size_t place : order) {
+      ranks[place] = static_cast<int>(ranked.size());
+      ranked.push_back(colours_[place]);
+    }
+    for (Runs& row : rows_)
+      for (Run& run : row) run.rank = ranks[static_cast<std::size_t>(run.rank)];
+    colours_ = std::move(ranked);
+  }
+
+  std::vector<Runs> rows_;          // of each kind of row, in order
+  std::vector<int> heights_;        // how many rows of the picture are of it
+  std::vector<std::size_t> kinds_;  // by row of the picture
   std::vector<Colour> colours_;
-  std::vector<std::int64_t> counts_;
+  std::unordered_map<Colour, int> places_;
+  int last_ = 0;
 };
 
 /// Cuts a picture row by row.
 class Cutter {
  public:
-  Cutter(const Sight& sight, std::size_t most)
-      : sight_(sight), ranking_(sight), most_(most), first_(sight.below == nullptr ? 1 : 0) {
-    for (const Colour colour : ranking_.colours()) layers_.push_back({colour, {}});
+  Cutter(const BitmapView* below, const BitmapView& picture, std::size_t most)
+      : rows_(below, picture), most_(most), first_(below == nullptr ? 1 : 0) {
+    for (const Colour colour : rows_.colours()) layers_.push_back({colour, {}});
     // The most frequent colour lies below everything, unless there is something below already.
     if (first_ == 1 && !layers_.empty()) {
-      layers_.front().patches.push_back({0, 0, sight.picture.width, sight.picture.height});
+      layers_.front().patches.push_back({0, 0, picture.width, picture.height});
       made_ = 1;
     }
   }
 
   /// \returns whether it was done with so many patches as may be.
   bool cut() {
-    const int height = sight_.picture.height;
-    Runs above;
-    Runs row = height > 0 ? runsOf(0) : Runs{};
+    const int height = rows_.count();
     int alike = 0;  // rows above this one that are like it
     for (int y = 0; y < height && made_ <= most_; ++y) {
-      const bool goesOn = y + 1 < height && sight_.isLikeRowAbove(y + 1);
-      Runs next = y + 1 >= height ? Runs{} : goesOn ? row : runsOf(y + 1);
+      const bool goesOn = y + 1 < height && rows_.areAlike(y, y + 1);
       // Amid its like a row is covered as the one above it, unless that one still touched another.
       const bool isAsAbove = alike >= 2 && goesOn;
-      if (!isAsAbove) takeRow(layered(above, row, next), y);
+      if (!isAsAbove) takeRow(covered(y), y);
       alike = goesOn ? alike + 1 : 0;
-      above = std::move(row);
-      row = std::move(next);
     }
     takeRow({}, height);
     return made_ <= most_;
@@ -134,21 +126,20 @@ class Cutter {
   ColourLayers layers() && { return std::move(layers_); }
 
  private:
-  [[nodiscard]] Runs runsOf(int y) const {
-    Runs runs;
-    walkRow(sight_, y, [&](std::optional<Colour> colour, int begin, int end) {
-      runs.push_back({ranking_.of(colour), begin, end});
-    });
-    return runs;
-  }
-
   /// What each colour covers of a row: its own pixels, and those of later colours that touch one of its own.
-  [[nodiscard]] Runs layered(const Runs& above, const Runs& row, const Runs& below) const {
-    Runs covered;
-    for (const Runs* touching : {&above, &row, &below}) reach(*touching, row, covered);
-    std::sort(covered.begin(), covered.end());
+  [[nodiscard]] Runs covered(int y) const {
+    const Runs& row = rows_.at(y);
+    Runs parts;
+    int last = 0;  // rank in the row
+    for (const Run& run : row) {
+      last = std::max(last, run.rank);
+      if (run.rank >= first_) parts.push_back(run);
+    }
+    for (int touching = std::max(0, y - 1); touching <= std::min(y + 1, rows_.count() - 1); ++touching)
+      reach(rows_.at(touching), row, last, parts);
+    std::sort(parts.begin(), parts.end());
     Runs joined;
-    for (const Run& run : covered) {
+    for (const Run& run : parts) {
       if (!joined.empty() && joined.back().rank == run.rank && joined.back().end >= run.begin) {
         joined.back().end = std::max(joined.back().end, run.end);
       } else {
@@ -158,15 +149,16 @@ class Cutter {
     return joined;
   }
 
-  /// What the runs of one row reach of another, or of the same, one pixel beyond their ends.
-  void reach(const Runs& from, const Runs& row, Runs& covered) const {
+  /// What the runs of one row reach below the later ones of another, or of the same, one pixel beyond their
+  /// ends.
+  void reach(const Runs& from, const Runs& row, int last, Runs& parts) const {
     for (const Run& run : from) {
-      if (run.rank < first_) continue;
+      if (run.rank < first_ || run.rank >= last) continue;
       auto part = std::upper_bound(row.begin(), row.end(), run.begin - 1,
                                    [](int x, const Run& other) { return x < other.end; });
       for (; part != row.end() && part->begin <= run.end; ++part) {
-        if (part->rank < run.rank) continue;
-        covered.push_back({run.rank, std::max(part->begin, run.begin - 1), std::min(part->end, run.end + 1)});
+        if (part->rank <= run.rank) continue;
+        parts.push_back({run.rank, std::max(part->begin, run.begin - 1), std::min(part->end, run.end + 1)});
       }
     }
   }
@@ -195,8 +187,7 @@ class Cutter {
     ++made_;
   }
 
-  const Sight& sight_;
-  Ranking ranking_;
+  Rows rows_;
   std::size_t most_;
   int first_;  ///< The rank of the first colour that is cut.
   ColourLayers layers_;
@@ -205,8 +196,8 @@ class Cutter {
   std::vector<int> since_;
 };
 
-std::optional<ColourLayers> cut(const Sight& sight, std::size_t most) {
-  Cutter cutter(sight, most);
+std::optional<ColourLayers> cut(const BitmapView* below, const BitmapView& picture, std::size_t most) {
+  Cutter cutter(below, picture, most);
   if (!cutter.cut()) return std::nullopt;
   return std::move(cutter).layers();
 }
@@ -220,11 +211,11 @@ std::size_t countPatches(const ColourLayers& layers) {
 }
 
 std::optional<ColourLayers> layersOf(const BitmapView& picture, std::size_t most) {
-  return cut({nullptr, picture}, most);
+  return cut(nullptr, picture, most);
 }
 
 std::optional<ColourLayers> layersOver(const BitmapView& below, const BitmapView& picture, std::size_t most) {
-  return cut({&below, picture}, most);
+  return cut(&below, picture, most);
 }
 
 }  // namespace gridwright

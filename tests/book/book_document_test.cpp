@@ -3,11 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -212,6 +216,66 @@ TEST_F(ABook, DrawsEachMazeWhereItIsPlannedAndTheAnswerWithItsTrail) {
   const auto trail = std::find(second.answer.pixels.begin(), second.answer.pixels.end(), kLime);
   const auto at = static_cast<int>(trail - second.answer.pixels.begin());
   EXPECT_EQ(seen(answers, answers.mazes.at(1), at % second.answer.width, at / second.answer.width), kLime);
+}
+
+/// How far a colour is from the mixtures of two others, in steps of a channel.
+double farFromMixing(Colour seen, Colour a, Colour b) {
+  double along = 0;
+  double length = 0;
+  for (int shift = 0; shift < 24; shift += 8) {
+    const double from = a >> shift & 0xFF;
+    const double step = (b >> shift & 0xFF) - from;
+    along += ((seen >> shift & 0xFF) - from) * step;
+    length += step * step;
+  }
+  const double part = length > 0 ? std::clamp(along / length, 0.0, 1.0) : 0;
+  double farthest = 0;
+  for (int shift = 0; shift < 24; shift += 8) {
+    const double from = a >> shift & 0xFF;
+    const double mixed = from + part * ((b >> shift & 0xFF) - from);
+    farthest = std::max(farthest, std::abs((seen >> shift & 0xFF) - mixed));
+  }
+  return farthest;
+}
+
+TEST_F(ABook, HasNoLinesBetweenItsColoursInWhateverResolution) {
+  std::mt19937 chance(11);
+  Bitmap picture = plainBitmap(60, 60, 0);
+  std::array<Colour, 25> blocks{};
+  for (Colour& block : blocks) block = kPalette[chance() % 15];
+  for (int y = 0; y < 60; ++y)
+    for (int x = 0; x < 60; ++x)
+      pixelAt(picture, x, y) = blocks[static_cast<std::size_t>(y / 12 * 5 + x / 12)];
+  add(madeOf(picture, 10));
+  plan_.paper = {"60x60mm", 170079, 170079};
+  plan_.margin = 20000;
+  plan_.caption.clear();
+  const fs::path book = asBook();
+  const Box place = planPages(plan_, records_).book.pages.at(0).mazes.at(0).place;
+  for (const double dots : {150.0, 300.0, 600.0}) {
+    const Bitmap sheet = shown(book, 1, dots);
+    const double scale = dots / 72 * place.width / picture.width;
+    const auto pixelOf = [&](double dot, double edge) {
+      return std::clamp(static_cast<int>((dot - edge * dots / 72) / scale), 0, 59);
+    };
+    int looked = 0;
+    const auto begin = static_cast<int>(std::ceil(place.x * dots / 72)) + 1;
+    const auto end = static_cast<int>((place.x + place.width) * dots / 72) - 1;
+    for (int y = begin; y < end; ++y) {
+      for (int x = begin; x < end; ++x) {
+        // Where three meet one of them reaches for a pixel between the others.
+        std::set<Colour> near;
+        for (int v = pixelOf(y - scale, place.y); v <= pixelOf(y + 1 + scale, place.y); ++v)
+          for (int u = pixelOf(x - scale, place.x); u <= pixelOf(x + 1 + scale, place.x); ++u)
+            near.insert(picture.at(u, v));
+        if (near.size() > 2) continue;
+        ++looked;
+        ASSERT_LE(farFromMixing(sheet.at(x, y), *near.begin(), *near.rbegin()), 4)
+            << "in " << dots << " dots an inch at " << x << ", " << y;
+      }
+    }
+    EXPECT_GT(looked, (end - begin) * (end - begin) / 2);
+  }
 }
 
 TEST_F(ABook, SaysItsWordsAsText) {

@@ -135,6 +135,11 @@ TEST(TheLastOfTwoAnswers, Counts) {
   const BookLine line = understood({"a.bmp", "--answers", "key.pdf", "--answers", "after"});
   EXPECT_EQ(line.plan.answers, Answers::after);
   EXPECT_EQ(line.run.answersFile, "");
+  EXPECT_EQ(line.plan.answersPerPage, (Tiles{1, 1})) << "as large as the mazes before them";
+  EXPECT_EQ(understood({"a.bmp", "--answers", "after", "--per-page", "2x1"}).plan.answersPerPage,
+            (Tiles{2, 1}));
+  EXPECT_EQ(understood({"a.bmp", "--answers", "after", "--answers-per-page", "3x4"}).plan.answersPerPage,
+            (Tiles{3, 4}));
 }
 
 TEST(PartsAndLists, TakeTheirOwnOptionsAlone) {

@@ -17,10 +17,11 @@ namespace {
 
 constexpr std::size_t kMostPatches = 20000, kMostPatchesACell = 4;
 constexpr std::size_t kMostPaletteColours = 256;
+constexpr int kPacking = 5;  // in half the time of the usual 6, and a hundredth longer
 
 std::string packed(const std::string& bytes) {
   const auto* begin = reinterpret_cast<const uchar*>(bytes.data());
-  const QByteArray whole = qCompress(begin, static_cast<qsizetype>(bytes.size()));
+  const QByteArray whole = qCompress(begin, static_cast<qsizetype>(bytes.size()), kPacking);
   constexpr qsizetype kLength = 4;  // Qt puts the length before what a document takes
   return {whole.constData() + kLength, static_cast<std::size_t>(whole.size() - kLength)};
 }

@@ -1,10 +1,10 @@
 #include "platform/book/book_document.h"
 
-#include <algorithm>
+#include <map>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFEmbeddedFileDocumentHelper.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
-#include <set>
+#include <stdexcept>
 
 #include "platform/book/pdf_tools.h"
 
@@ -21,7 +21,7 @@ class PageDrawings {
   void add(const StoredPage& page, const MazeRecord& record, bool isAnswer, const Box& place, double top) {
     const double y = top - place.y - place.height;
     const auto draw = [&](const StoredDrawing& drawing) {
-      const std::string name = "/M" + std::to_string(++count_);
+      const std::string name = std::string("/M").append(std::to_string(++count_));
       forms_.replaceKey(name, streams_.of(drawing));
       operators_ += drawingOperators({name, drawing, {record.width, record.height}}, place.x, y, place.width,
                                      place.height);
@@ -44,42 +44,71 @@ QPDFObjectHandle sheetOf(double width, double height) {
   return QPDFObjectHandle::parse("[ 0 0 " + pdfNumber(width) + " " + pdfNumber(height) + " ]");
 }
 
-/// Qt writes its fonts in an order of its memory's and names them for it. They get names in the order of
-/// their pages.
-class FontNames {
+/// Qt writes its fonts in the order of a table in memory, another one in each run, and names the glyphs that
+/// it takes of each for that. In the order of their pages they get other names, and objects that come in that
+/// order too: the writer packs objects by their numbers.
+class OrderedFonts {
  public:
-  void rename(QPDFObjectHandle resources) {
+  explicit OrderedFonts(QPDF& pdf) : pdf_(pdf) {}
+
+  void order(QPDFObjectHandle resources) {
     QPDFObjectHandle fonts = resources.getKey("/Font");
     if (!fonts.isDictionary()) return;
     for (const std::string& key : fonts.getKeys()) {
       QPDFObjectHandle font = fonts.getKey(key);
-      if (!seen_.insert(font.getObjGen()).second) continue;
-      QPDFObjectHandle descendants = font.getKey("/DescendantFonts");
-      if (!descendants.isArray() || descendants.getArrayNItems() != 1) continue;
-      QPDFObjectHandle descendant = descendants.getArrayItem(0);
-      QPDFObjectHandle descriptor = descendant.getKey("/FontDescriptor");
-      if (!descriptor.isDictionary() || !descriptor.getKey("/FontName").isName()) continue;
-      const std::string name = descriptor.getKey("/FontName").getName();
-      constexpr std::size_t kTag = 6;  // letters behind the stroke, then a plus
-      const bool isPart = name.size() > kTag + 2 && name[kTag + 1] == '+';
-      if (!isPart) continue;
-      const auto tagged = QPDFObjectHandle::newName("/" + nextTag() + name.substr(kTag + 1));
-      descriptor.replaceKey("/FontName", tagged);
-      descendant.replaceKey("/BaseFont", tagged);
-      font.replaceKey("/BaseFont", tagged);
+      const bool isNew = !copies_.contains(font.getObjGen());
+      font = copied(font);
+      if (isNew) rename(font);
+      fonts.replaceKey(key, font);
     }
   }
 
  private:
+  /// The same with objects of its own; streams are not packed with others and stay.
+  QPDFObjectHandle copied(QPDFObjectHandle object) {
+    if (object.isStream()) return object;
+    if (!object.isIndirect()) return withCopies(object);
+    const auto known = copies_.find(object.getObjGen());
+    if (known != copies_.end()) return known->second;
+    QPDFObjectHandle copy = pdf_.makeIndirectObject(object.shallowCopy());
+    copies_.emplace(object.getObjGen(), copy);
+    return withCopies(copy);
+  }
+  QPDFObjectHandle withCopies(QPDFObjectHandle object) {
+    if (object.isDictionary()) {
+      for (const std::string& key : object.getKeys()) object.replaceKey(key, copied(object.getKey(key)));
+    } else if (object.isArray()) {
+      for (int i = 0; i < object.getArrayNItems(); ++i)
+        object.setArrayItem(i, copied(object.getArrayItem(i)));
+    }
+    return object;
+  }
+
+  void rename(QPDFObjectHandle font) {
+    QPDFObjectHandle descendants = font.getKey("/DescendantFonts");
+    if (!descendants.isArray() || descendants.getArrayNItems() != 1) return;
+    QPDFObjectHandle descendant = descendants.getArrayItem(0);
+    QPDFObjectHandle descriptor = descendant.getKey("/FontDescriptor");
+    if (!descriptor.isDictionary() || !descriptor.getKey("/FontName").isName()) return;
+    const std::string name = descriptor.getKey("/FontName").getName();
+    constexpr std::size_t kTag = 6;  // letters behind the stroke, then a plus
+    if (name.size() <= kTag + 1 || name[kTag + 1] != '+') return;
+    const auto tagged = QPDFObjectHandle::newName(nextTag().append(name, kTag + 1));
+    descriptor.replaceKey("/FontName", tagged);
+    descendant.replaceKey("/BaseFont", tagged);
+    font.replaceKey("/BaseFont", tagged);
+  }
+
   std::string nextTag() {
-    std::string tag = "AAAAAA";
+    std::string tag = "/AAAAAA";
     int rest = count_++;
-    for (auto letter = tag.rbegin(); letter != tag.rend(); ++letter, rest /= 26)
+    for (auto letter = tag.rbegin(); letter + 1 != tag.rend(); ++letter, rest /= 26)
       *letter = static_cast<char>('A' + rest % 26);
     return tag;
   }
 
-  std::set<QPDFObjGen> seen_;
+  QPDF& pdf_;
+  std::map<QPDFObjGen, QPDFObjectHandle> copies_;
   int count_ = 0;
 };
 
@@ -104,6 +133,12 @@ QPDFObjectHandle barePage(QPDF& pdf, const PageDrawings& drawings, const MazeRec
   return page;
 }
 
+std::string storedSum(const BareStore& store, const StoredDrawing& drawing) {
+  const auto bytes = store.bytesOf(drawing);
+  if (!bytes) throw std::runtime_error("the disk does not give back what was written");
+  return sumOf(QPDFObjectHandle::parse(drawing.dictionary), *bytes);
+}
+
 void attach(QPDF& pdf, const std::string& list) {
   auto file = QPDFEFStreamObjectHelper::createEFStream(pdf, list);
   file.setSubtype("application/json");
@@ -121,7 +156,7 @@ Outcome<Done> writeBook(const PlannedDocument& document, const std::vector<MazeR
     pdf.setSuppressWarnings(true);
     pdf.processMemoryFile("words", words.data(), words.size());
     PlacedStreams streams(pdf, store, isStopped);
-    FontNames fonts;
+    OrderedFonts fonts(pdf);
     auto planned = document.pages.begin();
     for (QPDFObjectHandle page : pdf.getAllPages()) {
       PageDrawings drawings(streams);
@@ -130,7 +165,7 @@ Outcome<Done> writeBook(const PlannedDocument& document, const std::vector<MazeR
         drawings.add(store.page(record.number), record, planned->isAnswers, placed.place, document.height);
       }
       placeMazes(pdf, page, drawings);
-      fonts.rename(page.getKey("/Resources"));
+      fonts.order(page.getKey("/Resources"));
       page.replaceKey("/MediaBox", sheetOf(document.width, document.height));
       ++planned;
     }
@@ -154,7 +189,10 @@ Outcome<Done> writePart(const std::vector<MazeRecord>& mazes, const std::string&
         const double width = record.width;
         const double height = record.height;
         drawings.add(page, record, isAnswer, {0, 0, width, height}, height);
-        pdf.addPage(pdf.makeIndirectObject(barePage(pdf, drawings, record)), false);
+        QPDFObjectHandle bare = barePage(pdf, drawings, record);
+        bare.replaceKey(kSumKey,
+                        QPDFObjectHandle::newString(storedSum(store, isAnswer ? *page.answer : page.maze)));
+        pdf.addPage(pdf.makeIndirectObject(bare), false);
       }
     }
     attach(pdf, list);

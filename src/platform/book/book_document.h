@@ -31,8 +31,10 @@ Outcome<Done> writeBook(const PlannedDocument& document, const std::vector<MazeR
                         const std::string& words, const DocumentWords& about, const BareStore& store,
                         QIODevice& device, const IsStopped& isStopped);
 
-/// Under which name a part has its list attached.
+/// Under which name a part has its list attached, and in which of its pages' entries the sum of the drawing
+/// lies that the page is there for.
 inline constexpr const char* kListName = "list.json";
+inline constexpr const char* kSumKey = "/GridwrightSum";
 
 /// Writes a part: a page for each maze, as large as its Canvas, then one for each answer, and the list
 /// attached.

@@ -213,6 +213,9 @@ class Reader {
         return *std::move(wrong);
       }
     }
+    // Behind its own page an answer is as large as its maze.
+    if (line_.plan.answers == Answers::after && !has("--answers-per-page"))
+      line_.plan.answersPerPage = line_.plan.perPage;
     if (auto wrong = whyNot()) return *std::move(wrong);
     if (joins_) {
       line_.run.join.assign(files_.begin(), files_.end());

@@ -1,5 +1,7 @@
 #include "platform/book/pdf_tools.h"
 
+#include <QByteArrayView>
+#include <QCryptographicHash>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -96,6 +98,16 @@ std::string drawingOperators(const DrawnAt& drawn, double x, double y, double wi
   const double down = drawn.drawing.isImage ? height : height / drawn.canvas.height;
   return "q " + pdfNumber(across) + " 0 0 " + pdfNumber(down) + " " + pdfNumber(x) + " " + pdfNumber(y) +
          " cm " + drawn.name + " Do Q\n";
+}
+
+std::string sumOf(QPDFObjectHandle dictionary, const std::string& bytes) {
+  QPDFObjectHandle known = dictionary.shallowCopy();
+  known.removeKey("/Length");
+  const std::string text = known.unparse();
+  QCryptographicHash sum(QCryptographicHash::Sha1);
+  for (const std::string& part : {text, bytes})
+    sum.addData(QByteArrayView(part.data(), static_cast<qsizetype>(part.size())));
+  return sum.result().toHex().toStdString();
 }
 
 void setWords(QPDF& pdf, const DocumentWords& about) {

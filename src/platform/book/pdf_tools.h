@@ -39,6 +39,9 @@ struct DrawnAt {
 };
 std::string drawingOperators(const DrawnAt& drawn, double x, double y, double width, double height);
 
+/// What tells whether a drawing is still the same, its dictionary too, in whatever way that is written.
+std::string sumOf(QPDFObjectHandle dictionary, const std::string& bytes);
+
 /// Sets what the document says of itself, in place of all that it said before.
 void setWords(QPDF& pdf, const DocumentWords& about);
 
