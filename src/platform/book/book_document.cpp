@@ -1,12 +1,11 @@
 #include "platform/book/book_document.h"
 
 #include <map>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFEmbeddedFileDocumentHelper.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
 #include <stdexcept>
+#include <vector>
 
 #include "platform/book/pdf_tools.h"
+#include "platform/book/qpdf_headers.h"
 
 namespace gridwright::book {
 
@@ -65,22 +64,31 @@ class OrderedFonts {
 
  private:
   /// The same with objects of its own; streams are not packed with others and stay.
-  QPDFObjectHandle copied(QPDFObjectHandle object) {
-    if (object.isStream()) return object;
-    if (!object.isIndirect()) return withCopies(object);
-    const auto known = copies_.find(object.getObjGen());
-    if (known != copies_.end()) return known->second;
-    QPDFObjectHandle copy = pdf_.makeIndirectObject(object.shallowCopy());
-    copies_.emplace(object.getObjGen(), copy);
-    return withCopies(copy);
-  }
-  QPDFObjectHandle withCopies(QPDFObjectHandle object) {
-    if (object.isDictionary()) {
-      for (const std::string& key : object.getKeys()) object.replaceKey(key, copied(object.getKey(key)));
-    } else if (object.isArray()) {
-      for (int i = 0; i < object.getArrayNItems(); ++i)
-        object.setArrayItem(i, copied(object.getArrayItem(i)));
+  QPDFObjectHandle copied(QPDFObjectHandle font) {
+    QPDFObjectHandle copy = replaced(font);
+    while (!waiting_.empty()) {
+      QPDFObjectHandle object = waiting_.back();
+      waiting_.pop_back();
+      if (object.isDictionary()) {
+        for (const std::string& key : object.getKeys()) object.replaceKey(key, replaced(object.getKey(key)));
+      } else if (object.isArray()) {
+        for (int i = 0; i < object.getArrayNItems(); ++i)
+          object.setArrayItem(i, replaced(object.getArrayItem(i)));
+      }
     }
+    return copy;
+  }
+  /// What takes an object's place; what it holds waits for the same.
+  QPDFObjectHandle replaced(QPDFObjectHandle object) {
+    if (object.isStream()) return object;
+    if (object.isIndirect()) {
+      const auto known = copies_.find(object.getObjGen());
+      if (known != copies_.end()) return known->second;
+      const QPDFObjGen place = object.getObjGen();
+      object = pdf_.makeIndirectObject(object.shallowCopy());
+      copies_.emplace(place, object);
+    }
+    waiting_.push_back(object);
     return object;
   }
 
@@ -109,6 +117,7 @@ class OrderedFonts {
 
   QPDF& pdf_;
   std::map<QPDFObjGen, QPDFObjectHandle> copies_;
+  std::vector<QPDFObjectHandle> waiting_;
   int count_ = 0;
 };
 

@@ -55,7 +55,7 @@ class Writing {
   }
 
   Outcome<Done> book(NewFiles& files, const PlannedBook& planned) const {
-    const Outcome<Done> done = document(files, run_.output, planned.book, "");
+    Outcome<Done> done = document(files, run_.output, planned.book, "");
     if (!done || !planned.answers) return done;
     return document(files, run_.answersFile, *planned.answers, "Answers to ");
   }
@@ -95,7 +95,7 @@ class Writing {
 
 }  // namespace
 
-BookPages::BookPages(const BookPlan& plan, const fs::path& folder) : plan_(plan), store_(folder) {}
+BookPages::BookPages(BookPlan plan, const fs::path& folder) : plan_(std::move(plan)), store_(folder) {}
 
 Outcome<Done> BookPages::take(const MadeMaze& made) {
   return store_.put(made.record.number, barePageOf(made, plan_.format, plan_.answers != Answers::none));

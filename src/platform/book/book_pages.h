@@ -19,7 +19,7 @@ class PartDocument;
 class BookPages {
  public:
   /// Bare pages wait in a file without a name in `folder`, which is that of the book.
-  BookPages(const BookPlan& plan, const std::filesystem::path& folder);
+  BookPages(BookPlan plan, const std::filesystem::path& folder);
 
   /// Turns a maze into its bare page and keeps that. Threads may do so at once, and do the work beside each
   /// other. \returns a Fault where the disk takes no more.

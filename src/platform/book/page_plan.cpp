@@ -93,8 +93,10 @@ class Filling {
       const Pitch down = pitchOf(area.height, tiles.rows);
       for (std::size_t i = begin; i < std::min(begin + aPage, end); ++i) {
         const auto place = static_cast<int>(i - begin);
-        const Box tile{area.x + place % tiles.columns * (across.tile + across.gap),
-                       area.y + place / tiles.columns * (down.tile + down.gap), across.tile, down.tile};
+        const int column = place % tiles.columns;
+        const int row = place / tiles.columns;
+        const Box tile{area.x + column * (across.tile + across.gap), area.y + row * (down.tile + down.gap),
+                       across.tile, down.tile};
         page.mazes.push_back(placed(plan_, mazes_[i], i, tile));
         (isAnswers ? mazes_[i].answerPage : mazes_[i].page) = number;
       }

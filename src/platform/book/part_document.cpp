@@ -4,9 +4,6 @@
 #include <QByteArrayView>
 #include <QCryptographicHash>
 #include <fstream>
-#include <qpdf/Buffer.hh>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFEmbeddedFileDocumentHelper.hh>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -14,6 +11,7 @@
 #include "platform/book/book_document.h"
 #include "platform/book/book_list.h"
 #include "platform/book/pdf_tools.h"
+#include "platform/book/qpdf_headers.h"
 
 namespace gridwright::book {
 

@@ -8,10 +8,10 @@
 #include <cstdlib>
 #include <ctime>
 #include <optional>
-#include <qpdf/Pipeline.hh>
-#include <qpdf/QPDFWriter.hh>
 #include <stdexcept>
 #include <utility>
+
+#include "platform/book/qpdf_headers.h"
 
 namespace gridwright::book {
 

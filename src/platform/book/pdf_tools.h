@@ -3,12 +3,12 @@
 
 #include <QIODevice>
 #include <memory>
-#include <qpdf/QPDF.hh>
 #include <string>
 #include <unordered_map>
 
 #include "platform/book/bare_store.h"
 #include "platform/book/book_document.h"
+#include "platform/book/qpdf_headers.h"
 
 namespace gridwright::book {
 
