@@ -303,7 +303,7 @@ std::string bookUsage() {
   const auto add = [&](const std::string& word) {
     if (row.size() + word.size() + 1 > kWidth) {
       usage += row + "\n";
-      row = "        ";
+      row.assign(8, ' ');
     }
     row += " " + word;
   };
