@@ -254,6 +254,23 @@ TEST(ADrawingWithoutAMaze, TakesAnotherKindAndWallSizeAllTheSame) {
   EXPECT_EQ(maze.value().record.settings.wall, 5);
 }
 
+TEST(ADrawingWithoutAMaze, IsMadeInItsOwnKind) {
+  SourcePicture picture = savedDrawing("menu create3dpipe\nmenu cgenerate\n");
+  auto record = parseDrawing(picture.drawing).value();
+  record.values[record::mazeMadeOnce] = 0;
+  picture.drawing = formatDrawing(record);
+  picture.kind = MazeKind::pipe;
+  const auto maze = made(picture, {}, 9);
+  ASSERT_TRUE(maze) << maze.fault().words;
+  EXPECT_EQ(maze.value().record.settings.kind, MazeKind::pipe);
+  EXPECT_EQ(maze.value().record.settings.wall, 10);
+  MazeWish wish;
+  wish.kind = MazeKind::regular;
+  const auto other = made(picture, wish, 9);
+  ASSERT_TRUE(other) << other.fault().words;
+  EXPECT_EQ(other.value().record.settings.kind, MazeKind::regular);
+}
+
 TEST(EndsInDifferentRegions, AreToldAndNoMaze) {
   SourcePicture picture = savedDrawing("menu cgenerate\n");
   auto record = parseDrawing(picture.drawing).value();

@@ -272,6 +272,11 @@ TEST_F(AShop, AsksForTheNameOfAnswersThatAListKeepsApart) {
   EXPECT_TRUE(folder.get("key.pdf") == folder.get("key2.pdf"));
   EXPECT_EQ(run({"room.bmp", "--seed", "1", "-o", "d.pdf", "--list", "m.json"}).status, 0);
   EXPECT_EQ(run({"--from", "m.json", "-o", "e.pdf", "--answers", "key3.pdf"}).status, 1);
+  EXPECT_EQ(run({"--from", "m.json", "-o", "p.pdf", "--part", "1/1"}).status, 0);
+  const Ended joined = run({"--join", "p.pdf", "-o", "e.pdf", "--answers", "key3.pdf"});
+  EXPECT_EQ(joined.status, 1);
+  EXPECT_EQ(joined.err,
+            "gridwright-book: the book has no answers in a file of their own; leave --answers out\n");
 }
 
 TEST_F(AShop, ReplacesNothingUnlessForced) {

@@ -286,6 +286,15 @@ class Reader {
 
 }  // namespace
 
+std::optional<std::string> whyNotAnswersFile(const BookPlan& plan, const BookRun& run) {
+  const bool isNamed = !run.answersFile.empty();
+  if (plan.answers == Answers::file && !isNamed && !run.part)
+    return "the book has its answers in a file of their own; name it with --answers FILE.pdf";
+  if (plan.answers != Answers::file && isNamed)
+    return "the book has no answers in a file of their own; leave --answers out";
+  return std::nullopt;
+}
+
 std::string bookUsage() {
   constexpr std::size_t kWidth = 100;
   std::string usage =

@@ -1,6 +1,7 @@
 // The command line of gridwright-book.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,10 @@ struct BookLine {
   BookRun run;
   bool hasSeed = false;  ///< Else the clock gives one.
 };
+
+/// What is against the file of answers that a run names, or names none of, for a book whose options come from
+/// a list or from its parts; nothing when they fit.
+std::optional<std::string> whyNotAnswersFile(const BookPlan& plan, const BookRun& run);
 
 /// What `--help` says.
 std::string bookUsage();

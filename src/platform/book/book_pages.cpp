@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/book/book_list.h"
+#include "platform/book/book_options.h"
 #include "platform/book/joined_list.h"
 #include "platform/book/new_files.h"
 #include "platform/book/page_plan.h"
@@ -133,9 +134,8 @@ Outcome<BookList> joinBook(const BookRun& run, const IsStopped& isStopped) {
   }
   auto list = joinLists(lists);
   if (!list) return list.fault();
-  if (list.value().plan.answers == Answers::file && run.answersFile.empty())
-    return Fault{Fault::Kind::malformed,
-                 "these parts have their answers in a file of their own; name it with --answers FILE.pdf"};
+  if (auto why = whyNotAnswersFile(list.value().plan, run))
+    return Fault{Fault::Kind::malformed, *std::move(why)};
   BookPages pages(list.value().plan, run.output.parent_path());
   for (const PartDocument& part : parts) {
     const auto taken = pages.take(part);

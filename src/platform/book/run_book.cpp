@@ -82,11 +82,7 @@ class Run {
     list_ = std::move(list.value());
     line_.plan = list_->plan;
     if (!line_.run.part) line_.run.part = list_->part;
-    const bool isNamed = !line_.run.answersFile.empty();
-    if (line_.plan.answers == Answers::file && !isNamed && !line_.run.part)
-      return refuseList("its book has the answers in a file of their own; name it with --answers FILE.pdf");
-    if (line_.plan.answers != Answers::file && isNamed)
-      return refuseList("its book has no answers in a file of their own; leave --answers out");
+    if (const auto why = whyNotAnswersFile(line_.plan, line_.run)) return refuseList(*why);
     return true;
   }
 
