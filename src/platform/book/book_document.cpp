@@ -64,7 +64,7 @@ class OrderedFonts {
 
  private:
   /// The same with objects of its own; streams are not packed with others and stay.
-  QPDFObjectHandle copied(QPDFObjectHandle font) {
+  QPDFObjectHandle copied(const QPDFObjectHandle& font) {
     QPDFObjectHandle copy = replaced(font);
     while (!waiting_.empty()) {
       QPDFObjectHandle object = waiting_.back();
