@@ -4,7 +4,7 @@ include(GNUInstallDirs)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/gridwright)
 
-install(TARGETS gridwright gridwright-headless gridwright-prepare RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS gridwright gridwright-book gridwright-headless gridwright-prepare RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(PROGRAMS ${packaging}/gridwright-start DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 get_property(content GLOBAL PROPERTY GRIDWRIGHT_CONTENT)
@@ -54,7 +54,7 @@ function(install_packed source name destination)
   install(FILES ${packed} DESTINATION ${destination})
 endfunction()
 
-foreach(page gridwright gridwright-headless gridwright-prepare)
+foreach(page gridwright gridwright-book gridwright-headless gridwright-prepare)
   install_packed(${packaging}/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
 # gridwright-start is the program in another folder: one page tells of both.

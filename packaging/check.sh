@@ -29,7 +29,7 @@ warnings_of() (
   LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings -l -Tutf8 -Z "$1" >/dev/null
 )
 
-for program in gridwright gridwright-headless gridwright-prepare gridwright-start; do
+for program in gridwright gridwright-book gridwright-headless gridwright-prepare gridwright-start; do
   [[ -x $root/usr/bin/$program ]] || complain "no program $program"
   page=$share/man/man1/$program.1.gz
   [[ -s $page ]] || complain "no manual page of $program"

@@ -25,7 +25,7 @@ class WorkFolder {
   [[nodiscard]] const std::filesystem::path& path() const { return folder_; }
 
   /// Where a name leads: an existing file, or where a new one will be written.
-  [[nodiscard]] std::filesystem::path resolve(std::string_view name) const;
+  [[nodiscard]] virtual std::filesystem::path resolve(std::string_view name) const;
 
   /// The whole text of a plain file, also of one that a link leads to.
   [[nodiscard]] virtual Outcome<std::string> readText(std::string_view name) const;
@@ -55,7 +55,7 @@ class WorkFolder {
   void tellThrough(std::function<void(std::string_view)> tell);
 
   /// The names that end in `ending` (".bmp"), without regard to case, sorted likewise.
-  [[nodiscard]] std::vector<std::string> list(std::string_view ending) const;
+  [[nodiscard]] virtual std::vector<std::string> list(std::string_view ending) const;
 
  private:
   std::filesystem::path folder_;

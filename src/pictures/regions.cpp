@@ -13,10 +13,10 @@ namespace gridwright {
 namespace {
 
 /// The colour at (1, 1) is a border before a maze is made, whatever its swatch says.
-ColourSets setsBeforeMaze(const Bitmap& picture, ColourSets sets) {
+ColourSets setsBeforeMaze(const BitmapView& picture, ColourSets sets) {
   if (picture.width < 2 || picture.height < 2) return sets;
   const auto& background = sets.background();
-  const auto* slot = std::find(background.begin(), background.end(), picture.at(1, 1));
+  const auto* slot = std::find(background.begin(), background.end(), picture.row(1)[1] & kColourBits);
   if (slot != background.end()) sets.makeFrameBorder(static_cast<int>(slot - background.begin()));
   sets.setExtraBackgroundByRule();
   return sets;
@@ -33,7 +33,11 @@ struct Cells {
   }
 };
 
-Cells freeCells(const Pixels& pixels, const CellGrid& grid) {
+Cells freeCells(const BitmapView& picture, const ColourSets& sets, const CellGrid& grid) {
+  Canvas canvas;
+  canvas.resize({picture.width, picture.height});
+  canvas.setPicture(picture);
+  const Pixels pixels(canvas, sets);
   Cells cells;
   cells.columns = (grid.right - grid.wallWidth) / grid.stepX + 1;
   cells.rows = (grid.bottom - grid.wallHeight) / grid.stepY + 1;
@@ -107,10 +111,7 @@ RegionMap mapRegions(const Bitmap& picture, const ColourSets& given, const CellG
   map.small.assign(picture.pixels.size(), 0);
   if (picture.pixels.empty()) return map;
   const ColourSets sets = setsBeforeMaze(picture, given);
-  Canvas canvas;
-  canvas.resize({picture.width, picture.height});
-  canvas.setPicture(picture);
-  Cells cells = freeCells(Pixels(canvas, sets), grid);
+  Cells cells = freeCells(picture, sets, grid);
   map.count.cells = static_cast<int>(std::count(cells.numbers.begin(), cells.numbers.end(), -1));
   map.count.regions = numberRegions(cells);
   coverWithCells(map, cells, grid, picture.width);
@@ -123,6 +124,20 @@ RegionMap mapRegions(const Bitmap& picture, const ColourSets& given, const CellG
 
 RegionCount countRegions(const Bitmap& picture, const ColourSets& sets, const CellGrid& grid) {
   return mapRegions(picture, sets, grid).count;
+}
+
+std::optional<Corner> firstCellOfLargest(const BitmapView& picture, const ColourSets& sets,
+                                         const CellGrid& grid) {
+  if (picture.isEmpty()) return std::nullopt;
+  Cells cells = freeCells(picture, setsBeforeMaze(picture, sets), grid);
+  std::vector<int> sizes(static_cast<std::size_t>(numberRegions(cells)) + 1);
+  for (const int number : cells.numbers) sizes[static_cast<std::size_t>(number)] += number != 0;
+  const auto largest = static_cast<int>(std::max_element(sizes.begin(), sizes.end()) - sizes.begin());
+  const auto first = std::find(cells.numbers.begin(), cells.numbers.end(), largest);
+  if (largest == 0 || first == cells.numbers.end()) return std::nullopt;
+  const auto place = static_cast<int>(first - cells.numbers.begin());
+  return Corner{grid.wallWidth + place % cells.columns * grid.stepX,
+                grid.wallHeight + place / cells.columns * grid.stepY};
 }
 
 namespace {

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "canvas/bitmap.h"
+#include "canvas/bitmap_view.h"
 #include "canvas/cell_grid.h"
 #include "canvas/colour_sets.h"
 
@@ -30,6 +32,11 @@ struct RegionMap {
 /// maze.
 RegionMap mapRegions(const Bitmap& picture, const ColourSets& sets, const CellGrid& grid);
 RegionCount countRegions(const Bitmap& picture, const ColourSets& sets, const CellGrid& grid);
+
+/// The first cell, in rows, of the region with most cells, and of two with as many the one that comes first;
+/// nothing where no cell is free.
+std::optional<Corner> firstCellOfLargest(const BitmapView& picture, const ColourSets& sets,
+                                         const CellGrid& grid);
 
 /// The map in colours to be laid over the picture: regions side by side differ, areas too small for a cell
 /// are red, and what is neither is `kOutside`.

@@ -22,6 +22,7 @@
 #include "session/slideshow.h"
 #include "session/title.h"
 #include "session/workshop.h"
+#include "solve/default_ends.h"
 #include "state/grid.h"
 
 namespace gridwright::input {
@@ -187,6 +188,11 @@ void pasteAsked(Program& program) {
   if (hideKeys(program)) return;
   hideRegions(program);
   pasteArrived(program);
+}
+
+bool startPut(Program& program, int x, int y) {
+  const ProgramState& s = program.state;
+  return s.phase == Phase::drawing && !s.panelOpen && startat(program, x, y);
 }
 
 void viewDismissed(Program& program) { closesView(program); }

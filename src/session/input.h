@@ -66,6 +66,10 @@ void pasteAsked(Program& program);
 /// closes that.
 void viewDismissed(Program& program);
 
+/// The start is put into the cell that holds this pixel of the drawing.
+/// \returns whether it was: in the drawing alone, not under a panel, and where a cell holds the pixel.
+bool startPut(Program& program, int x, int y);
+
 /// What a person does in the workshop and on its page that makes a picture ready; nothing while it is closed.
 /// What is done with tools goes to session/workshop.h at once.
 void preparationChanged(Program& program, const PrepareSettings& settings);

@@ -1,5 +1,6 @@
 #include "solve/default_ends.h"
 
+#include "canvas/free_cell.h"
 #include "state/grid.h"
 
 namespace gridwright {
@@ -51,6 +52,18 @@ void placedefaultends(Program& program) {
   if (!isGoodFinish(program, s.finish, s.start)) {
     s.finish = searchFinish(program, grid, s.start, s.mazeKind == MazeKind::pipe, s.finish);
   }
+}
+
+bool startat(Program& program, int x, int y) {
+  const ProgramState& s = program.state;
+  const CellGrid grid =
+      gridOn({program.canvas.scaleWidth(), program.canvas.scaleHeight()}, s.wallWidth, s.mazeKind);
+  const auto holds = [&](Corner cell) {
+    return x >= cell.x && x < cell.x + grid.wallWidth && y >= cell.y && y < cell.y + grid.wallHeight;
+  };
+  const auto cell = grid.first(holds);
+  if (cell) program.state.start = grid.squareIn(*cell);
+  return cell.has_value();
 }
 
 void placepipefinish(Program& program) {

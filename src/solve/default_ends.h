@@ -13,4 +13,8 @@ void placedefaultends(Program& program);
 /// switch to pipes finds valid ends.
 void placepipefinish(Program& program);
 
+/// The start goes into the cell of the present kind that holds this pixel; whether it is kept there shows
+/// before the maze. \returns false, and leaves it as it is, where no cell does.
+bool startat(Program& program, int x, int y);
+
 }  // namespace gridwright

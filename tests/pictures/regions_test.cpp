@@ -44,6 +44,35 @@ TEST(PipesThatTakeEverySecondCell, AreCountedAtTwiceTheWallSize) {
   EXPECT_EQ(counted(picture, 5, MazeKind::pipe), (RegionCount{2, 1, 0}));
 }
 
+std::optional<Corner> firstOf(const Bitmap& picture, int wall, MazeKind kind = MazeKind::regular) {
+  return firstCellOfLargest(picture, startingSets(), gridOn({picture.width, picture.height}, wall, kind));
+}
+
+TEST(TheLargestRegion, BeginsAtItsFirstCellInRows) {
+  const auto first = firstOf(drawing({"..#...",  //
+                                      "..#..#",  //
+                                      "###...",  //
+                                      "...###"},
+                                     5),
+                             5);
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first->x, 20);
+  EXPECT_EQ(first->y, 5);
+  const auto below = firstOf(drawing({".##.", "###.", "..#."}, 5), 5);
+  ASSERT_TRUE(below);
+  EXPECT_EQ(below->x, 20) << "three cells on the right, two at the bottom";
+  const auto tie = firstOf(drawing({"#..#..", "######"}, 5), 5);
+  ASSERT_TRUE(tie);
+  EXPECT_EQ(tie->x, 10) << "of two as large the first";
+}
+
+TEST(TheLargestRegion, IsLookedForOnTheGridOfTheKind) {
+  const auto first = firstOf(drawing({"#....", "#....", "#...."}, 5), 5, MazeKind::pipe);
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first->x, 15);
+  EXPECT_FALSE(firstOf(drawing({"###", "###"}, 5), 5)) << "no cell is free";
+}
+
 TEST(TheColourOfTheFrame, IsABorderInTheCount) {
   const Bitmap picture = drawing({"..,", "..,"}, 5, '.');
   EXPECT_EQ(counted(picture, 5), (RegionCount{2, 1, 0})) << "navy at (1, 1): the green alone counts";

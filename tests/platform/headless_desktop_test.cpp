@@ -77,6 +77,15 @@ TEST(AScriptThatLooks, SeesEveryPump) {
   EXPECT_EQ(reached.quiet(), 0);
 }
 
+TEST(AStartOfTheScript, StaysInTheCellOfItsPixelAndIsRefusedElsewhere) {
+  Twin twin;
+  const std::string placed = kDrawing + "menu cgenerate\nstartat 45 25\nmenu newmaze\nuntil phase 2\n";
+  EXPECT_EQ(twin.run(placed + "expect startLeft 41\nexpect startTop 21\n").status, 0);
+  EXPECT_EQ(twin.run(kDrawing + "startat 5 25\n").words, "s.txt:5: no cell holds this pixel: 5 25");
+  EXPECT_EQ(twin.run(placed + "startat 45 25\n").status, 2) << "only in the drawing";
+  EXPECT_EQ(twin.run("click Command2\nmenu importdrawing\nstartat 45 25\n").status, 2) << "under a panel";
+}
+
 TEST(PumpsThatAreLeftOut, CountAsPumps) {
   Waiting waiting("pumps 500\nexpect phase 99\n");
   waiting.desktop.passOver(400);

@@ -49,6 +49,38 @@ TEST(AStartWithOnePixelOfItsCellTaken, IsReplaced) {
   }
 }
 
+TEST(AStartPutByAPixel, GoesToTheCellThatHoldsIt) {
+  World w(drawing({"....", "....", "...."}));
+  for (const auto& [x, y] : {std::pair{20, 30}, std::pair{29, 39}, std::pair{24, 31}}) {
+    w.state.start = {};
+    EXPECT_TRUE(startat(w.program, x, y));
+    EXPECT_EQ(w.state.start, squareOf(2, 3)) << x << ", " << y;
+  }
+  placedefaultends(w.program);
+  EXPECT_EQ(w.state.start, squareOf(2, 3)) << "a free cell's start is kept";
+}
+
+TEST(AStartPutOnABorder, IsReplacedBeforeTheMaze) {
+  World w(drawing({"....", ".#..", "...."}));
+  EXPECT_TRUE(startat(w.program, 25, 25));
+  EXPECT_EQ(w.state.start, squareOf(2, 2));
+  placedefaultends(w.program);
+  EXPECT_EQ(w.state.start, squareOf(1, 1));
+}
+
+TEST(APixelThatNoCellHolds, LeavesTheStartWhereItWas) {
+  World w(drawing({"....", "....", "...."}));
+  const Square before = w.state.start = squareOf(3, 2);
+  for (const auto& [x, y] : {std::pair{9, 20}, std::pair{20, 9}, std::pair{-1, -1}, std::pair{1000, 20}}) {
+    EXPECT_FALSE(startat(w.program, x, y)) << x << ", " << y;
+    EXPECT_EQ(w.state.start, before);
+  }
+  w.state.mazeKind = MazeKind::pipe;
+  EXPECT_FALSE(startat(w.program, 25, 15)) << "between two pipes";
+  EXPECT_TRUE(startat(w.program, 35, 15));
+  EXPECT_EQ(w.state.start, squareOf(3, 1));
+}
+
 TEST(AStartThatIsNotPlaced, IsReplaced) {
   for (const Square bad : {Square{21, 21, 21, 28}, Square{21, 21, 28, 21}, Square{0, 0, -5, -5}, kNowhere}) {
     World w(drawing({"....", "....", "...."}));

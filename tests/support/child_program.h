@@ -11,8 +11,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -39,6 +41,7 @@ class ChildProgram {
     if (child_ > 0 && !ended_) kill();
   }
 
+  void interrupt(int signal) const { ::kill(child_, signal); }
   void kill() {
     ::kill(child_, SIGKILL);
     wait();
@@ -58,6 +61,18 @@ class ChildProgram {
       int status = 0;
       if (!ended_ && ::waitpid(child_, &status, WNOHANG) == child_) ended_ = true;
       if (ended_) return std::filesystem::exists(file);
+      std::this_thread::sleep_for(20ms);
+    }
+    return false;
+  }
+  /// Waits until it runs so many threads, half a minute at most.
+  [[nodiscard]] bool hasThreads(std::size_t count) const {
+    using namespace std::chrono_literals;
+    const std::filesystem::path tasks = "/proc/" + std::to_string(child_) + "/task";
+    for (int look = 0; look < 1500; ++look) {
+      std::error_code gone;
+      const std::filesystem::directory_iterator all(tasks, gone);
+      if (!gone && static_cast<std::size_t>(std::distance(begin(all), end(all))) >= count) return true;
       std::this_thread::sleep_for(20ms);
     }
     return false;

@@ -15,10 +15,12 @@ namespace gridwright::test {
 
 class TunnelReading {
  public:
-  TunnelReading(const Bitmap& picture, PlainSets sets, int wall, bool withTunnels = true)
-      : picture_(picture), sets_(std::move(sets)), wall_(wall) {
-    columns_ = picture.width / wall - 1;
-    rows_ = picture.height / wall - 1;
+  /// \param band the walls along the top and left that hold no cell: none where a region reaches the edge of
+  /// the picture, since a walker goes there too.
+  TunnelReading(const Bitmap& picture, PlainSets sets, int wall, bool withTunnels = true, int band = 1)
+      : picture_(picture), sets_(std::move(sets)), wall_(wall), band_(band) {
+    columns_ = picture.width / wall - band;
+    rows_ = picture.height / wall - band;
     cells_ = columns_ * rows_;
     ways_.resize(static_cast<std::size_t>(cells_));
     for (int cell = 0; cell < cells_; ++cell) readJoins(cell);
@@ -44,10 +46,10 @@ class TunnelReading {
     return list;
   }
   [[nodiscard]] Square squareAt(int cell) const {
-    return squareOf(cell % columns_ + 1, cell / columns_ + 1, wall_);
+    return squareOf(cell % columns_ + band_, cell / columns_ + band_, wall_);
   }
   [[nodiscard]] int cellOf(const Square& q) const {
-    return (q.top / wall_ - 1) * columns_ + q.left / wall_ - 1;
+    return (q.top / wall_ - band_) * columns_ + q.left / wall_ - band_;
   }
   [[nodiscard]] int wayCount() const {
     std::size_t ends = 0;
@@ -60,6 +62,10 @@ class TunnelReading {
     return std::any_of(ways.begin(), ways.end(), [](const Way& way) { return way.span > 0; });
   }
   [[nodiscard]] bool hasClosedCells() const { return closedCells_; }
+  [[nodiscard]] const std::vector<Way>& waysFrom(int cell) const {
+    return ways_[static_cast<std::size_t>(cell)];
+  }
+  [[nodiscard]] int columns() const { return columns_; }
 
   struct Reach {
     bool reached = false;
@@ -181,7 +187,7 @@ class TunnelReading {
 
   const Bitmap& picture_;
   PlainSets sets_;
-  int wall_, columns_ = 0, rows_ = 0, cells_ = 0, tunnels_ = 0;
+  int wall_, band_, columns_ = 0, rows_ = 0, cells_ = 0, tunnels_ = 0;
   bool closedCells_ = false;
   std::vector<std::vector<Way>> ways_;
 };

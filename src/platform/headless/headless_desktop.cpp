@@ -101,6 +101,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"place", &HeadlessDesktop::place},       {"undo", &HeadlessDesktop::undo},
       {"redo", &HeadlessDesktop::redo},         {"sheet", &HeadlessDesktop::sheet},
       {"copyfile", &HeadlessDesktop::copyfile}, {"editelsewhere", &HeadlessDesktop::editelsewhere},
+      {"startat", &HeadlessDesktop::startat},
   });
   applyEnableTableIfChanged(program);
   const auto* verb =
@@ -212,6 +213,17 @@ HeadlessDesktop::Turn HeadlessDesktop::pick(Program& program, const ScriptLine&)
   const auto entry = std::find(entries.begin(), entries.end(), text());
   if (entry == entries.end()) refuse("no such entry: " + text());
   input::listClick(program, list, static_cast<int>(entry - entries.begin()));
+  return Turn::givePump;
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::startat(Program& program, const ScriptLine&) {
+  const auto pixel = [&](std::size_t i) {
+    return static_cast<int>(std::clamp<std::int64_t>(number(i), -1, Canvas::kSide));
+  };
+  if (program.state.phase != Phase::drawing || program.state.panelOpen)
+    refuse("the start is put in the drawing alone, not under a panel");
+  if (!input::startPut(program, pixel(1), pixel(2)))
+    refuse("no cell holds this pixel: " + word(1) + " " + word(2));
   return Turn::givePump;
 }
 

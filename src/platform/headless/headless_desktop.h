@@ -133,6 +133,7 @@ class HeadlessDesktop : public Platform {
   Turn sheet(Program& program, const ScriptLine& line);
   Turn editelsewhere(Program& program, const ScriptLine& line);
   Turn copyfile(Program& program, const ScriptLine& line);
+  Turn startat(Program& program, const ScriptLine& line);
 
   void expectPixel(const Program& program);
   void expectMenu(const Program& program);

@@ -1,8 +1,5 @@
 // gridwright-headless: the program without a screen, driven by a script.
-#include <malloc.h>
-
 #include <QGuiApplication>
-#include <array>
 #include <charconv>
 #include <filesystem>
 #include <fstream>
@@ -16,7 +13,9 @@
 
 #include "files/work_place.h"
 #include "platform/headless/headless_desktop.h"
+#include "platform/pictures/offscreen.h"
 #include "platform/shared/end_signals.h"
+#include "platform/shared/freed_memory.h"
 #include "session/main_loop.h"
 #include "state/program.h"
 
@@ -87,30 +86,11 @@ Outcome<std::string> readSource(const std::string& name) {
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
 
-/// Fonts and paper need Qt's application object; it must not look for a display.
-std::unique_ptr<QGuiApplication> applicationWithoutScreen() {
-  // Qt's remarks on a missing session are none of a script's business.
-  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-  static std::array<char, 20> name{"gridwright-headless"};
-  static std::array<char, 10> option{"-platform"};
-  static std::array<char, 10> value{"offscreen"};
-  static std::array<char*, 4> arguments{name.data(), option.data(), value.data(), nullptr};
-  static int count = 3;
-  return std::make_unique<QGuiApplication>(count, arguments.data());
-}
-
-/// Every printed page takes the same buffers, some of them of many megabytes and hardly touched: what one
-/// has freed is kept for the next, instead of going back to the system and being cleared anew.
-void keepFreedMemory() {
-  mallopt(M_MMAP_THRESHOLD, 32 << 20);   // bytes; no more is taken
-  mallopt(M_TRIM_THRESHOLD, 128 << 20);  // bytes
-}
-
 int run(const CommandLine& line, const std::filesystem::path& workFolder, const std::string& source) {
   keepFreedMemory();
   std::unique_ptr<QGuiApplication> application;
   const auto begin = [&application] {
-    if (!application) application = applicationWithoutScreen();
+    if (!application) application = applicationWithoutScreen("gridwright-headless");
   };
   if (line.options.pdfFile) begin();
   HeadlessOptions options = line.options;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
 #include <vector>
 
@@ -33,6 +34,13 @@ std::vector<fs::path> growingTowards(const fs::path& target) {
     if (targetOfBuilding(entry->path().filename().string()) == wanted) paths.push_back(entry->path());
   }
   return paths;
+}
+
+bool rename(const fs::path& from, const fs::path& to, Taking how) {
+  if (how == Taking::replaces) return ::rename(from.c_str(), to.c_str()) == 0;
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+  // Where the file system knows no such thing a second name does the same.
+  return errno == EINVAL && ::link(from.c_str(), to.c_str()) == 0 && ::unlink(from.c_str()) == 0;
 }
 
 }  // namespace
@@ -69,13 +77,17 @@ bool GrowingFile::writeThrough() {
   return !refused_;
 }
 
-bool GrowingFile::takeName(const fs::path& target) {
+bool GrowingFile::isOnDisk() {
+  if (!isWhole() || !writeThrough()) return false;
+  // Some file systems tell only here that there was no room.
+  return ::fsync(file_.descriptor()) == 0 || errno == EINVAL || errno == EROFS;
+}
+
+bool GrowingFile::takeName(const fs::path& target, Taking how) {
   if (!isWhole()) return false;
   close();
-  // Some file systems tell only here that there was no room.
-  const bool onDisk = writeThrough() && !isNoPlainFile(target) &&
-                      (::fsync(file_.descriptor()) == 0 || errno == EINVAL || errno == EROFS);
-  if (!onDisk || ::rename(path_.c_str(), target.c_str()) != 0) {
+  const bool taken = isOnDisk() && !isNoPlainFile(target) && rename(path_, target, how);
+  if (!taken) {
     remove();
     return false;
   }

@@ -12,6 +12,12 @@
 
 namespace gridwright {
 
+/// What becomes of a file that bears the target's name already.
+enum class Taking {
+  replaces,  ///< It is gone.
+  onlyFree,  ///< It stays, and the name is not taken, also when it came a moment ago.
+};
+
 /// Bears a name of its own while it grows, NAME.XXXXXXXX.building, that nobody can know before: two programs
 /// that write one target meet in its name alone, where the later one wins whole. It is held meanwhile by a
 /// lock, which tells it from what a killed program has left behind.
@@ -26,9 +32,13 @@ class GrowingFile : public QIODevice {
   /// Whether every byte so far was taken; what still waits in memory counts as taken.
   [[nodiscard]] bool isWhole() const { return file_ && !refused_; }
 
-  /// Writes what still waits, through to the disk, and takes the name. Nothing can be written from then on.
+  /// Writes what still waits, through to the disk. Who makes several files asks each, before the first takes
+  /// its name. \returns false when a byte was refused.
+  [[nodiscard]] bool isOnDisk();
+
+  /// The same, and takes the name. Nothing can be written from then on.
   /// \returns false when a byte was refused or the name cannot be taken; what was there stays as it was.
-  [[nodiscard]] bool takeName(const std::filesystem::path& target);
+  [[nodiscard]] bool takeName(const std::filesystem::path& target, Taking how = Taking::replaces);
 
   [[nodiscard]] bool isSequential() const override { return true; }
 

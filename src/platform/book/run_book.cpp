@@ -1,0 +1,150 @@
+#include "platform/book/run_book.h"
+
+#include <chrono>
+#include <optional>
+#include <ostream>
+#include <utility>
+
+#include "files/plain_file.h"
+#include "platform/book/book_list.h"
+#include "platform/book/book_options.h"
+#include "platform/book/book_pages.h"
+#include "platform/book/make_mazes.h"
+#include "platform/book/new_files.h"
+#include "platform/book/progress_bar.h"
+#include "platform/shared/end_signals.h"
+
+namespace gridwright::book {
+
+namespace {
+
+constexpr int kEndedBySignal = 128;  // and the signal's number, as shells say it
+
+bool isAskedToEnd() { return endSignal() != 0; }
+
+std::uint32_t seedOfClock() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  const auto ticks =
+      static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::microseconds>(now).count());
+  return static_cast<std::uint32_t>(ticks ^ ticks >> 32);
+}
+
+/// The picture that is not what it was; empty where all are.
+std::string changedSince(const std::vector<PictureSum>& then, const std::vector<PictureSum>& now) {
+  for (std::size_t i = 0; i < then.size(); ++i) {
+    if (i >= now.size() || now[i] != then[i]) return then[i].name;
+  }
+  return now.size() > then.size() ? now[then.size()].name : "";
+}
+
+class Run {
+ public:
+  Run(BookLine line, const BookTalk& talk) : line_(std::move(line)), talk_(talk) {}
+
+  int run() {
+    if (!line_.run.join.empty()) return join();
+    if (!line_.run.from.empty() && !takeList()) return kNotAllDone;
+    const bool fromClock = !line_.hasSeed && !list_;
+    if (fromClock) line_.plan.seed = seedOfClock();
+    if (const auto may = mayWrite(line_.run); !may) return complain(may.fault().words);
+    const auto sources = BookSources::read(line_.plan, line_.run.jobs, isAskedToEnd);
+    if (!sources) return isAskedToEnd() ? ended() : complain(sources.fault().words);
+    if (list_) {
+      const std::string changed = changedSince(list_->sums, sources.value().sums());
+      if (!changed.empty()) return complain(changed + " has changed since the list was written");
+    }
+    for (const std::string& warning : sources.value().warnings()) complain(warning);
+    if (fromClock) talk_.out << "seed " << line_.plan.seed << std::endl;
+    return make(sources.value());
+  }
+
+ private:
+  int complain(const std::string& words) {
+    talk_.err << "gridwright-book: " << words << std::endl;
+    return kNotAllDone;
+  }
+
+  /// Nothing was written.
+  static int ended() { return kEndedBySignal + endSignal(); }
+
+  void sayWritten(std::size_t mazes) {
+    if (line_.run.quiet) return;
+    talk_.out << line_.run.output.string() << ": " << mazes << (mazes == 1 ? " maze" : " mazes") << ", seed "
+              << line_.plan.seed << std::endl;
+  }
+
+  /// The options of the list take the place of those of the command line.
+  bool takeList() {
+    const auto bytes = readPlainFile(line_.run.from);
+    if (!bytes) return refuseList("it cannot be read");
+    auto list = parseList(bytes.value());
+    if (!list) return refuseList(list.fault().words);
+    list_ = std::move(list.value());
+    line_.plan = list_->plan;
+    if (!line_.run.part) line_.run.part = list_->part;
+    if (const auto why = whyNotAnswersFile(line_.plan, line_.run)) return refuseList(*why);
+    return true;
+  }
+
+  bool refuseList(const std::string& why) {
+    complain(line_.run.from.string() + ": " + why);
+    return false;
+  }
+
+  int make(const BookSources& sources) {
+    BookPages pages(line_.plan, line_.run.output.parent_path());
+    MadeMazes made;
+    {
+      ProgressBar bar(talk_.err, talk_.errIsTerminal && !line_.run.quiet);
+      made = makeMazes(
+          line_.plan, line_.run, sources, pages,
+          [&](std::size_t done, std::size_t all) { bar.show(done, all); }, isAskedToEnd);
+    }
+    if (made.stopped) return ended();
+    for (const MissedMaze& missed : made.missed)
+      complain(missed.picture + ": maze " + std::to_string(missed.number) + " can't be made: " + missed.why);
+    if (made.fault) return complain(made.fault->words);
+    if (!made.missed.empty() && line_.run.strict) return kNotAllDone;
+    BookList list{line_.plan,
+                  line_.run.part,
+                  sources.sums(),
+                  mazesAsked(line_.plan, sources.count()),
+                  std::move(made.records),
+                  {}};
+    for (const MissedMaze& missed : made.missed) list.notMade.push_back(missed.number);
+    const auto done = pages.finish(list, line_.run, isAskedToEnd);
+    if (isAskedToEnd() && !done) return ended();
+    if (!done) return complain(done.fault().words);
+    sayWritten(list.mazes.size());
+    return made.missed.empty() ? kDone : kNotAllDone;
+  }
+
+  int join() {
+    if (const auto may = mayWrite(line_.run); !may) return complain(may.fault().words);
+    const auto list = joinBook(line_.run, isAskedToEnd);
+    if (!list) return isAskedToEnd() ? ended() : complain(list.fault().words);
+    line_.plan.seed = list.value().plan.seed;
+    sayWritten(list.value().mazes.size());
+    for (const int number : list.value().notMade)
+      complain("maze " + std::to_string(number) + " is not in the book: its part could not make it");
+    return list.value().notMade.empty() ? kDone : kNotAllDone;
+  }
+
+  BookLine line_;
+  const BookTalk& talk_;
+  std::optional<BookList> list_;  ///< What the book is made from again.
+};
+
+}  // namespace
+
+int runBook(const std::vector<std::string>& words, const BookTalk& talk) {
+  auto line = readBookLine(words);
+  if (!line) {
+    talk.err << "gridwright-book: " << line.fault().words << std::endl;
+    return kWrongUse;
+  }
+  const EndSignals asked;
+  return Run(std::move(line.value()), talk).run();
+}
+
+}  // namespace gridwright::book
