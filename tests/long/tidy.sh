@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# clang-tidy over tests, bench and fuzz; and its path analyser over src, which takes most of a minute for a test
+# clang-tidy over tests, bench and fuzz; and its path analyser and slow checks over src
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 source .ci/steps.sh
@@ -21,4 +21,6 @@ install_missing "${build_packages[@]}" "${test_packages[@]}"
 step "Configuring" cmake --preset dev -B build/tidy -DBUILD_TESTING=ON -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON
 step "Building" cmake --build build/tidy
 step "clang-tidy over the tests" look 'tests|bench|fuzz' '-clang-analyzer-*'
-step "Its path analyser over the source" look src '-*,clang-analyzer-*,-clang-analyzer-optin.performance.Padding'
+slow_checks=$(sed -n 's/^slow_checks=//p' test)
+step "Its slow checks and its path analyser over the source" \
+  look src "-*,$slow_checks,clang-analyzer-*,-clang-analyzer-optin.performance.Padding"
