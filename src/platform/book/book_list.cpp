@@ -161,7 +161,8 @@ class Reader {
   template <class Value, class Read>
   void list(const char* name, std::vector<Value>& place, Read read) const {
     if (has(name) && !value(name).isArray()) return fail();
-    for (const QJsonValue& entry : value(name).toArray()) {
+    const QJsonArray entries = value(name).toArray();
+    for (const auto& entry : entries) {
       const std::optional<Value> read_ = read(entry);
       if (!read_) return fail();
       place.push_back(*read_);
