@@ -121,6 +121,27 @@ class OrderedFonts {
   int count_ = 0;
 };
 
+/// What pages have alike of their words' resources, once for all of them: a book may have ten thousand.
+class CommonResources {
+ public:
+  explicit CommonResources(QPDF& pdf) : pdf_(pdf) {}
+
+  void share(QPDFObjectHandle resources) {
+    resources.removeKey("/Pattern");  // no words are filled with one
+    for (const char* key : {"/ColorSpace", "/ExtGState", "/Font"}) {
+      QPDFObjectHandle own = resources.getKey(key);
+      if (!own.isDictionary()) continue;
+      const auto [common, isNew] = known_.try_emplace(own.unparse());
+      if (isNew) common->second = pdf_.makeIndirectObject(own);
+      resources.replaceKey(key, common->second);
+    }
+  }
+
+ private:
+  QPDF& pdf_;
+  std::map<std::string, QPDFObjectHandle> known_;  // by what they say
+};
+
 /// Draws the mazes of a page below its words.
 void placeMazes(QPDF& pdf, QPDFObjectHandle page, const PageDrawings& drawings) {
   QPDFObjectHandle resources = page.getKey("/Resources");
@@ -166,6 +187,7 @@ Outcome<Done> writeBook(const PlannedDocument& document, const std::vector<MazeR
     pdf.processMemoryFile("words", words.data(), words.size());
     PlacedStreams streams(pdf, store, isStopped);
     OrderedFonts fonts(pdf);
+    CommonResources common(pdf);
     auto planned = document.pages.begin();
     for (QPDFObjectHandle page : pdf.getAllPages()) {
       PageDrawings drawings(streams);
@@ -175,6 +197,7 @@ Outcome<Done> writeBook(const PlannedDocument& document, const std::vector<MazeR
       }
       placeMazes(pdf, page, drawings);
       fonts.order(page.getKey("/Resources"));
+      common.share(page.getKey("/Resources"));
       page.replaceKey("/MediaBox", sheetOf(document.width, document.height));
       ++planned;
     }
