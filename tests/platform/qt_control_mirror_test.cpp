@@ -119,6 +119,36 @@ TEST(EverySwatch, IsNamedByItsColourWhateverItsCaption) {
   EXPECT_EQ(desk.mirror.widget(ControlId::Check1)->accessibleName(), "black");
 }
 
+TEST(APanelOfSwatches, TakesSmallerLettersOnASmallScreenAndCutsNoCaption) {
+  for (const QSize room : {QSize(640, 400), QSize(560, 380)}) {
+    Desk desk;
+    desk.view.resize(room);
+    desk.model.show(ControlId::Label5);
+    for (std::size_t i = 0; i < 16; ++i) {
+      const auto id = controlAt(static_cast<std::size_t>(ControlId::Check1) + i);
+      desk.model.show(id);
+      desk.model.setText(id, "Border Color");
+    }
+    desk.show();
+    const QWidget* swatch = desk.mirror.widget(ControlId::Check16);
+    const QWidget* panel = swatch->parentWidget()->parentWidget();
+    EXPECT_TRUE(desk.view.rect().contains(panel->geometry())) << room.width();
+    EXPECT_GE(swatch->width(), swatch->sizeHint().width()) << room.width();
+    EXPECT_LT(swatch->font().pointSize(), desk.view.font().pointSize()) << room.width();
+  }
+}
+
+TEST(TheTitlesButtons, HaveLettersThatGrowWithThem) {
+  Desk desk;
+  desk.view.resize(2000, 1500);
+  for (const ControlId id : {ControlId::Command2, ControlId::Command3, ControlId::Command7})
+    desk.model.show(id);
+  desk.show();
+  const QWidget* begin = desk.mirror.widget(ControlId::Command2);
+  EXPECT_EQ(begin->geometry().size(), QSize(750, 115));
+  EXPECT_GT(begin->font().pointSizeF(), 2.4 * desk.view.font().pointSizeF());
+}
+
 TEST(TheMazeColours, StandAboveTheClassesAndCoverNone) {
   Desk desk;
   for (const ControlId first : {ControlId::Check1, ControlId::Check35}) {
