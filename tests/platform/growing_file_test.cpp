@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <set>
+#include <utility>
 
 #include "platform/shared/image_files.h"
 #include "support/full_disk.h"
@@ -46,6 +47,25 @@ std::set<std::string> namesIn(const fs::path& folder) {
   std::set<std::string> names;
   for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename().string());
   return names;
+}
+
+TEST(AGrowingFile, TakesItsNameFromAnotherOneOnlyWhereItMay) {
+  const TempFolder temp;
+  const fs::path target = temp.path() / "book.pdf";
+  for (const auto& [how, left] : {std::pair{Taking::onlyFree, "another's"}, {Taking::replaces, "ours"}}) {
+    GrowingFile file(target);
+    ASSERT_EQ(file.write("ours"), 4);
+    ASSERT_TRUE(file.isOnDisk());
+    temp.put("book.pdf", "another's");  // it came meanwhile
+    EXPECT_EQ(file.takeName(target, how), how == Taking::replaces);
+    EXPECT_EQ(temp.get("book.pdf"), left);
+    EXPECT_EQ(namesIn(temp.path()), std::set<std::string>({"book.pdf"}));
+  }
+  fs::remove(target);
+  GrowingFile free(target);
+  ASSERT_EQ(free.write("ours"), 4);
+  EXPECT_TRUE(free.takeName(target, Taking::onlyFree));
+  EXPECT_EQ(temp.get("book.pdf"), "ours");
 }
 
 TEST(ADocument, IsWholeOrSaysSoWhereverTheDiskFillsUp) {
