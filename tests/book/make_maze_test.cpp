@@ -306,6 +306,20 @@ TEST(APictureThatCannotBeTried, SaysWhy) {
   EXPECT_EQ(maze.fault().words, picture.whyNot);
 }
 
+TEST(AMazeOfABook, TouchesNoFile) {
+  const SourcePicture plain = bitmap();
+  const SourcePicture saved = savedDrawing("menu cgenerate\n");
+  const TempFolder folder;
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.path());
+  MazeWish wish;
+  wish.kind = MazeKind::pipe;
+  wish.patterns = PatternWish{PatternWish::Kind::random, 6, {}};
+  for (const SourcePicture* picture : {&plain, &saved}) EXPECT_TRUE(made(*picture, wish, 1));
+  fs::current_path(before);
+  EXPECT_TRUE(fs::is_empty(folder.path()));
+}
+
 TEST(AMazeThatIsStopped, IsNoneAndHasNoReason) {
   const SourcePicture picture = bitmap();
   RegionStarts starts;
