@@ -120,7 +120,7 @@ TEST(EverySwatch, IsNamedByItsColourWhateverItsCaption) {
 }
 
 TEST(APanelOfSwatches, TakesSmallerLettersOnASmallScreenAndCutsNoCaption) {
-  for (const QSize room : {QSize(640, 400), QSize(560, 380)}) {
+  for (const QSize room : {QSize(640, 400), QSize(620, 380)}) {
     Desk desk;
     desk.view.resize(room);
     desk.model.show(ControlId::Label5);
