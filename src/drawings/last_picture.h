@@ -14,8 +14,8 @@
 
 namespace gridwright {
 
-/// The persistent image, where anything is drawn on it, with what a smaller window hides, goes quietly to last-drawing.bmp; in the pattern
-/// editor the picture that lies under its field. Nothing at the title.
+/// The persistent image, where anything is drawn on it, with what a smaller window hides, goes quietly to
+/// last-drawing.bmp; in the pattern editor the picture that lies under its field. Nothing at the title.
 void keepLastDrawing(Program& program);
 
 /// The same, before another drawing takes its place on the Canvas: what is kept from then on is of that one.
@@ -31,7 +31,8 @@ void autosaveDrawing(Program& program);
 void lastpicture(Program& program);
 
 /// A sheet of the workshop goes quietly to last-sheet.bmp.
-/// \param place the folder where an earlier state of the same sheet is kept; empty for none: the sheet that is
+/// \param place the folder where an earlier state of the same sheet is kept; empty for none: the sheet that
+/// is
 ///   there stays as last-sheet.bmp~.
 /// \returns the folder that it is in now; empty where it could not be kept.
 std::filesystem::path keepSheet(Program& program, const Bitmap& sheet, const std::filesystem::path& place);

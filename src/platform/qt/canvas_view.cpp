@@ -122,7 +122,8 @@ QRect CanvasView::copyChanges(const Canvas& canvas, const Canvas::Dirty& part) {
 
 bool CanvasView::showChanges(Canvas& canvas) {
   Canvas::Dirty part = canvas.takeDirty();
-  if (atTitle_ && !part.empty()) part = {0, 0, kUsual.width, kUsual.height};  // also what lies beyond the Canvas
+  if (atTitle_ && !part.empty())
+    part = {0, 0, kUsual.width, kUsual.height};  // also what lies beyond the Canvas
   QRect changed;
   if (!part.empty()) changed = copyChanges(canvas, part);
   const Size size = atTitle_ ? kUsual : Size{canvas.scaleWidth(), canvas.scaleHeight()};
