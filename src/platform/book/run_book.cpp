@@ -139,8 +139,9 @@ class Run {
 
 int runBook(const std::vector<std::string>& words, const BookTalk& talk) {
   auto line = readBookLine(words);
-  if (!line) {
-    talk.err << "gridwright-book: " << line.fault().words << std::endl;
+  const auto wrong = line ? whyOneFile(line.value().run) : line.fault().words;
+  if (wrong) {
+    talk.err << "gridwright-book: " << *wrong << std::endl;
     return kWrongUse;
   }
   const EndSignals asked;
