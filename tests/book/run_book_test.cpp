@@ -10,11 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/book/book_list.h"
+#include "book/shop.h"
 #include "platform/book/progress_bar.h"
 #include "platform/shared/image_files.h"
 #include "support/child_program.h"
-#include "support/offscreen.h"
 #include "support/pictures.h"
 
 namespace gridwright::test {
@@ -22,52 +21,6 @@ namespace {
 
 using namespace book;
 namespace fs = std::filesystem;
-using Words = std::vector<std::string>;
-
-struct Ended {
-  int status = 0;
-  std::string out, err;
-};
-
-/// A folder with pictures, in which books are made.
-class AShop : public ::testing::Test {
- public:
-  static void SetUpTestSuite() { beginOffscreen(); }
-
- protected:
-  AShop() {
-    paint("room", {"..........", "..........", ".....,,,,,", ".....,,,,,", "..........", ".........."});
-    paint("hall", {"............", "............", "...######...", "...#....#...", "...######...",
-                   "............", "............"});
-    paint("closet", {"#####", "#..##", "#####"});
-  }
-  void paint(const std::string& name, const Text& cells) const {
-    ASSERT_TRUE(writeBitmapFile(drawing(cells), folder.path() / (name + ".bmp")));
-  }
-  [[nodiscard]] std::string in(const std::string& name) const { return (folder.path() / name).string(); }
-  /// Names of files that the folder holds, as words of a command line, become paths.
-  Ended run(Words words) const {
-    for (std::string& word : words) {
-      if (word.find('.') != std::string::npos && word.front() != '-') word = in(word);
-    }
-    std::ostringstream out, err;
-    const int status = runBook(words, {out, err, false});
-    return {status, out.str(), err.str()};
-  }
-  [[nodiscard]] Words files() const {
-    Words names;
-    for (const auto& entry : fs::directory_iterator(folder.path()))
-      names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-  [[nodiscard]] BookList list(const std::string& name = "l.json") const {
-    const auto read = parseList(folder.get(name));
-    EXPECT_TRUE(read) << read.fault().words;
-    return read ? read.value() : BookList{};
-  }
-  TempFolder folder;
-};
 
 const Words kPictures = {"closet.bmp", "hall.bmp", "room.bmp"};
 
@@ -316,21 +269,6 @@ TEST_F(AShop, UnderstandsNoOtherCommandLine) {
   EXPECT_EQ(ended.status, 2);
   EXPECT_EQ(ended.err, "gridwright-book: --wall 3: a wall is 5 to 50 pixels\n");
   EXPECT_EQ(files(), before);
-}
-
-TEST_F(AShop, WritesNoTwoFilesUnderOneName) {
-  const Words before = files();
-  for (const Words& twice :
-       {Words{"-o", "x.pdf", "--list", "./x.pdf"}, Words{"--answers", "./book.pdf"},
-        Words{"--answers", "key.pdf", "--list", "../" + folder.path().filename().string() + "/key.pdf"}}) {
-    Words words = {"room.bmp", "--seed", "1", "--force"};
-    words.insert(words.end(), twice.begin(), twice.end());
-    ChildProgram program({GRIDWRIGHT_BOOK, words, folder.path(), {}, {}});
-    EXPECT_EQ(program.wait(), 2);
-    EXPECT_EQ(program.said(),
-              "gridwright-book: " + twice.back() + " is named for two files; each has a name of its own\n");
-    EXPECT_EQ(files(), before);
-  }
 }
 
 TEST_F(AShop, LeavesNoFileWhenItIsInterrupted) {
