@@ -68,20 +68,6 @@ bool putAnswers(const std::string& word, BookLine& line) {
   return word != wordOf(Answers::file) && put(answersOf(word), line.plan.answers);
 }
 
-/// Every brace of a caption opens or closes one of the five names.
-bool isCaption(std::string_view words) {
-  constexpr auto kNames = std::to_array<std::string_view>({"n", "picture", "seed", "cells", "difficulty"});
-  for (;;) {
-    const auto open = words.find_first_of("{}");
-    if (open == std::string_view::npos) return true;
-    const auto close = words.find('}', open);
-    if (words[open] == '}' || close == std::string_view::npos) return false;
-    const std::string_view name = words.substr(open + 1, close - open - 1);
-    if (std::find(kNames.begin(), kNames.end(), name) == kNames.end()) return false;
-    words.remove_prefix(close + 1);
-  }
-}
-
 /// With what an option goes: the making of a book, its making again from a list, the joining of its parts.
 enum Going : unsigned { kMaking = 1, kAgain = 2, kJoining = 4 };
 
