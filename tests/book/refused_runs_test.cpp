@@ -1,7 +1,11 @@
 // Runs of gridwright-book that leave less than a book, or nothing, and say why.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,6 +85,55 @@ TEST_F(AShop, JoinsPartsThatLackMazesAndSaysWhichOnes) {
     EXPECT_TRUE(folder.get("j.pdf") == folder.get("b.pdf"));
     EXPECT_EQ(folder.get("j.json"), folder.get("l.json"));
   }
+}
+
+TEST_F(AShop, MakesTheSameBookWhereTheSystemGivesNoThread) {
+  ASSERT_EQ(run({"room.bmp", "hall.bmp", "-n", "3", "--seed", "1", "-o", "b.pdf"}).status, 0);
+  const auto noThreads = [] {
+    // A thread's stack is as large as this allows, and larger than all memory that there may be.
+    const rlimit stack{std::size_t{64} << 30, RLIM_INFINITY};
+    const rlimit memory{std::size_t{8} << 30, RLIM_INFINITY};
+    if (::setrlimit(RLIMIT_STACK, &stack) != 0 || ::setrlimit(RLIMIT_AS, &memory) != 0) ::_exit(126);
+  };
+  ChildProgram program(
+      {GRIDWRIGHT_BOOK,
+       {in("room.bmp"), in("hall.bmp"), "-n", "3", "--seed", "1", "-o", "c.pdf", "--jobs", "8"},
+       folder.path(),
+       {},
+       noThreads});
+  EXPECT_EQ(program.wait(), 0);
+  EXPECT_EQ(program.said(), "");
+  EXPECT_TRUE(folder.get("c.pdf") == folder.get("b.pdf"));
+}
+
+TEST_F(AShop, LeavesNothingWhereMemoryEnds) {
+  folder.put("old.pdf", "old");
+  const Words before = files();
+  int refused = 0;
+  for (std::size_t spare = 1; spare <= 64; spare *= 2) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      // What this process has already, and so many megabytes.
+      std::size_t pages = 0;
+      std::ifstream("/proc/self/statm") >> pages;
+      const rlimit memory{pages * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE)) + (spare << 20),
+                          RLIM_INFINITY};
+      if (::setrlimit(RLIMIT_AS, &memory) != 0) ::_exit(126);
+      const Ended ended = run({"hall.bmp", "--total", "40", "--seed", "1", "-o", "old.pdf", "--force"});
+      if (ended.status == 0) ::_exit(0);
+      ::_exit(ended.err == "gridwright-book: there is not enough memory; fewer --jobs need less\n" ? 1 : 125);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status)) << spare << " MB: signal " << WTERMSIG(status);
+    ASSERT_LE(WEXITSTATUS(status), 1) << spare << " MB";
+    if (WEXITSTATUS(status) == 1) {
+      ++refused;
+      EXPECT_EQ(folder.get("old.pdf"), "old");
+    }
+    EXPECT_EQ(files(), before);
+  }
+  EXPECT_GT(refused, 0);
 }
 
 }  // namespace

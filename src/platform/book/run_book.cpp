@@ -1,6 +1,7 @@
 #include "platform/book/run_book.h"
 
 #include <chrono>
+#include <new>
 #include <optional>
 #include <ostream>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "platform/book/make_mazes.h"
 #include "platform/book/new_files.h"
 #include "platform/book/progress_bar.h"
+#include "platform/book/worker_threads.h"
 #include "platform/shared/end_signals.h"
 
 namespace gridwright::book {
@@ -42,6 +44,15 @@ class Run {
   Run(BookLine line, const BookTalk& talk) : line_(std::move(line)), talk_(talk) {}
 
   int run() {
+    try {
+      return runAll();
+    } catch (const std::bad_alloc&) {
+      return complain(kNoMemory);
+    }
+  }
+
+ private:
+  int runAll() {
     if (!line_.run.join.empty()) return join();
     if (!line_.run.from.empty() && !takeList()) return kNotAllDone;
     const bool fromClock = !line_.hasSeed && !list_;
@@ -58,7 +69,6 @@ class Run {
     return make(sources.value());
   }
 
- private:
   int complain(const std::string& words) {
     talk_.err << "gridwright-book: " << words << std::endl;
     return kNotAllDone;
