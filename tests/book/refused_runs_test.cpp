@@ -136,5 +136,25 @@ TEST_F(AShop, LeavesNothingWhereMemoryEnds) {
   EXPECT_GT(refused, 0);
 }
 
+TEST_F(AShop, ListsNoPictureWhoseNameAListCannotSay) {
+  const std::string latin = "Zo\xEB.bmp";
+  fs::copy_file(in("room.bmp"), in(latin));
+  const Words before = files();
+  for (const Words& asked : {Words{"--list", "l.json"}, Words{"--part", "1/2"}}) {
+    Words words = {latin, "--seed", "1", "-o", "b.pdf"};
+    words.insert(words.end(), asked.begin(), asked.end());
+    const Ended ended = run(words);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, "gridwright-book: " + in(latin) +
+                             ": it is not UTF-8, so no list and no part can say what the book is made of\n");
+    EXPECT_EQ(files(), before);
+    words.front() = "room.bmp";
+    words.insert(words.end(), {"--title", "\xFF"});
+    EXPECT_EQ(run(words).status, 1) << "nor any other words";
+    EXPECT_EQ(files(), before);
+  }
+  EXPECT_EQ(run({latin, "--seed", "1", "-o", "b.pdf"}).status, 0) << "the book alone can be made";
+}
+
 }  // namespace
 }  // namespace gridwright::test

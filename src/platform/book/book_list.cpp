@@ -312,6 +312,17 @@ Fault fault(std::string words) { return {Fault::Kind::malformed, std::move(words
 
 }  // namespace
 
+std::optional<std::string> whyNoList(const BookPlan& plan) {
+  std::vector<std::string> said = plan.pictures;
+  said.insert(said.end(), {plan.words, plan.title, plan.caption});
+  for (const PatternWish& wish : plan.wished.patterns) said.push_back(wish.name);
+  for (const std::string& words : said) {
+    if (plain(text(words)) != words)
+      return words + ": it is not UTF-8, so no list and no part can say what the book is made of";
+  }
+  return std::nullopt;
+}
+
 std::string formatList(const BookList& list) {
   QJsonObject object{
       {"format", kFormat},

@@ -58,6 +58,9 @@ class Run {
     const bool fromClock = !line_.hasSeed && !list_;
     if (fromClock) line_.plan.seed = seedOfClock();
     if (const auto may = mayWrite(line_.run); !may) return complain(may.fault().words);
+    if (line_.run.part || !line_.run.list.empty()) {
+      if (const auto why = whyNoList(line_.plan)) return complain(*why);
+    }
     const auto sources = BookSources::read(line_.plan, line_.run.jobs, isAskedToEnd);
     if (!sources) return isAskedToEnd() ? ended() : complain(sources.fault().words);
     if (list_) {
