@@ -176,6 +176,8 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{{""}, "a name of a file is empty"},
         Refused{{"a.bmp", "-n", "0"}, "-n 0: a picture has 1 to 1000000"},
         Refused{{"a.bmp", "--total", "1000001"}, "--total 1000001: a book has 1 to 1000000"},
+        Refused{{"a.bmp", "b.bmp", "-n", "500001"}, "-n: a book has at most 1000000 mazes"},
+        Refused{{"a.bmp", "--words", "n.txt", "-n", "1000000"}, "-n: a book has at most 1000000"},
         Refused{{"--words", ""}, "--words : it is a file"},
         Refused{{"a.bmp", "--kind", "2d"}, "--kind 2d: a kind is"},
         Refused{{"a.bmp", "--wall", "4"}, "--wall 4: a wall is 5 to 50"},

@@ -156,5 +156,18 @@ TEST_F(AShop, ListsNoPictureWhoseNameAListCannotSay) {
   EXPECT_EQ(run({latin, "--seed", "1", "-o", "b.pdf"}).status, 0) << "the book alone can be made";
 }
 
+TEST_F(AShop, MakesNoMoreThanAMillionMazes) {
+  folder.put("names.txt", "Mia\nZoe\n");
+  const Words before = files();
+  const std::string line = "a book has at most 1000000 mazes\n";
+  const Ended seen = run({"room.bmp", "hall.bmp", "-n", "500001", "-o", "b.pdf"});
+  EXPECT_EQ(seen.status, 2) << "the command line shows it";
+  EXPECT_EQ(seen.err, "gridwright-book: -n: " + line);
+  const Ended read = run({"--words", "names.txt", "-n", "500001", "-o", "b.pdf"});
+  EXPECT_EQ(read.status, 1) << "the file of names shows it";
+  EXPECT_EQ(read.err, "gridwright-book: " + line);
+  EXPECT_EQ(files(), before);
+}
+
 }  // namespace
 }  // namespace gridwright::test

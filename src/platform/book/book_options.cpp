@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/book/book_words.h"
+#include "platform/book/maze_counts.h"
 #include "platform/book/page_plan.h"
 
 namespace gridwright::book {
@@ -239,6 +240,9 @@ class Reader {
       return fault("no picture is named; --help says what a command line may hold");
     if (has("-n") && has("--total"))
       return fault("-n and --total contradict each other: mazes a picture, or mazes in all");
+    // How many names a file holds is known when it is read; one at least, or there is no book.
+    if (const auto why = whyTooMany(line_.plan, files_.size() + (has("--words") ? 1 : 0)))
+      return fault("-n: " + *why);
     if (has("--part") && !line_.hasSeed)
       return fault("--part needs --seed: all parts of a book are made from the same one");
     if (line_.plan.answers == Answers::none && has("--answers-per-page"))

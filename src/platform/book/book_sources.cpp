@@ -55,21 +55,6 @@ std::vector<std::string> namesIn(std::string_view text) {
   return names;
 }
 
-}  // namespace
-
-int mazesAsked(const BookPlan& plan, std::size_t pictures) {
-  if (plan.total) return pictures == 0 ? 0 : *plan.total;
-  const std::size_t asked = static_cast<std::size_t>(plan.mazesAPicture.value_or(1)) * pictures;
-  return static_cast<int>(std::min(asked, std::size_t{kMostMazes} + 1));
-}
-
-std::size_t pictureOf(const BookPlan& plan, std::size_t pictures, int index) {
-  return plan.total ? static_cast<std::size_t>(index) % pictures
-                    : static_cast<std::size_t>(index / plan.mazesAPicture.value_or(1));
-}
-
-namespace {
-
 /// A file that cannot be taken, in one line.
 struct Refused {
   Fault fault;
@@ -240,8 +225,7 @@ void BookSources::readAll(const BookPlan& plan, int jobs, const IsStopped& isSto
     if (names.empty()) throw Refused{fault(plan.words, "there is no name in it")};
   }
   const std::size_t pictures = plan.pictures.size() + names.size();
-  if (mazesAsked(plan, pictures) > kMostMazes)
-    throw Refused{{Fault::Kind::malformed, "a book has at most " + std::to_string(kMostMazes) + " mazes"}};
+  if (auto why = whyTooMany(plan, pictures)) throw Refused{{Fault::Kind::malformed, *std::move(why)}};
   const std::vector<ReadyGround> grounds = groundsOf(plan, pictures);
   for (ReadPicture& read : readPictureFiles(plan, grounds, jobs, isStopped)) {
     pictures_.push_back(std::move(read.picture));
