@@ -233,6 +233,12 @@ INSTANTIATE_TEST_SUITE_P(
                       Refused{{"--from", "l.json", "--answers", "none"},
                               "--answers does not go with --from"}));
 
+TEST(TheHelp, ComesWhereverItIsAskedFor) {
+  EXPECT_EQ(saidInstead({"a.bmp", "--quiet", "--help", "--version"}), bookUsage());
+  EXPECT_TRUE(saidInstead({"--version", "--help"}).value_or("").starts_with("gridwright-book "));
+  EXPECT_EQ(saidInstead({"a.bmp", "--title", "--help", "--", "--help"}), std::nullopt);
+}
+
 TEST(TheHelp, NamesEveryOptionInLinesOfATerminal) {
   const std::string usage = bookUsage();
   for (const char* option : {"-o",

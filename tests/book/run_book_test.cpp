@@ -289,9 +289,17 @@ TEST_F(AShop, LeavesNoFileWhenItIsInterrupted) {
 }
 
 TEST_F(AShop, SaysHowItIsUsedAndWhichVersionItIs) {
-  EXPECT_EQ(ChildProgram({GRIDWRIGHT_BOOK, {"--help"}, {}, {}, {}}).wait(), 0);
-  EXPECT_EQ(ChildProgram({GRIDWRIGHT_BOOK, {"--version"}, {}, {}, {}}).wait(), 0);
-  EXPECT_EQ(ChildProgram({GRIDWRIGHT_BOOK, {}, {}, {}, {}}).wait(), 2);
+  const auto statusOf = [](const Words& words) {
+    return ChildProgram({GRIDWRIGHT_BOOK, words, {}, {}, {}}).wait();
+  };
+  for (const char* asked : {"--help", "--version"}) {
+    EXPECT_EQ(statusOf({asked}), 0);
+    EXPECT_EQ(statusOf({"--quiet", asked}), 0);
+    EXPECT_EQ(statusOf({"a.bmp", "--wall", "3", asked, "--colour"}), 0) << "whatever else is wrong";
+    EXPECT_EQ(statusOf({"--part", asked}), 2) << "the value of an option";
+    EXPECT_EQ(statusOf({"--", asked}), 1) << "a picture that is not there";
+  }
+  EXPECT_EQ(statusOf({}), 2);
 }
 
 TEST(TheProgress, IsABarWithTheRateAndTheTimeLeft) {

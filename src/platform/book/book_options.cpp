@@ -306,6 +306,18 @@ std::string bookUsage() {
   return usage + row + "\nSee man gridwright-book.";
 }
 
+std::optional<std::string> saidInstead(const std::vector<std::string>& words) {
+  const std::vector<Option> options = allOptions();
+  for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i) {
+    if (words[i] == "--help") return bookUsage();
+    if (words[i] == "--version") return "gridwright-book " GRIDWRIGHT_VERSION;
+    const auto option =
+        std::find_if(options.begin(), options.end(), [&](const Option& o) { return o.name == words[i]; });
+    if (option != options.end() && !option->value.empty()) ++i;
+  }
+  return std::nullopt;
+}
+
 Outcome<BookLine> readBookLine(const std::vector<std::string>& words) { return Reader().read(words); }
 
 }  // namespace gridwright::book
