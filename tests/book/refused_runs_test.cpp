@@ -1,4 +1,5 @@
 // Runs of gridwright-book that leave less than a book, or nothing, and say why.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -166,6 +167,18 @@ TEST_F(AShop, MakesNoMoreThanAMillionMazes) {
   const Ended read = run({"--words", "names.txt", "-n", "500001", "-o", "b.pdf"});
   EXPECT_EQ(read.status, 1) << "the file of names shows it";
   EXPECT_EQ(read.err, "gridwright-book: " + line);
+  EXPECT_EQ(files(), before);
+}
+
+TEST_F(AShop, MakesNoBookOfASeedThatNobodyIsTold) {
+  const Words before = files();
+  const auto toFullDevice = [] {
+    const int full = ::open("/dev/full", O_WRONLY);
+    if (full < 0 || ::dup2(full, STDOUT_FILENO) < 0) ::_exit(126);
+  };
+  ChildProgram program({GRIDWRIGHT_BOOK, {"room.bmp", "-o", "b.pdf"}, folder.path(), {}, toFullDevice});
+  EXPECT_EQ(program.wait(), 1);
+  EXPECT_EQ(program.said(), "gridwright-book: the seed can't be told: standard output takes no more\n");
   EXPECT_EQ(files(), before);
 }
 

@@ -68,7 +68,8 @@ class Run {
       if (!changed.empty()) return complain(changed + " has changed since the list was written");
     }
     for (const std::string& warning : sources.value().warnings()) complain(warning);
-    if (fromClock) talk_.out << "seed " << line_.plan.seed << std::endl;
+    if (fromClock && !(talk_.out << "seed " << line_.plan.seed << std::endl))
+      return complain("the seed can't be told: standard output takes no more");
     return make(sources.value());
   }
 
