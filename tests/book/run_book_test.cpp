@@ -310,6 +310,18 @@ TEST(TheProgress, IsABarWithTheRateAndTheTimeLeft) {
   EXPECT_NE(progressLine(1, 10001, 1).find(", 2:46 h left"), std::string::npos);
 }
 
+TEST(TheProgress, FitsIntoALineOfATerminal) {
+  for (const std::size_t all : {24U, 10'000U, 1'000'000U}) {
+    for (const double rate : {0.01, 8.3, 150.0, 12345.6}) {
+      for (const std::size_t done : {std::size_t{0}, std::size_t{1}, all / 2, all - 1, all}) {
+        const std::string line = progressLine(done, all, static_cast<double>(done) / rate);
+        EXPECT_LE(line.size(), 79U) << line;
+        EXPECT_GE(line.find(']'), 11U) << line;
+      }
+    }
+  }
+}
+
 TEST(TheProgress, IsTakenAwayAndNeverShownWithoutATerminal) {
   std::ostringstream terminal, file;
   {
