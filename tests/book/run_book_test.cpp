@@ -6,13 +6,16 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "book/shop.h"
 #include "platform/book/progress_bar.h"
+#include "platform/headless/headless_desktop.h"
 #include "platform/shared/image_files.h"
+#include "session/main_loop.h"
 #include "support/child_program.h"
 #include "support/pictures.h"
 
@@ -215,6 +218,39 @@ TEST_F(AShop, MakesNoBookAgainOfAPictureThatHasChanged) {
   const Ended gone = run({"--from", "l.json", "-o", "again.pdf"});
   EXPECT_EQ(gone.status, 1);
   EXPECT_EQ(gone.err, "gridwright-book: " + in("hall.bmp") + ": there is no such file\n");
+}
+
+TEST_F(AShop, MakesABookOfADrawingAgainOnlyWithBothItsFiles) {
+  HeadlessOptions options;
+  options.size = {100, 60};
+  HeadlessDesktop desktop(
+      "script",
+      "click Command2\nmenu importdrawing\ntype Text8 \"room\"\nenter Text8\nmenu sdrawing\n"
+      "type text1 \"mine\"\nenter text1\n",
+      options);
+  const auto program = std::make_unique<Program>(desktop, folder.path());
+  EXPECT_THROW(runProgram(*program), ProgramEnd);
+  ASSERT_EQ(run({"mine.maze", "--seed", "1", "-o", "b.pdf", "--list", "l.json"}).status, 0);
+  const std::string book = folder.get("b.pdf");
+  const BookList made = list();
+  ASSERT_EQ(made.sums.size(), 2U);
+  EXPECT_EQ(made.sums[0].name, in("mine.maze"));
+  EXPECT_EQ(made.sums[1].name, in("mine.bmp"));
+  EXPECT_EQ(made.mazes.at(0).picture, "mine");
+  EXPECT_EQ(run({"--from", "l.json", "-o", "b.pdf", "--force"}).status, 0);
+  EXPECT_TRUE(folder.get("b.pdf") == book);
+  for (const char* file : {"mine.maze", "mine.bmp"}) {
+    const std::string whole = folder.get(file);
+    folder.put(file, whole + "\n");  // it makes the same maze still, but nobody knows that beforehand
+    const Ended changed = run({"--from", "l.json", "-o", "again.pdf"});
+    EXPECT_EQ(changed.status, 1);
+    EXPECT_EQ(changed.err, "gridwright-book: " + in(file) + " has changed since the list was written\n");
+    fs::remove(folder.path() / file);
+    const Ended gone = run({"--from", "l.json", "-o", "again.pdf"});
+    EXPECT_EQ(gone.status, 1);
+    EXPECT_EQ(gone.err, "gridwright-book: " + in(file) + ": there is no such file\n");
+    folder.put(file, whole);
+  }
 }
 
 TEST_F(AShop, AsksForTheNameOfAnswersThatAListKeepsApart) {
