@@ -9,23 +9,6 @@ namespace {
 
 constexpr Square kNowhere{-10, -10, -10, -10};
 
-bool isGoodStart(const Program& program, const Square& q) {
-  const ProgramState& s = program.state;
-  const Pixels pixels = program.pixels();
-  return isPlaced(q) &&
-         pixels.allFree(q.left - 1, q.top - 1, q.left + s.wallWidth - 2, q.top + s.wallHeight - 2) &&
-         !pixels.border(q.left, q.top);
-}
-
-bool isGoodFinish(const Program& program, const Square& q, const Square& start) {
-  const ProgramState& s = program.state;
-  const Pixels pixels = program.pixels();
-  const Colour corner = program.canvas.point(q.left, q.top);
-  return q.left != q.right && q.top != q.bottom && !q.sameCorner(start) &&
-         pixels.allFree(q.right - s.wallWidth + 2, q.bottom - s.wallHeight + 2, q.right + 1, q.bottom + 1) &&
-         (!program.colours.isBorder(corner) || corner == program.colours.extraBackground());
-}
-
 Square searchStart(const Program& program, const CellGrid& grid) {
   const auto cell = grid.first([&](Corner at) { return isFreeCell(program, grid, at); });
   return cell ? grid.squareIn(*cell) : kNowhere;
@@ -44,6 +27,23 @@ Square searchFinish(const Program& program, const CellGrid& grid, const Square& 
 }
 
 }  // namespace
+
+bool isGoodStart(const Program& program, const Square& q) {
+  const ProgramState& s = program.state;
+  const Pixels pixels = program.pixels();
+  return isPlaced(q) &&
+         pixels.allFree(q.left - 1, q.top - 1, q.left + s.wallWidth - 2, q.top + s.wallHeight - 2) &&
+         !pixels.border(q.left, q.top);
+}
+
+bool isGoodFinish(const Program& program, const Square& q, const Square& start) {
+  const ProgramState& s = program.state;
+  const Pixels pixels = program.pixels();
+  const Colour corner = program.canvas.point(q.left, q.top);
+  return q.left != q.right && q.top != q.bottom && !q.sameCorner(start) &&
+         pixels.allFree(q.right - s.wallWidth + 2, q.bottom - s.wallHeight + 2, q.right + 1, q.bottom + 1) &&
+         (!program.colours.isBorder(corner) || corner == program.colours.extraBackground());
+}
 
 void placedefaultends(Program& program) {
   ProgramState& s = program.state;

@@ -5,6 +5,11 @@
 
 namespace gridwright {
 
+/// Whether an end may stay in its square: that is a cell's, all of it is free on the Canvas, and a finish
+/// lies elsewhere than the start. Ends that are kept are those of which this is true.
+bool isGoodStart(const Program& program, const Square& q);
+bool isGoodFinish(const Program& program, const Square& q, const Square& start);
+
 /// Reads the Canvas and the grid; leaves `start` and `finish` on free cells. Without a free cell the
 /// start is -10 on all sides and the finish stays as it was.
 void placedefaultends(Program& program);

@@ -39,7 +39,6 @@ BookList everythingSaid() {
   plan.pictures = {"a.bmp", "b c.maze"};
   plan.words = "names.txt";
   plan.mazesAPicture = 3;
-  plan.total = 17;
   plan.wished.kinds = {MazeKind::threeD, MazeKind::regular, MazeKind::pipe};
   plan.wished.walls = {5, 50};
   plan.wished.difficulties = {1, 6};
@@ -72,7 +71,8 @@ TEST(AList, ComesBackAsItWasWritten) {
   for (const BookList& list : {everythingSaid(), [] {
                                  BookList plain;
                                  plain.plan.pictures = {"a.bmp"};
-                                 plain.mazesAsked = 1;
+                                 plain.plan.total = 17;
+                                 plain.mazesAsked = 17;
                                  return plain;
                                }()}) {
     const std::string text = formatList(list);
@@ -131,7 +131,11 @@ TEST(AListThatSomebodyChanged, IsNotTakenWhereItSaysWhatNoOptionCan) {
         Change{R"("sort": "difficulty")", R"("sort": "colour")"},
         Change{R"("per-page": "2x3")", R"("per-page": "0x3")"}, Change{R"("number": 2)", R"("number": 0)"},
         Change{R"("n": 3)", R"("n": 0)"}, Change{R"("mazesAsked": 17)", R"("mazesAsked": "17")"},
-        Change{R"("navy=white")", R"("navy=navy")"}}) {
+        Change{R"("navy=white")", R"("navy=navy")"}, Change{R"("n": 3)", R"("n": 1000001)"},
+        Change{R"("n": 3)", R"("n": 3, "total": 17)"}, Change{R"({n}: {picture})", R"({n}: {colour})"},
+        Change{R"({n}: {picture})", R"(n}: picture)"}, Change{R"("gutter": 28.346)", R"("gutter": 2834.6)"},
+        Change{R"("answers-per-page": "5x6")", R"("answers-per-page": "20x20")"},
+        Change{R"("b c.maze")", R"("")"}}) {
     std::string text = whole;
     const auto at = text.find(change.from);
     ASSERT_NE(at, std::string::npos) << change.from;

@@ -176,6 +176,8 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{{""}, "a name of a file is empty"},
         Refused{{"a.bmp", "-n", "0"}, "-n 0: a picture has 1 to 1000000"},
         Refused{{"a.bmp", "--total", "1000001"}, "--total 1000001: a book has 1 to 1000000"},
+        Refused{{"a.bmp", "b.bmp", "-n", "500001"}, "-n: a book has at most 1000000 mazes"},
+        Refused{{"a.bmp", "--words", "n.txt", "-n", "1000000"}, "-n: a book has at most 1000000"},
         Refused{{"--words", ""}, "--words : it is a file"},
         Refused{{"a.bmp", "--kind", "2d"}, "--kind 2d: a kind is"},
         Refused{{"a.bmp", "--wall", "4"}, "--wall 4: a wall is 5 to 50"},
@@ -230,6 +232,12 @@ INSTANTIATE_TEST_SUITE_P(
                       Refused{{"--from", "l.json", "--wall", "9"}, "--wall does not go with --from"},
                       Refused{{"--from", "l.json", "--answers", "none"},
                               "--answers does not go with --from"}));
+
+TEST(TheHelp, ComesWhereverItIsAskedFor) {
+  EXPECT_EQ(saidInstead({"a.bmp", "--quiet", "--help", "--version"}), bookUsage());
+  EXPECT_TRUE(saidInstead({"--version", "--help"}).value_or("").starts_with("gridwright-book "));
+  EXPECT_EQ(saidInstead({"a.bmp", "--title", "--help", "--", "--help"}), std::nullopt);
+}
 
 TEST(TheHelp, NamesEveryOptionInLinesOfATerminal) {
   const std::string usage = bookUsage();

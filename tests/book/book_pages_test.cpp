@@ -339,8 +339,12 @@ TEST_F(FilesOfARun, AreNoLinksNorFoldersAndLieInFoldersThatAreThere) {
 }
 
 TEST_F(FilesOfARun, AreNeverTwoOfOneName) {
+  EXPECT_EQ(whyOneFile(run_), std::nullopt);
   run_.list = temp_.path() / "." / "book.pdf";
-  EXPECT_NE(faultOf(run_).find("is named for two files"), std::string::npos);
+  EXPECT_EQ(whyOneFile(run_), run_.list.string() + " is named for two files; each has a name of its own");
+  run_.list = "book.json";
+  run_.answersFile = "./none/../book.json";
+  EXPECT_NE(whyOneFile(run_), std::nullopt) << "none of them is there yet";
 }
 
 TEST_F(FilesOfARun, StayAsTheyWereWhenTheDiskIsFull) {

@@ -222,11 +222,15 @@ TEST(ADrawing, KeepsTheSettingsAndTheEndsThatItBrings) {
   EXPECT_FALSE(others.value().record.settings.ownEnds) << "its ends go with its grid";
 }
 
-TEST(ADrawing, LosesItsEndsToThoseThatAreAskedFor) {
-  const SourcePicture picture = savedDrawing(
+/// A drawing with both ends in the upper room.
+SourcePicture withEndsAbove() {
+  return savedDrawing(
       "menu cgenerate\nstartat 10 10\nmenu largestsolution\nmenu newmaze\nuntil finishFound 1\nmenu "
-      "userplace\n"
-      "menu backtodrawing\n");
+      "userplace\nmenu backtodrawing\n");
+}
+
+TEST(ADrawing, LosesItsEndsToThoseThatAreAskedFor) {
+  const SourcePicture picture = withEndsAbove();
   MazeWish wish;
   wish.ends = Ends::farthest;
   const auto maze = made(picture, wish, 3);
@@ -237,6 +241,31 @@ TEST(ADrawing, LosesItsEndsToThoseThatAreAskedFor) {
   const auto own = made(picture, wish, 3);
   ASSERT_TRUE(own) << own.fault().words;
   EXPECT_TRUE(own.value().record.settings.ownEnds);
+}
+
+TEST(ADrawing, LosesEndsThatItsPictureHasNoRoomForAnyMore) {
+  // Somebody has painted over one of them since.
+  SourcePicture picture = withEndsAbove();
+  const auto ends = parseDrawing(picture.drawing).value();
+  const auto cellOf = [&](std::size_t end) {
+    return Corner{ends.values.at(end) - 1, ends.values.at(end + 1) - 1};
+  };
+  for (const Corner& cell : {cellOf(record::start), cellOf(record::finish)}) {
+    Bitmap changed = drawing(kRooms);
+    ASSERT_LT(cell.y, 30) << "the smaller room";
+    for (int y = cell.y; y < cell.y + 10; ++y) {
+      for (int x = cell.x; x < cell.x + 10; ++x) pixelAt(changed, x, y) = changed.at(15, 35);
+    }
+    picture.picture = PackedPicture(changed);
+    const auto maze = made(picture, {}, 3);
+    ASSERT_TRUE(maze) << maze.fault().words;
+    EXPECT_FALSE(maze.value().record.settings.ownEnds);
+    EXPECT_EQ(maze.value().record.settings.ends, Ends::farthest);
+    EXPECT_GT(maze.value().record.cells, 40) << "of the larger room";
+    Twin twin;
+    twin.run(picture, 3, "menu largestsolution\nstartat 10 40\nmenu newmaze\nuntil finishFound 1\n");
+    expectSame(maze, twin);
+  }
 }
 
 TEST(ADrawingWithoutAMaze, TakesAnotherKindAndWallSizeAllTheSame) {

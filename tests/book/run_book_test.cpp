@@ -6,15 +6,17 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "platform/book/book_list.h"
+#include "book/shop.h"
 #include "platform/book/progress_bar.h"
+#include "platform/headless/headless_desktop.h"
 #include "platform/shared/image_files.h"
+#include "session/main_loop.h"
 #include "support/child_program.h"
-#include "support/offscreen.h"
 #include "support/pictures.h"
 
 namespace gridwright::test {
@@ -22,52 +24,6 @@ namespace {
 
 using namespace book;
 namespace fs = std::filesystem;
-using Words = std::vector<std::string>;
-
-struct Ended {
-  int status = 0;
-  std::string out, err;
-};
-
-/// A folder with pictures, in which books are made.
-class AShop : public ::testing::Test {
- public:
-  static void SetUpTestSuite() { beginOffscreen(); }
-
- protected:
-  AShop() {
-    paint("room", {"..........", "..........", ".....,,,,,", ".....,,,,,", "..........", ".........."});
-    paint("hall", {"............", "............", "...######...", "...#....#...", "...######...",
-                   "............", "............"});
-    paint("closet", {"#####", "#..##", "#####"});
-  }
-  void paint(const std::string& name, const Text& cells) const {
-    ASSERT_TRUE(writeBitmapFile(drawing(cells), folder.path() / (name + ".bmp")));
-  }
-  [[nodiscard]] std::string in(const std::string& name) const { return (folder.path() / name).string(); }
-  /// Names of files that the folder holds, as words of a command line, become paths.
-  Ended run(Words words) const {
-    for (std::string& word : words) {
-      if (word.find('.') != std::string::npos && word.front() != '-') word = in(word);
-    }
-    std::ostringstream out, err;
-    const int status = runBook(words, {out, err, false});
-    return {status, out.str(), err.str()};
-  }
-  [[nodiscard]] Words files() const {
-    Words names;
-    for (const auto& entry : fs::directory_iterator(folder.path()))
-      names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-  [[nodiscard]] BookList list(const std::string& name = "l.json") const {
-    const auto read = parseList(folder.get(name));
-    EXPECT_TRUE(read) << read.fault().words;
-    return read ? read.value() : BookList{};
-  }
-  TempFolder folder;
-};
 
 const Words kPictures = {"closet.bmp", "hall.bmp", "room.bmp"};
 
@@ -264,6 +220,39 @@ TEST_F(AShop, MakesNoBookAgainOfAPictureThatHasChanged) {
   EXPECT_EQ(gone.err, "gridwright-book: " + in("hall.bmp") + ": there is no such file\n");
 }
 
+TEST_F(AShop, MakesABookOfADrawingAgainOnlyWithBothItsFiles) {
+  HeadlessOptions options;
+  options.size = {100, 60};
+  HeadlessDesktop desktop(
+      "script",
+      "click Command2\nmenu importdrawing\ntype Text8 \"room\"\nenter Text8\nmenu sdrawing\n"
+      "type text1 \"mine\"\nenter text1\n",
+      options);
+  const auto program = std::make_unique<Program>(desktop, folder.path());
+  EXPECT_THROW(runProgram(*program), ProgramEnd);
+  ASSERT_EQ(run({"mine.maze", "--seed", "1", "-o", "b.pdf", "--list", "l.json"}).status, 0);
+  const std::string book = folder.get("b.pdf");
+  const BookList made = list();
+  ASSERT_EQ(made.sums.size(), 2U);
+  EXPECT_EQ(made.sums[0].name, in("mine.maze"));
+  EXPECT_EQ(made.sums[1].name, in("mine.bmp"));
+  EXPECT_EQ(made.mazes.at(0).picture, "mine");
+  EXPECT_EQ(run({"--from", "l.json", "-o", "b.pdf", "--force"}).status, 0);
+  EXPECT_TRUE(folder.get("b.pdf") == book);
+  for (const char* file : {"mine.maze", "mine.bmp"}) {
+    const std::string whole = folder.get(file);
+    folder.put(file, whole + "\n");  // it makes the same maze still, but nobody knows that beforehand
+    const Ended changed = run({"--from", "l.json", "-o", "again.pdf"});
+    EXPECT_EQ(changed.status, 1);
+    EXPECT_EQ(changed.err, "gridwright-book: " + in(file) + " has changed since the list was written\n");
+    fs::remove(folder.path() / file);
+    const Ended gone = run({"--from", "l.json", "-o", "again.pdf"});
+    EXPECT_EQ(gone.status, 1);
+    EXPECT_EQ(gone.err, "gridwright-book: " + in(file) + ": there is no such file\n");
+    folder.put(file, whole);
+  }
+}
+
 TEST_F(AShop, AsksForTheNameOfAnswersThatAListKeepsApart) {
   EXPECT_EQ(
       run({"room.bmp", "--seed", "1", "-o", "b.pdf", "--list", "l.json", "--answers", "key.pdf"}).status, 0);
@@ -336,9 +325,17 @@ TEST_F(AShop, LeavesNoFileWhenItIsInterrupted) {
 }
 
 TEST_F(AShop, SaysHowItIsUsedAndWhichVersionItIs) {
-  EXPECT_EQ(ChildProgram({GRIDWRIGHT_BOOK, {"--help"}, {}, {}, {}}).wait(), 0);
-  EXPECT_EQ(ChildProgram({GRIDWRIGHT_BOOK, {"--version"}, {}, {}, {}}).wait(), 0);
-  EXPECT_EQ(ChildProgram({GRIDWRIGHT_BOOK, {}, {}, {}, {}}).wait(), 2);
+  const auto statusOf = [](const Words& words) {
+    return ChildProgram({GRIDWRIGHT_BOOK, words, {}, {}, {}}).wait();
+  };
+  for (const char* asked : {"--help", "--version"}) {
+    EXPECT_EQ(statusOf({asked}), 0);
+    EXPECT_EQ(statusOf({"--quiet", asked}), 0);
+    EXPECT_EQ(statusOf({"a.bmp", "--wall", "3", asked, "--colour"}), 0) << "whatever else is wrong";
+    EXPECT_EQ(statusOf({"--part", asked}), 2) << "the value of an option";
+    EXPECT_EQ(statusOf({"--", asked}), 1) << "a picture that is not there";
+  }
+  EXPECT_EQ(statusOf({}), 2);
 }
 
 TEST(TheProgress, IsABarWithTheRateAndTheTimeLeft) {
@@ -347,6 +344,18 @@ TEST(TheProgress, IsABarWithTheRateAndTheTimeLeft) {
             "[" + std::string(15, '#') + std::string(15, '.') + "] 12 of 24 mazes, 6.0 a second, 2 s left");
   EXPECT_NE(progressLine(10, 1000, 1).find("10.0 a second, 1:39 min left"), std::string::npos);
   EXPECT_NE(progressLine(1, 10001, 1).find(", 2:46 h left"), std::string::npos);
+}
+
+TEST(TheProgress, FitsIntoALineOfATerminal) {
+  for (const std::size_t all : {24U, 10'000U, 1'000'000U}) {
+    for (const double rate : {0.01, 8.3, 150.0, 12345.6}) {
+      for (const std::size_t done : {std::size_t{0}, std::size_t{1}, all / 2, all - 1, all}) {
+        const std::string line = progressLine(done, all, static_cast<double>(done) / rate);
+        EXPECT_LE(line.size(), 79U) << line;
+        EXPECT_GE(line.find(']'), 11U) << line;
+      }
+    }
+  }
 }
 
 TEST(TheProgress, IsTakenAwayAndNeverShownWithoutATerminal) {

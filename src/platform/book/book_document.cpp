@@ -163,6 +163,17 @@ QPDFObjectHandle barePage(QPDF& pdf, const PageDrawings& drawings, const MazeRec
   return page;
 }
 
+/// A document has a page, so a part without any maze has this.
+QPDFObjectHandle blankPage() {
+  constexpr double kThousandths = 1000;
+  const Paper paper;
+  QPDFObjectHandle page = QPDFObjectHandle::newDictionary();
+  page.replaceKey("/Type", QPDFObjectHandle::newName("/Page"));
+  page.replaceKey("/MediaBox", sheetOf(paper.width / kThousandths, paper.height / kThousandths));
+  page.replaceKey("/Resources", QPDFObjectHandle::newDictionary());
+  return page;
+}
+
 std::string storedSum(const BareStore& store, const StoredDrawing& drawing) {
   const auto bytes = store.bytesOf(drawing);
   if (!bytes) throw std::runtime_error("the disk does not give back what was written");
@@ -227,6 +238,7 @@ Outcome<Done> writePart(const std::vector<MazeRecord>& mazes, const std::string&
         pdf.addPage(pdf.makeIndirectObject(bare), false);
       }
     }
+    if (mazes.empty()) pdf.addPage(pdf.makeIndirectObject(blankPage()), false);
     attach(pdf, list);
     setWords(pdf, about);
     writeDocument(pdf, device);

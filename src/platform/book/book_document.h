@@ -37,7 +37,7 @@ inline constexpr const char* kListName = "list.json";
 inline constexpr const char* kSumKey = "/GridwrightSum";
 
 /// Writes a part: a page for each maze, as large as its Canvas, then one for each answer, and the list
-/// attached.
+/// attached. Without any maze it is a blank page.
 Outcome<Done> writePart(const std::vector<MazeRecord>& mazes, const std::string& list,
                         const DocumentWords& about, const BareStore& store, QIODevice& device,
                         const IsStopped& isStopped);

@@ -5,11 +5,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QString>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
 
 #include "platform/book/book_words.h"
+#include "platform/book/page_plan.h"
 
 namespace gridwright::book {
 
@@ -121,9 +123,9 @@ class Reader {
   void number(const char* name, int& place, int least = 0, int most = kMost) const {
     hold(numberOf(value(name), least, most), place);
   }
-  void number(const char* name, std::optional<int>& place, int least) const {
+  void number(const char* name, std::optional<int>& place, int least, int most) const {
     if (!has(name)) return;
-    place = numberOf(value(name), least, kMost);
+    place = numberOf(value(name), least, most);
     if (!place) fail();
   }
   void seed(std::uint32_t& place) const {
@@ -214,12 +216,20 @@ void readWished(const Reader& from, WishedSettings& wished) {
   from.wordList("maze-colours", wished.mazeColours, colourPairOf);
 }
 
+/// No command line could ask for the rest: each value is one of its option, but they do not go together, or
+/// there is no page that they leave.
+bool canBeAsked(const BookPlan& plan) {
+  const bool namesAll = std::none_of(plan.pictures.begin(), plan.pictures.end(),
+                                     [](const std::string& name) { return name.empty(); });
+  return namesAll && isCaption(plan.caption) && !(plan.mazesAPicture && plan.total) && !whyNoPages(plan);
+}
+
 void readOptions(const Reader& from, BookPlan& plan) {
   readWished(from, plan.wished);
   from.wordList("pictures", plan.pictures, anyWords);
   if (from.has("words")) from.words("words", plan.words);
-  from.number("n", plan.mazesAPicture, 1);
-  from.number("total", plan.total, 1);
+  from.number("n", plan.mazesAPicture, 1, kMostMazes);
+  from.number("total", plan.total, 1, kMostMazes);
   from.seed(plan.seed);
   from.word("paper", plan.paper, paperOf);
   from.flag("landscape", plan.landscape);
@@ -237,6 +247,7 @@ void readOptions(const Reader& from, BookPlan& plan) {
   from.words("sort", sort);
   plan.sortByDifficulty = sort == "difficulty";
   if (!sort.empty() && !plan.sortByDifficulty) from.fail();
+  if (!canBeAsked(plan)) from.fail();
 }
 
 MazeSettings readSettings(const Reader& from) {
@@ -300,6 +311,17 @@ BookList readAll(const Reader& from) {
 Fault fault(std::string words) { return {Fault::Kind::malformed, std::move(words)}; }
 
 }  // namespace
+
+std::optional<std::string> whyNoList(const BookPlan& plan) {
+  std::vector<std::string> said = plan.pictures;
+  said.insert(said.end(), {plan.words, plan.title, plan.caption});
+  for (const PatternWish& wish : plan.wished.patterns) said.push_back(wish.name);
+  for (const std::string& words : said) {
+    if (plain(text(words)) != words)
+      return words + ": it is not UTF-8, so no list and no part can say what the book is made of";
+  }
+  return std::nullopt;
+}
 
 std::string formatList(const BookList& list) {
   QJsonObject object{

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/book/book_words.h"
+#include "platform/book/maze_counts.h"
 #include "platform/book/page_plan.h"
 
 namespace gridwright::book {
@@ -66,20 +67,6 @@ bool putAnswers(const std::string& word, BookLine& line) {
   }
   line.run.answersFile.clear();
   return word != wordOf(Answers::file) && put(answersOf(word), line.plan.answers);
-}
-
-/// Every brace of a caption opens or closes one of the five names.
-bool isCaption(std::string_view words) {
-  constexpr auto kNames = std::to_array<std::string_view>({"n", "picture", "seed", "cells", "difficulty"});
-  for (;;) {
-    const auto open = words.find_first_of("{}");
-    if (open == std::string_view::npos) return true;
-    const auto close = words.find('}', open);
-    if (words[open] == '}' || close == std::string_view::npos) return false;
-    const std::string_view name = words.substr(open + 1, close - open - 1);
-    if (std::find(kNames.begin(), kNames.end(), name) == kNames.end()) return false;
-    words.remove_prefix(close + 1);
-  }
 }
 
 /// With what an option goes: the making of a book, its making again from a list, the joining of its parts.
@@ -253,6 +240,9 @@ class Reader {
       return fault("no picture is named; --help says what a command line may hold");
     if (has("-n") && has("--total"))
       return fault("-n and --total contradict each other: mazes a picture, or mazes in all");
+    // How many names a file holds is known when it is read; one at least, or there is no book.
+    if (const auto why = whyTooMany(line_.plan, files_.size() + (has("--words") ? 1 : 0)))
+      return fault("-n: " + *why);
     if (has("--part") && !line_.hasSeed)
       return fault("--part needs --seed: all parts of a book are made from the same one");
     if (line_.plan.answers == Answers::none && has("--answers-per-page"))
@@ -314,6 +304,18 @@ std::string bookUsage() {
   add("[--help]");
   add("[--version]");
   return usage + row + "\nSee man gridwright-book.";
+}
+
+std::optional<std::string> saidInstead(const std::vector<std::string>& words) {
+  const std::vector<Option> options = allOptions();
+  for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i) {
+    if (words[i] == "--help") return bookUsage();
+    if (words[i] == "--version") return "gridwright-book " GRIDWRIGHT_VERSION;
+    const auto option =
+        std::find_if(options.begin(), options.end(), [&](const Option& o) { return o.name == words[i]; });
+    if (option != options.end() && !option->value.empty()) ++i;
+  }
+  return std::nullopt;
 }
 
 Outcome<BookLine> readBookLine(const std::vector<std::string>& words) { return Reader().read(words); }

@@ -25,6 +25,10 @@ std::optional<std::string> whyNotAnswersFile(const BookPlan& plan, const BookRun
 /// What `--help` says.
 std::string bookUsage();
 
+/// What is said in place of making a book: that, or the version, where one of both options stands anywhere in
+/// a command line, whatever else is in it. Nothing where none does: the value of an option is no option.
+std::optional<std::string> saidInstead(const std::vector<std::string>& words);
+
 /// \param words without the program's name. \returns a Fault with one line on what is allowed: an option that
 /// is unknown, out of range or without its value, or two that contradict each other.
 Outcome<BookLine> readBookLine(const std::vector<std::string>& words);

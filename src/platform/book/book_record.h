@@ -138,7 +138,7 @@ struct MazeRecord {
   std::uint32_t seed = 0;
   MazeSettings settings;
   int width = 0, height = 0;  ///< Of the Canvas, in pixels.
-  int cells = 0;              ///< Carved ones that can be reached from the start.
+  int cells = 0;              ///< Those with a corridor, anywhere in the picture.
   int wayLength = 0;          ///< Cells from the start to the finish, both counted.
   int deadEnds = 0;
   int junctions = 0;  ///< Cells of the way from which something branches.

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
+#include <functional>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <thread>
@@ -15,6 +17,7 @@
 #include "files/plain_file.h"
 #include "files/work_folder.h"
 #include "patterns/pattern_sets.h"
+#include "platform/book/worker_threads.h"
 #include "platform/pictures/made_ready.h"
 #include "platform/pictures/offscreen.h"
 #include "platform/pictures/read_picture.h"
@@ -51,21 +54,6 @@ std::vector<std::string> namesIn(std::string_view text) {
   }
   return names;
 }
-
-}  // namespace
-
-int mazesAsked(const BookPlan& plan, std::size_t pictures) {
-  if (plan.total) return pictures == 0 ? 0 : *plan.total;
-  const std::size_t asked = static_cast<std::size_t>(plan.mazesAPicture.value_or(1)) * pictures;
-  return static_cast<int>(std::min(asked, std::size_t{kMostMazes} + 1));
-}
-
-std::size_t pictureOf(const BookPlan& plan, std::size_t pictures, int index) {
-  return plan.total ? static_cast<std::size_t>(index) % pictures
-                    : static_cast<std::size_t>(index / plan.mazesAPicture.value_or(1));
-}
-
-namespace {
 
 /// A file that cannot be taken, in one line.
 struct Refused {
@@ -204,20 +192,21 @@ std::vector<ReadPicture> readPictureFiles(const BookPlan& plan, const std::vecto
   std::vector<ReadPicture> read(plan.pictures.size());
   std::vector<std::optional<Fault>> faults(plan.pictures.size());
   std::atomic<std::size_t> next = 0;
-  const auto work = [&] {
+  const std::function<void()> work = [&] {
     for (std::size_t i = next++; i < read.size() && !isStopped(); i = next++) {
       try {
         read[i] = PictureFile(plan.pictures[i], grounds[i], plan.wished.mazeColours).read();
       } catch (Refused& refused) {
         faults[i] = std::move(refused.fault);
+      } catch (const std::bad_alloc&) {
+        faults[i] = Fault{Fault::Kind::notReadable, kNoMemory};
       }
     }
   };
-  std::vector<std::thread> threads;
-  const auto useful = std::min(static_cast<std::size_t>(jobs), read.size());
-  for (std::size_t i = 1; i < useful; ++i) threads.emplace_back(work);
+  const auto useful = std::clamp(read.size(), std::size_t{1}, static_cast<std::size_t>(jobs));
+  std::vector<std::jthread> threads = beginThreads(useful - 1, work);
   work();
-  for (std::thread& thread : threads) thread.join();
+  threads.clear();  // they are joined
   holdGoing(isStopped);
   for (auto& wrong : faults) {
     if (wrong) throw Refused{std::move(*wrong)};
@@ -236,8 +225,7 @@ void BookSources::readAll(const BookPlan& plan, int jobs, const IsStopped& isSto
     if (names.empty()) throw Refused{fault(plan.words, "there is no name in it")};
   }
   const std::size_t pictures = plan.pictures.size() + names.size();
-  if (mazesAsked(plan, pictures) > kMostMazes)
-    throw Refused{{Fault::Kind::malformed, "a book has at most " + std::to_string(kMostMazes) + " mazes"}};
+  if (auto why = whyTooMany(plan, pictures)) throw Refused{{Fault::Kind::malformed, *std::move(why)}};
   const std::vector<ReadyGround> grounds = groundsOf(plan, pictures);
   for (ReadPicture& read : readPictureFiles(plan, grounds, jobs, isStopped)) {
     pictures_.push_back(std::move(read.picture));

@@ -13,15 +13,10 @@
 #include "platform/book/book_document.h"
 #include "platform/book/book_record.h"
 #include "platform/book/make_maze.h"
+#include "platform/book/maze_counts.h"
 #include "platform/book/source_picture.h"
 
 namespace gridwright::book {
-
-/// How many mazes a plan asks for with so many pictures, and which picture is the one of maze `index`, from
-/// 0: with
-/// `--total` the pictures take turns, else all mazes of one come before those of the next.
-int mazesAsked(const BookPlan& plan, std::size_t pictures);
-std::size_t pictureOf(const BookPlan& plan, std::size_t pictures, int index);
 
 class BookSources {
  public:

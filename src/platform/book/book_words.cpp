@@ -190,4 +190,17 @@ std::optional<int> lengthOf(std::string_view word) {
   return thousandths(*length, unit);
 }
 
+bool isCaption(std::string_view words) {
+  constexpr auto kNames = std::to_array<std::string_view>({"n", "picture", "seed", "cells", "difficulty"});
+  for (;;) {
+    const auto open = words.find_first_of("{}");
+    if (open == std::string_view::npos) return true;
+    const auto close = words.find('}', open);
+    if (words[open] == '}' || close == std::string_view::npos) return false;
+    const std::string_view name = words.substr(open + 1, close - open - 1);
+    if (std::find(kNames.begin(), kNames.end(), name) == kNames.end()) return false;
+    words.remove_prefix(close + 1);
+  }
+}
+
 }  // namespace gridwright::book

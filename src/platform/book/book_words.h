@@ -42,4 +42,7 @@ std::optional<Paper> paperOf(std::string_view word);
 /// A length with its unit, `15mm` or `0.5in`, or a bare `0`, in thousandths of a point.
 std::optional<int> lengthOf(std::string_view word);
 
+/// Whether every brace of a caption opens or closes one of the five names.
+bool isCaption(std::string_view words);
+
 }  // namespace gridwright::book

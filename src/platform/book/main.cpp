@@ -3,7 +3,8 @@
 
 #include <QGuiApplication>
 #include <iostream>
-#include <string_view>
+#include <string>
+#include <vector>
 
 #include "platform/book/book_options.h"
 #include "platform/book/run_book.h"
@@ -13,14 +14,12 @@
 int main(int argc, char** argv) {
   using namespace gridwright;
   using namespace gridwright::book;
-  const auto say = [](std::string_view words) {
-    std::cout << words << std::endl;
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  if (const auto said = saidInstead(words)) {
+    std::cout << *said << std::endl;
     return std::cout ? kDone : kNotAllDone;
-  };
-  if (argc == 2 && argv[1] == std::string_view("--help")) return say(bookUsage());
-  if (argc == 2 && argv[1] == std::string_view("--version"))
-    return say("gridwright-book " GRIDWRIGHT_VERSION);
+  }
   keepFreedMemory();
   const auto application = applicationWithoutScreen("gridwright-book");
-  return runBook({argv + 1, argv + argc}, {std::cout, std::cerr, ::isatty(STDERR_FILENO) == 1});
+  return runBook(words, {std::cout, std::cerr, ::isatty(STDERR_FILENO) == 1});
 }

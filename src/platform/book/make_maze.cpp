@@ -12,6 +12,7 @@
 #include "platform/book/memory_folder.h"
 #include "session/input.h"
 #include "session/main_loop.h"
+#include "solve/default_ends.h"
 #include "solve/maze_measure.h"
 #include "state/grid.h"
 
@@ -164,13 +165,13 @@ class Sitting {
       desk_.menu(*wish_.shortUnderpasses ? Item::pthick : Item::pthin);
   }
 
-  /// Ends that a drawing brought stay, where the wall size let them; else the start goes to the largest
-  /// region.
+  /// Ends that a drawing brought stay, where the wall size and the picture let them: that may be another one
+  /// than they were set in. Else the start goes to the largest region.
   void chooseEnds(Program& program) {
     const ProgramState& s = program.state;
     const bool searches = s.finishMethod != FinishMethod::user;
     const bool mayKeep = !wish_.ends || wish_.ends == Ends::set;
-    ownEnds_ = order_.picture.isDrawing() && mayKeep && isPlaced(s.start) && (searches || isPlaced(s.finish));
+    ownEnds_ = order_.picture.isDrawing() && mayKeep && canStay(program, searches);
     if (!ownEnds_) {
       const bool given = wish_.ends && wish_.ends != Ends::set;
       if (given || !searches) desk_.menu(endsItem(given ? *wish_.ends : Ends::farthest, kind_));
@@ -184,6 +185,16 @@ class Sitting {
     desk_.until([](const Program& p) { return p.state.phase == Phase::solved; });
     desk_.settle();
     desk_.look([this](Program& p) { made_.answer = p.canvas.shownImage(); });
+  }
+
+  /// By the picture alone, as it is read before a maze: in the drawing phase the brush shows above it.
+  static bool canStay(Program& program, bool searches) {
+    const ProgramState& s = program.state;
+    const bool redraws = program.canvas.autoRedraw();
+    program.canvas.setAutoRedraw(true);
+    const bool can = isGoodStart(program, s.start) && (searches || isGoodFinish(program, s.finish, s.start));
+    program.canvas.setAutoRedraw(redraws);
+    return can;
   }
 
   void putStart(Program& program) {

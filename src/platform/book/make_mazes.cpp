@@ -4,10 +4,14 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <limits>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <utility>
+
+#include "platform/book/worker_threads.h"
 
 namespace gridwright::book {
 
@@ -24,24 +28,44 @@ class Makers {
 
   MadeMazes run(const Progress& progress, const IsStopped& isStopped) {
     const auto useful = std::clamp(indices_.size(), std::size_t{1}, static_cast<std::size_t>(run_.jobs));
-    std::vector<std::thread> threads;
-    threads.reserve(useful);
-    atWork_ = useful;
-    for (std::size_t i = 0; i < useful; ++i) threads.emplace_back([this] { work(); });
-    watch(progress, isStopped);
-    for (std::thread& thread : threads) thread.join();
+    const std::function<void()> work = [this] { makeAll(); };
+    std::vector<std::jthread> threads = beginThreads(useful, work);
+    if (threads.empty()) {
+      makeAlone(progress, isStopped);
+    } else {
+      watch(threads.size(), progress, isStopped);
+    }
+    threads.clear();  // they are joined
     return inOrder();
   }
 
  private:
-  void work() {
-    for (std::size_t i = next_++; i < indices_.size() && !stop_; i = next_++) {
-      if (indices_[i] > last_) break;
-      makeOne(indices_[i]);
-    }
+  void makeAll() {
+    while (makeNext()) continue;
     const std::scoped_lock lock(mutex_);
-    --atWork_;
+    ++ended_;
     changed_.notify_one();
+  }
+
+  /// In the thread that called, where there is no other.
+  void makeAlone(const Progress& progress, const IsStopped& isStopped) {
+    do {
+      look(progress, isStopped, done_);
+    } while (makeNext());
+  }
+
+  /// \returns false when no maze is left to be begun.
+  bool makeNext() {
+    const std::size_t next = next_++;
+    if (next >= indices_.size() || stop_ || indices_[next] > last_) return false;
+    try {
+      makeOne(indices_[next]);
+    } catch (const std::bad_alloc&) {
+      const std::scoped_lock lock(mutex_);
+      result_.fault = Fault{Fault::Kind::notReadable, kNoMemory};
+      stop_ = true;
+    }
+    return true;
   }
 
   void makeOne(int index) {
@@ -63,21 +87,25 @@ class Makers {
     }
   }
 
-  /// Until the last thread is done.
-  void watch(const Progress& progress, const IsStopped& isStopped) {
+  /// Until the last of so many threads is done.
+  void watch(std::size_t threads, const Progress& progress, const IsStopped& isStopped) {
     constexpr std::chrono::milliseconds kLookAgain{100};
     std::unique_lock lock(mutex_);
-    while (atWork_ > 0) {
+    while (ended_ < threads) {
       changed_.wait_for(lock, kLookAgain);
       const std::size_t done = done_;
       lock.unlock();
-      if (isStopped()) {
-        stop_ = true;
-        stopped_ = true;
-      }
-      progress(done, indices_.size());
+      look(progress, isStopped, done);
       lock.lock();
     }
+  }
+
+  void look(const Progress& progress, const IsStopped& isStopped, std::size_t done) {
+    if (isStopped()) {
+      stop_ = true;
+      stopped_ = true;
+    }
+    progress(done, indices_.size());
   }
 
   MadeMazes inOrder() {
@@ -101,7 +129,7 @@ class Makers {
 
   std::mutex mutex_;  // of all that follows
   std::condition_variable changed_;
-  std::size_t atWork_ = 0, done_ = 0;
+  std::size_t ended_ = 0, done_ = 0;
   MadeMazes result_;
 };
 

@@ -23,15 +23,16 @@ struct MissedMaze {
 struct MadeMazes {
   std::vector<MazeRecord> records;  ///< By their numbers.
   std::vector<MissedMaze> missed;   ///< By their numbers; with `strict` the first one at most.
-  std::optional<Fault> fault;       ///< The disk takes no more pages; the rest was not made.
+  std::optional<Fault> fault;       ///< The disk or the memory takes no more; the rest was not made.
   bool stopped = false;             ///< Somebody wanted it to end.
 };
 
 /// Told now and then, in the thread that called, while mazes are made.
 using Progress = std::function<void(std::size_t done, std::size_t all)>;
 
-/// Makes the mazes of a plan, or of the run's part of it, in as many threads as the run has jobs, and hands
-/// them to the pages. What comes of it hangs neither on their number nor on who is done first.
+/// Makes the mazes of a plan, or of the run's part of it, in as many threads as the run has jobs and
+/// the system gives, in the caller's where it gives none, and hands them to the pages. What comes of it hangs
+/// neither on their number nor on who is done first.
 MadeMazes makeMazes(const BookPlan& plan, const BookRun& run, const BookSources& sources, BookPages& pages,
                     const Progress& progress, const IsStopped& isStopped);
 

@@ -20,10 +20,11 @@ Fault notWritable(const fs::path& path, const char* why) {
 constexpr const char* kIsThere = "is there already; --force writes over it";
 constexpr const char* kDiskIsFull = "can't be written; nothing has changed";
 
-/// Two names can lead to one file.
+/// Two names can lead to one file. A name without a folder stays without one, unless the whole way is asked
+/// for.
 fs::path placeOf(const fs::path& path) {
   std::error_code failed;
-  const fs::path place = fs::weakly_canonical(path, failed);
+  const fs::path place = fs::weakly_canonical(fs::absolute(path, failed), failed);
   return failed ? path.lexically_normal() : place;
 }
 
@@ -36,8 +37,18 @@ std::vector<fs::path> filesOf(const BookRun& run) {
   return files;
 }
 
-Outcome<Done> mayWrite(const BookRun& run) {
+std::optional<std::string> whyOneFile(const BookRun& run) {
   std::vector<fs::path> places;
+  for (const fs::path& path : filesOf(run)) {
+    const fs::path place = placeOf(path);
+    if (std::find(places.begin(), places.end(), place) != places.end())
+      return path.string() + " is named for two files; each has a name of its own";
+    places.push_back(place);
+  }
+  return std::nullopt;
+}
+
+Outcome<Done> mayWrite(const BookRun& run) {
   for (const fs::path& path : filesOf(run)) {
     std::error_code failed;
     const bool isThere = fs::exists(fs::symlink_status(path, failed));
@@ -47,10 +58,6 @@ Outcome<Done> mayWrite(const BookRun& run) {
     if (!fs::is_directory(folder, failed)) return notWritable(path, "can't be written: no such folder");
     if (::access(folder.c_str(), W_OK | X_OK) != 0)
       return notWritable(path, "can't be written: its folder takes no files");
-    const fs::path place = placeOf(path);
-    if (std::find(places.begin(), places.end(), place) != places.end())
-      return notWritable(path, "is named for two files");
-    places.push_back(place);
   }
   return Done{};
 }

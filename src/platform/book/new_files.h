@@ -3,6 +3,8 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "canvas/outcome.h"
@@ -19,9 +21,13 @@ namespace gridwright::book {
 /// The names of a run's files: the book or part, its answers where they are a file of their own, its list.
 std::vector<std::filesystem::path> filesOf(const BookRun& run);
 
+/// What is against the names of a run's files, in one line: one of them leads to the same file as another.
+/// Nothing when each is a file of its own.
+std::optional<std::string> whyOneFile(const BookRun& run);
+
 /// Whether a run can write its files, asked before the first maze is made.
-/// \returns a Fault in one line: a file is there and may not be replaced, a name is no plain file's or stands
-/// for two of them, a folder is not there or takes no files.
+/// \returns a Fault in one line: a file is there and may not be replaced, a name is no plain file's, a
+/// folder is not there or takes no files.
 Outcome<Done> mayWrite(const BookRun& run);
 
 class NewFiles {

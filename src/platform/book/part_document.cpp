@@ -28,6 +28,7 @@ std::string textOf(Buffer& buffer) {
 }
 
 std::size_t pagesOf(const BookList& list) {
+  if (list.mazes.empty()) return 1;  // a blank one
   return list.mazes.size() * (list.plan.answers == Answers::none ? 1 : 2);
 }
 

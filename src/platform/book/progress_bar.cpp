@@ -1,5 +1,6 @@
 #include "platform/book/progress_bar.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -27,15 +28,18 @@ std::string timeWords(double seconds) {
 }  // namespace
 
 std::string progressLine(std::size_t done, std::size_t all, double seconds) {
-  constexpr std::size_t kWidth = 30;
-  const std::size_t filled = all == 0 ? kWidth : kWidth * done / all;
-  std::string line = "[" + std::string(filled, '#') + std::string(kWidth - filled, '.') + "] " +
-                     std::to_string(done) + " of " + std::to_string(all) + " mazes";
-  if (done == 0 || seconds <= 0) return line;
-  const double rate = static_cast<double>(done) / seconds;
-  std::array<char, 48> words{};
-  std::snprintf(words.data(), words.size(), ", %.1f a second, ", rate);
-  return line + words.data() + timeWords(static_cast<double>(all - done) / rate) + " left";
+  // A line of 80 would wrap in some terminals, and then only half of it goes away again.
+  constexpr std::size_t kLine = 79, kWidest = 30, kBesides = 3;
+  std::string told = std::to_string(done) + " of " + std::to_string(all) + " mazes";
+  if (done > 0 && seconds > 0) {
+    const double rate = static_cast<double>(done) / seconds;
+    std::array<char, 48> words{};
+    std::snprintf(words.data(), words.size(), ", %.1f a second, ", rate);
+    told += words.data() + timeWords(static_cast<double>(all - done) / rate) + " left";
+  }
+  const std::size_t width = std::min(kWidest, kLine - std::min(kLine, told.size() + kBesides));
+  const std::size_t filled = all == 0 ? width : width * done / all;
+  return "[" + std::string(filled, '#') + std::string(width - filled, '.') + "] " + told;
 }
 
 ProgressBar::ProgressBar(std::ostream& terminal, bool isShown)

@@ -8,7 +8,8 @@
 
 namespace gridwright::book {
 
-/// The line: a bar, mazes done of all, mazes a second, and the time left, where something is known of it.
+/// The line: a bar, mazes done of all, mazes a second, and the time left, where something is known of it. It
+/// fits into 79 columns: the bar has what the words leave of them.
 std::string progressLine(std::size_t done, std::size_t all, double seconds);
 
 class ProgressBar {

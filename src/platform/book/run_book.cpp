@@ -1,6 +1,7 @@
 #include "platform/book/run_book.h"
 
 #include <chrono>
+#include <new>
 #include <optional>
 #include <ostream>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "platform/book/make_mazes.h"
 #include "platform/book/new_files.h"
 #include "platform/book/progress_bar.h"
+#include "platform/book/worker_threads.h"
 #include "platform/shared/end_signals.h"
 
 namespace gridwright::book {
@@ -42,11 +44,23 @@ class Run {
   Run(BookLine line, const BookTalk& talk) : line_(std::move(line)), talk_(talk) {}
 
   int run() {
+    try {
+      return runAll();
+    } catch (const std::bad_alloc&) {
+      return complain(kNoMemory);
+    }
+  }
+
+ private:
+  int runAll() {
     if (!line_.run.join.empty()) return join();
     if (!line_.run.from.empty() && !takeList()) return kNotAllDone;
     const bool fromClock = !line_.hasSeed && !list_;
     if (fromClock) line_.plan.seed = seedOfClock();
     if (const auto may = mayWrite(line_.run); !may) return complain(may.fault().words);
+    if (line_.run.part || !line_.run.list.empty()) {
+      if (const auto why = whyNoList(line_.plan)) return complain(*why);
+    }
     const auto sources = BookSources::read(line_.plan, line_.run.jobs, isAskedToEnd);
     if (!sources) return isAskedToEnd() ? ended() : complain(sources.fault().words);
     if (list_) {
@@ -54,11 +68,11 @@ class Run {
       if (!changed.empty()) return complain(changed + " has changed since the list was written");
     }
     for (const std::string& warning : sources.value().warnings()) complain(warning);
-    if (fromClock) talk_.out << "seed " << line_.plan.seed << std::endl;
+    if (fromClock && !(talk_.out << "seed " << line_.plan.seed << std::endl))
+      return complain("the seed can't be told: standard output takes no more");
     return make(sources.value());
   }
 
- private:
   int complain(const std::string& words) {
     talk_.err << "gridwright-book: " << words << std::endl;
     return kNotAllDone;
@@ -139,8 +153,9 @@ class Run {
 
 int runBook(const std::vector<std::string>& words, const BookTalk& talk) {
   auto line = readBookLine(words);
-  if (!line) {
-    talk.err << "gridwright-book: " << line.fault().words << std::endl;
+  const auto wrong = line ? whyOneFile(line.value().run) : line.fault().words;
+  if (wrong) {
+    talk.err << "gridwright-book: " << *wrong << std::endl;
     return kWrongUse;
   }
   const EndSignals asked;
