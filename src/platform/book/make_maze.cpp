@@ -178,7 +178,7 @@ class Sitting {
       putStart(program);
     }
     desk_.menu(Item::newmaze);
-    desk_.until([this](const Program& p) { return hasEnds(p); });
+    desk_.until([](const Program& p) { return hasEnds(p); });
     desk_.settle();
     desk_.look([this](Program& p) { takeMaze(p); });
     desk_.menu(Item::solvemaze);
