@@ -34,6 +34,7 @@ for delay in 0.2 0.1 0.05 0.02 0; do
   status=0
   wait "$!" 2>/dev/null || status=$?  # one that was done already can be killed too, and is not
   if ((status == 137)); then exit 137; fi
+  rm -f -- "${@: -1}"
 done
 echo "the part was always done before it was killed" >&2
 exit 99
