@@ -29,6 +29,7 @@
 #include "plain_follower.h"
 #include "plain_walk.h"
 #include "platform/book/make_maze.h"
+#include "platform/pictures/offscreen.h"
 #include "platform/shared/image_files.h"
 #include "printing/patches.h"
 #include "spent.h"
@@ -181,7 +182,7 @@ BENCHMARK(memory)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->UseManu
 }  // namespace gridwright::bench
 
 int main(int argc, char** argv) {
-  QGuiApplication application(argc, argv);
+  const auto application = gridwright::applicationWithoutScreen("book_benchmark");
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }
