@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 
@@ -13,9 +14,10 @@ namespace {
 
 constexpr std::array kSignals = {SIGTERM, SIGHUP, SIGINT};
 
-// A handler is given nothing but its signal's number.
-volatile std::sig_atomic_t come = 0;
-volatile int waking = -1;
+// A handler is given nothing but its signal's number, and may run in any thread.
+std::atomic<int> come = 0;
+std::atomic<int> waking = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
 
 void note(int signal) {
   const int before = errno;
