@@ -52,8 +52,8 @@ struct Workshop {
   /// Null until the workshop is opened, as the run before left it; it stays until the program ends.
   std::unique_ptr<Sheet> sheet;
   std::filesystem::path keptIn;  ///< The folder where this sheet is kept; empty while it is not.
-  ColourSets drawingSets;  ///< What colours mean in the drawing, as the workshop was opened.
-  ToolSettings firstTool;  ///< What the first sheet begins with.
+  ColourSets drawingSets;        ///< What colours mean in the drawing, as the workshop was opened.
+  ToolSettings firstTool;        ///< What the first sheet begins with.
   WordSettings words;
   StampSettings stamp;
   std::optional<PlacedPicture> placed;

@@ -89,9 +89,8 @@ TEST(AWhiteGround, StaysThroughTheTitleWhetherOrNotItIsRemembered) {
   run.desktop.menu(Item::quit2);
   run.desktop.click(ControlId::Command2);
   run.desktop.untilPhase(Phase::drawing);
-  run.desktop.look([](Program& p) {
-    EXPECT_TRUE(p.state.print.whiteGround && p.menus.checked(Item::whiteground));
-  });
+  run.desktop.look(
+      [](Program& p) { EXPECT_TRUE(p.state.print.whiteGround && p.menus.checked(Item::whiteground)); });
   run.ends();
 }
 
