@@ -31,9 +31,8 @@ void autosaveDrawing(Program& program);
 void lastpicture(Program& program);
 
 /// A sheet of the workshop goes quietly to last-sheet.bmp.
-/// \param place the folder where an earlier state of the same sheet is kept; empty for none: the sheet that
-/// is
-///   there stays as last-sheet.bmp~.
+/// \param place the folder where an earlier state of the same sheet is kept; empty for none, and the sheet
+///   that is there stays as last-sheet.bmp~.
 /// \returns the folder that it is in now; empty where it could not be kept.
 std::filesystem::path keepSheet(Program& program, const Bitmap& sheet, const std::filesystem::path& place);
 

@@ -203,7 +203,8 @@ void keepLastSheet(Program& program) {
   if (!w.sheet) return;
   w.sheet->endStroke();
   if (isPaperAlone(w.sheet->picture())) return;
-  w.keptIn = keepSheet(program, w.sheet->picture(), w.keptIn);
+  const auto place = keepSheet(program, w.sheet->picture(), w.keptIn);
+  if (!place.empty()) w.keptIn = place;  // else its earlier state is still where it was
 }
 
 void giveUpSheet(Program& program) {

@@ -352,6 +352,12 @@ TEST(ASheet, ThatCouldNotBeKeptCoversNoOtherLater) {
   s.desktop.act([&](Program&) { s.desktop.full.clear(); });
   s.desktop.act(dab(30));
   s.autosave();
+  s.desktop.act([&](Program&) { s.desktop.full = temp.path(); });
+  s.desktop.act(dab(50));
+  s.autosave();
+  s.desktop.act([&](Program&) { s.desktop.full.clear(); });
+  s.desktop.act(dab(70));
+  s.autosave();
   s.look([&](Program&) {
     EXPECT_TRUE(samePicture(readBitmapFile(temp.path() / "last-sheet.bmp~").value(), kOld));
   });
