@@ -50,8 +50,9 @@ CanvasView::CanvasView(QWidget* parent)
   setObjectName("Canvas");
   setAccessibleName("Picture");
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(
-      Qt::NoFocus);  // it gets the keyboard from the control mirror, never from a click, seldom by Tab
+  // It gets the keyboard from the control mirror, never from a click, and by Tab only beside what else takes
+  // it.
+  setFocusPolicy(Qt::NoFocus);
   picture_.fill(Qt::white);
   pixels_ = picture_.bits();
 }
