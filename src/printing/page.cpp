@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "pictures/ready.h"
+#include "printing/page_about.h"
 
 namespace gridwright {
 
@@ -47,9 +48,9 @@ Square partOnPage(const Program& program, const BitmapView& shown) {
 }
 
 /// \param part of the shown plane that the page shows.
-PageLook lookOf(const Program& program, const Square& part) {
+PageLook lookOf(Program& program, const Square& part, const MazeInRun& maze) {
   const ProgramState& s = program.state;
-  PageLook look{program.pages.setup, {}};
+  PageLook look{program.pages.setup, {}, mazeCells(program), aboutPage(program, maze)};
   const bool hasStart = s.phase >= Phase::placing && s.phase <= Phase::solved;
   const bool hasFinish = s.finishMethod == FinishMethod::user || s.finishFound;
   if (!look.setup.endWords || !hasStart || !hasFinish) return look;
@@ -67,10 +68,10 @@ void setWhiteGround(Program& program, bool on) {
 
 void whiteground(Program& program) { setWhiteGround(program, !program.state.print.whiteGround); }
 
-Page pageOf(const Program& program) {
+Page pageOf(Program& program, const MazeInRun& maze) {
   const BitmapView shown = program.canvas.shownView();
   const bool whiteGround = program.state.print.whiteGround;
-  if (!whiteGround && !holdsPaper(shown)) return {shown, lookOf(program, {})};
+  if (!whiteGround && !holdsPaper(shown)) return {shown, lookOf(program, {}, maze)};
   const Square part = partOnPage(program, shown);
   const Colour ground = whiteGround ? program.canvas.backColor() : kPaper;
   Bitmap page = plainBitmap(part.right - part.left + 1, part.bottom - part.top + 1, qb::white);
@@ -82,7 +83,7 @@ Page pageOf(const Program& program) {
       return pixel == kPaper || pixel == ground ? qb::white : pixel;
     });
   }
-  return {std::move(page), lookOf(program, part)};
+  return {std::move(page), lookOf(program, part, maze)};
 }
 
 }  // namespace gridwright

@@ -35,6 +35,7 @@ void setWhiteGround(Program& program, bool on);
 /// `BackColor`, with one wall size round it where the Canvas has that, and `BackColor` is white; where there
 /// is nothing but ground, the whole of it.
 /// Words beside the ends belong to a maze that has both: after it is made, where the finish is found.
-Page pageOf(const Program& program);
+/// \param maze which of a run it shows.
+Page pageOf(Program& program, const MazeInRun& maze = {});
 
 }  // namespace gridwright

@@ -69,10 +69,27 @@ struct EndWord {
   friend bool operator==(const EndWord&, const EndWord&) = default;
 };
 
+/// Which maze of a run a page shows.
+struct MazeInRun {
+  int number = 0;  ///< From 1; 0 on a page that belongs to no run.
+  bool isAnswer = false;
+  friend bool operator==(const MazeInRun&, const MazeInRun&) = default;
+};
+
+/// What a document says of a page without showing it.
+struct PageAbout {
+  std::string title;       ///< The page's, else the program's name.
+  std::string settings;    ///< Of its maze: "kind regular; wall 10; …".
+  std::uint32_t seed = 0;  ///< That Rnd was given when the title was left.
+  MazeInRun maze;
+};
+
 /// What makes a page of a picture.
 struct PageLook {
   PageSetup setup;
   std::vector<EndWord> ends;  ///< None where the picture shows no ends, or no words are wanted.
+  int cells = 0;              ///< With a corridor; so many allow a document more rectangles.
+  PageAbout about = {};
 };
 
 /// The setup in force, and its panel, which a tenant shows: what a person changes there counts when it is

@@ -65,7 +65,8 @@ void QtDesktop::previewPage(const BitmapView& picture, const PageLook& look) {
   QPrintPreviewDialog dialog(printer.get(), &window_);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* onto) {
     QPainter painter(onto);
-    paintPage(painter, picture, look);
+    paintPage(painter, picture, look,
+              printer->outputFormat() == QPrinter::PdfFormat ? PictureInk::rectangles : PictureInk::pixels);
   });
   run(dialog);
 }

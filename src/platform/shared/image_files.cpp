@@ -96,7 +96,7 @@ Outcome<Done> PdfDocument::addPage(const BitmapView& picture, const PageLook& lo
   const bool begun =
       writer_->painter.isActive() ? writer_->pdf->newPage() : writer_->painter.begin(writer_->pdf.get());
   if (!begun) return fault;
-  paintPage(writer_->painter, picture, look);
+  paintPage(writer_->painter, picture, look, PictureInk::rectangles);
   if (!writer_->file.isWhole()) return fault;
   return Done{};
 }

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "platform/shared/image_files.h"
+#include "platform/shared/layer_paint.h"
 
 namespace gridwright {
 
@@ -176,6 +177,15 @@ void paintEndWords(QPainter& painter, const Placed& placed, const QRectF& paper,
   }
 }
 
+void paintPicture(QPainter& painter, const QRectF& place, const BitmapView& picture, const PageLook& look,
+                  PictureInk ink) {
+  if (ink == PictureInk::rectangles) {
+    if (const auto layers = layersOf(picture, mostPatches(look.cells)))
+      return paintLayers(painter, place, {picture.width, picture.height}, *layers);
+  }
+  painter.drawImage(place, imageOf(picture));
+}
+
 }  // namespace
 
 QPageSize qtPaper(const PaperSize& size) {
@@ -228,7 +238,7 @@ void layPage(QPagedPaintDevice& device, const QPageLayout& usual, const BitmapVi
   }
 }
 
-void paintPage(QPainter& painter, const BitmapView& picture, const PageLook& look) {
+void paintPage(QPainter& painter, const BitmapView& picture, const PageLook& look, PictureInk ink) {
   if (picture.isEmpty()) return;
   painter.setRenderHint(QPainter::LosslessImageRendering, true);
   painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
@@ -238,7 +248,7 @@ void paintPage(QPainter& painter, const BitmapView& picture, const PageLook& loo
   const double scale = std::min(left.width() / picture.width, left.height() / picture.height);
   QRectF place(0, 0, picture.width * scale, picture.height * scale);
   place.moveCenter(left.center());
-  painter.drawImage(place, imageOf(picture));
+  paintPicture(painter, place, picture, look, ink);
   paintEndWords(painter, {picture, place}, left, look.ends, ruler);
 }
 

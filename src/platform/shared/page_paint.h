@@ -24,9 +24,16 @@ PageSetup withChanges(PageSetup setup, const QPageLayout& before, const QPageLay
 void layPage(QPagedPaintDevice& device, const QPageLayout& usual, const BitmapView& picture,
              const PageSetup& setup);
 
+/// How a picture is put on a page.
+enum class PictureInk {
+  pixels,      ///< As they stand, without loss: for printers, which draw them fastest.
+  rectangles,  ///< Of one colour each, where `mostPatches` of its cells are enough; else the same as pixels.
+};
+
 /// Paints the picture fitted to the printable area, aspect kept, pixel for pixel sharp; with a head above it
 /// where there is a title or a line for a name, and words beside its ends, where the fewest lines are under
 /// them. Words need an application object, for its fonts.
-void paintPage(QPainter& painter, const BitmapView& picture, const PageLook& look = {});
+void paintPage(QPainter& painter, const BitmapView& picture, const PageLook& look = {},
+               PictureInk ink = PictureInk::pixels);
 
 }  // namespace gridwright
