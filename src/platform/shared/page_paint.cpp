@@ -17,6 +17,7 @@
 
 #include "platform/shared/image_files.h"
 #include "platform/shared/layer_paint.h"
+#include "printing/taken_picture.h"
 
 namespace gridwright {
 
@@ -177,13 +178,25 @@ void paintEndWords(QPainter& painter, const Placed& placed, const QRectF& paper,
   }
 }
 
+QImage imageOfTaken(const BitmapView& picture) {
+  QImage image = imageOf(picture);
+  if (!hasHoles(picture)) return image;
+  image.convertTo(QImage::Format_ARGB32);
+  for (int y = 0; y < picture.height; ++y) {
+    auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+    std::transform(picture.row(y), picture.row(y) + picture.width, row, row,
+                   [](Colour raw, QRgb seen) { return isSeeThrough(raw) ? 0 : seen; });
+  }
+  return image;
+}
+
 void paintPicture(QPainter& painter, const QRectF& place, const BitmapView& picture, const PageLook& look,
                   PictureInk ink) {
   if (ink == PictureInk::rectangles) {
-    if (const auto layers = layersOf(picture, mostPatches(look.cells)))
+    if (const auto layers = layersOfTaken(picture, mostPatches(look.cells)))
       return paintLayers(painter, place, {picture.width, picture.height}, *layers);
   }
-  painter.drawImage(place, imageOf(picture));
+  painter.drawImage(place, imageOfTaken(picture));
 }
 
 }  // namespace
@@ -222,7 +235,7 @@ void layPage(QPagedPaintDevice& device, const QPageLayout& usual, const BitmapVi
     const QRectF sheet = layout.fullRect();
     const QMarginsF least = layout.minimumMargins();
     const auto held = [](int margin, double atLeast, double side) {
-      return std::max(atLeast, std::min(margin / kInTenths, side / 4));
+      return std::max(atLeast, heldMargin(margin / kInTenths, side));
     };
     layout.setMargins({held(wanted.left, least.left(), sheet.width()),
                        held(wanted.top, least.top(), sheet.height()),
