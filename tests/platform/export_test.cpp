@@ -106,7 +106,7 @@ TEST(AnExport, TakesTheLargestMultipleThatThePageInForceHolds) {
   EXPECT_EQ(QImageReader(QString::fromStdString(twin.at("c.png"))).size().height(), 200 * 44);
   EXPECT_EQ(readPng(twin.at("d.png")).width, 220 * 3) << "A6 lying, less 20 mm: 65 mm are 767 dots";
   EXPECT_EQ(outputOf("pdftotext '" + twin.at("d.pdf").string() + "' -").find('T'), std::string::npos);
-  EXPECT_NE(outputOf("pdfinfo '" + twin.at("d.pdf").string() + "'").find("420 x 298"), std::string::npos);
+  EXPECT_NE(outputOf("pdfinfo '" + twin.at("d.pdf").string() + "'").find("420 x 297"), std::string::npos);
 }
 
 TEST(AWhiteGround, IsExportedAsItsPageHasIt) {

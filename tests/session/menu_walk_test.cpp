@@ -98,6 +98,9 @@ bool wanted(const Program& p, const Row& row) {
   if (row.item == Item::undo && phase == 0 && !p.undoMarks.canUndo) return false;
   if (row.item == Item::undo && phase == 1 && s.creationMode != CreationMode::user) return false;
   if (row.item == Item::redo && !p.undoMarks.canRedo) return false;
+  const bool takesPicture = row.item == Item::exportmaze || row.item == Item::copymaze;
+  const bool searches = phase == 3 && s.finishMethod != FinishMethod::user && !s.finishFound;
+  if (takesPicture && searches) return false;
   const bool setsUpARun = row.item == Item::printwithsolutions || row.item == Item::printnosolutions;
   return (row.inARun && !setsUpARun) || s.print.printTotal == 0;
 }

@@ -22,7 +22,7 @@ namespace {
 // What an entry of the answers stands for.
 constexpr int kAsItStands = -1, kWithout = 0, kWith = 1;
 
-constexpr int kNameWidth = 20;  // in letters: longer names scroll
+constexpr int kNameWidth = 26;  // in letters: longer names scroll
 
 QPushButton* button(const QString& words, const char* name, const QString& tip, QWidget* parent) {
   auto* made = new QPushButton(words, parent);
@@ -114,7 +114,7 @@ void ExportPage::mirror(const ExportPanel& panel) {
     offerAnswers(panel);
   }
   wasOpen_ = panel.open;
-  line_->setText(qString(panel.line));
+  line_->setText(qString(panel.line).replace("/", "/" + QString(QChar(0x200B))));  // long paths may break
   line_->setVisible(!panel.line.empty());
 }
 
