@@ -14,7 +14,7 @@ namespace {
 
 // Parts of the rim.
 constexpr double kMarkBegins = 0.2, kMarkEnds = 0.9;
-constexpr double kSignLetters = 0.55, kSignFromCorner = 1.3;
+constexpr double kSignLetters = 0.7, kSignFromCorner = 1.3;
 // On paper, in millimetres.
 constexpr double kMarkWidth = 0.2, kWhiteBesideMark = 0.3;
 
