@@ -7,6 +7,7 @@
 
 #include "platform/twin.h"
 #include "support/full_disk.h"
+#include "support/offscreen.h"
 
 namespace gridwright::test {
 namespace {
@@ -383,6 +384,21 @@ TEST(AScriptsPageSetup, IsInForceAtOnceAndLeavesThePagesPixelsAlone) {
   EXPECT_TRUE(samePicture(page.value(), shown.value()));
 }
 
+TEST(AScriptsPageSetup, SpreadsEveryPageOverSheetsUntilItIsTakenBack) {
+  beginOffscreen();  // sheets are numbered, which takes fonts
+  Twin twin;
+  twin.options.pdfFile = twin.temp.path() / "out.pdf";
+  ASSERT_EQ(twin.run(kMaze + "pagesetup tiles=3x2\nmenu printfff\npagesetup title=T\nmenu printfff\n"
+                             "pagesetup tiles=auto\nmenu printfff\n")
+                .words,
+            "");
+  const std::string pages = "/Type /Page\n";
+  const std::string bytes = twin.temp.get("out.pdf");
+  std::size_t sheets = 0;
+  for (auto at = bytes.find(pages); at != std::string::npos; at = bytes.find(pages, at + 1)) ++sheets;
+  EXPECT_EQ(sheets, 6U + 6U + 1U);
+}
+
 TEST(AScriptsPageSetup, GoesOnWithThePanelThatIsOpenAndCancelLeavesIt) {
   Twin twin;
   EXPECT_EQ(twin.run(kMaze + "menu pagesetup\nexpect paused 1\nexpect menu printpreview disabled\n"
@@ -395,13 +411,17 @@ TEST(AScriptsPageSetup, GoesOnWithThePanelThatIsOpenAndCancelLeavesIt) {
 TEST(AScriptsPageSetup, IsRefusedWhereAPersonCouldNotDoIt) {
   Twin twin;
   EXPECT_EQ(twin.run("pagesetup margin=15\n").words, "s.txt:1: pagesetup is disabled or hidden");
-  for (const char* word : {"paper=a44", "landscape=2", "margin=51", "margin=-1", "nameline=yes",
-                           "endwords=", "size=a4", "title"}) {
+  for (const char* word :
+       {"paper=a44", "landscape=2", "margin=51", "margin=-1", "nameline=yes", "endwords=", "size=a4", "title",
+        "tiles=0x1", "tiles=10x1", "tiles=3", "tiles=3x2x1", "tiles="}) {
     const Ended ended = twin.run(kDrawing + "pagesetup " + word + "\n");
     EXPECT_EQ(ended.status, 2);
     EXPECT_EQ(ended.words, std::string("s.txt:5: not understood: ") + word);
   }
-  EXPECT_EQ(twin.run(kDrawing + "pagesetup paper=auto landscape=auto margin=auto title=\"\"\n").words, "");
+  EXPECT_EQ(twin.run(kDrawing + "pagesetup paper=auto landscape=auto margin=auto title=\"\" "
+                                "tiles=auto\n")
+                .words,
+            "");
 }
 
 }  // namespace

@@ -27,6 +27,11 @@ bool readPage(const ScriptSetting& setting, PageSetup& page) {
     page.landscape = understood ? std::optional(lies) : std::nullopt;
     return asUsual || understood;
   }
+  if (name == "tiles") {
+    const auto tiles = asUsual ? std::optional(PageTiles{}) : tilesNamed(value);
+    page.tiles = tiles.value_or(page.tiles);
+    return tiles.has_value();
+  }
   int margin = 0;
   if (name != "margin") return false;
   const bool understood = readNumber(value, 0, kMostMargin, margin);

@@ -6,6 +6,7 @@
 
 #include "platform/qt/qt_desktop.h"
 #include "platform/shared/page_paint.h"
+#include "platform/shared/page_sheets.h"
 #include "session/input.h"
 
 namespace gridwright {
@@ -65,8 +66,9 @@ void QtDesktop::previewPage(const BitmapView& picture, const PageLook& look) {
   QPrintPreviewDialog dialog(printer.get(), &window_);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* onto) {
     QPainter painter(onto);
-    paintPage(painter, picture, look,
-              printer->outputFormat() == QPrinter::PdfFormat ? PictureInk::rectangles : PictureInk::pixels);
+    const PictureInk ink =
+        onto->outputFormat() == QPrinter::PdfFormat ? PictureInk::rectangles : PictureInk::pixels;
+    paintSheets(painter, picture, look, ink, [onto] { return onto->newPage(); });
   });
   run(dialog);
 }
