@@ -24,3 +24,8 @@ add_test(NAME window.keys
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/keys.py $<TARGET_FILE:gridwright>
   WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 set_tests_properties(window.keys PROPERTIES TIMEOUT 300)
+
+add_test(NAME window.export
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/export.py $<TARGET_FILE:gridwright>
+  WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set_tests_properties(window.export PROPERTIES TIMEOUT 300)

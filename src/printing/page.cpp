@@ -36,7 +36,8 @@ bool holdsPaper(const BitmapView& shown) {
   return false;
 }
 
-/// The part of the shown plane that a page shows.
+}  // namespace
+
 Square partOnPage(const Program& program, const BitmapView& shown) {
   const Square whole{0, 0, shown.width - 1, shown.height - 1};
   const ProgramState& s = program.state;
@@ -47,13 +48,14 @@ Square partOnPage(const Program& program, const BitmapView& shown) {
           std::min(whole.right, box.right + s.wallWidth), std::min(whole.bottom, box.bottom + s.wallHeight)};
 }
 
+namespace {
+
 /// \param part of the shown plane that the page shows.
 PageLook lookOf(Program& program, const Square& part, const MazeInRun& maze) {
   const ProgramState& s = program.state;
   PageLook look{program.pages.setup, {}, mazeCells(program), aboutPage(program, maze)};
   const bool hasStart = s.phase >= Phase::placing && s.phase <= Phase::solved;
-  const bool hasFinish = s.finishMethod == FinishMethod::user || s.finishFound;
-  if (!look.setup.endWords || !hasStart || !hasFinish) return look;
+  if (!look.setup.endWords || !hasStart || isSearching(s)) return look;
   look.ends = {{s.start.moved(-part.left, -part.top), "Start"},
                {s.finish.moved(-part.left, -part.top), "Finish"}};
   return look;

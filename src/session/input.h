@@ -81,6 +81,14 @@ void preparationCancelled(Program& program);
 void pageSetupEntered(Program& program, const PageSetup& setup);
 void pageSetupEscaped(Program& program);
 
+/// What a person does with the panel of exports; `exportEntered` without the panel too, which tells why the
+/// picture can't be taken now.
+void exportEntered(Program& program, const ExportWish& wish);
+void exportEscaped(Program& program);
+
+/// The keys of "Copy": the item is chosen, or a line tells why it is off.
+void copyAsked(Program& program);
+
 /// The window's client area has a new size: the Canvas follows at the title and in drawing only.
 void resized(Program& program, Size size);
 

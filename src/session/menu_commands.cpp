@@ -18,6 +18,7 @@
 #include "patterns/pattern_sets.h"
 #include "patterns/random_patterns.h"
 #include "patterns/random_size.h"
+#include "printing/export_maze.h"
 #include "printing/page.h"
 #include "printing/page_setup.h"
 #include "printing/print_job.h"
@@ -128,6 +129,8 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::whiteground, whiteground},
     {Item::pagesetup, pagesetup},
     {Item::printpreview, printpreview},
+    {Item::exportmaze, exportmaze},
+    {Item::copymaze, copymaze},
     {Item::showregions, showregions},
     {Item::undo, undo},
     {Item::redo, redo},

@@ -28,6 +28,8 @@ inline constexpr auto kMenuTips = std::to_array<MenuTip>({
      "paper and margins; a title, a line for a name, and the words Start and Finish; a poster of several "
      "sheets"},
     {Item::printpreview, "the page that the window would be"},
+    {Item::exportmaze, "this picture as a PNG, SVG or PDF, with its answer or without"},
+    {Item::copymaze, "this picture for another program, to paste into a letter or a worksheet"},
     {Item::undo, "takes back what was done last"},
     {Item::redo, "does again what was taken back last"},
     {Item::markcolours, "a letter on each of the sixteen colours, and shapes on start and finish"},

@@ -110,6 +110,9 @@ struct PagePanel {
   std::uint64_t revision = 1;  ///< Grows as it opens and closes.
 };
 
+/// What a margin takes of a side of the sheet at most, both in one measure: a quarter.
+constexpr double heldMargin(double margin, double side) { return margin < side / 4 ? margin : side / 4; }
+
 constexpr Margins allRound(int millimetres) {
   const int tenths = millimetres * kTenths;
   return {tenths, tenths, tenths, tenths};

@@ -17,6 +17,7 @@
 #include "pictures/ink_work.h"
 #include "pictures/picture.h"
 #include "pictures/picture_work.h"
+#include "state/export_panel.h"
 #include "state/modes.h"
 #include "state/page_setup.h"
 
@@ -152,6 +153,18 @@ class Platform : public BitmapFiles {
 
   /// What pages are printed on where nobody has set anything.
   virtual UsualPaper usualPaper() { return {}; }
+
+  /// Writes a picture as a PNG, or as a PDF of one page on which it is as large as the printable area takes,
+  /// by way of a file beside it; nothing is written to what is no plain file.
+  /// \returns a Fault when a byte of it was refused: what was there stays as it was.
+  virtual Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) {
+    static_cast<void>(wanted);
+    return Fault{Fault::Kind::notWritable, path.string()};
+  }
+
+  /// The picture, none of it see-through, and the same as an SVG can be pasted into other programs from now
+  /// on. \returns whether this desktop has a place for that.
+  virtual bool copyPicture(const BitmapView& /*picture*/, const std::string& /*svg*/) { return false; }
 
   /// The pages since the last call are one document, complete now.
   /// \returns as `printAlone` does; nowhere when there was no page. After a Fault the document's name bears

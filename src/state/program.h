@@ -18,6 +18,7 @@
 #include "files/work_folder.h"
 #include "files/work_pictures.h"
 #include "state/controls.h"
+#include "state/export_panel.h"
 #include "state/hearing.h"
 #include "state/keys_sheet.h"
 #include "state/menu_tree.h"
@@ -73,6 +74,7 @@ struct Program {
 
   PreparePanel prepare;
   PagePanel pages;
+  ExportPanel exporting;
   Workshop workshop;
   RegionsView regions;
   KeysSheet keys;

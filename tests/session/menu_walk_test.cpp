@@ -72,6 +72,8 @@ const std::array kRows = {
     Row{Item::whiteground, ".xxxxx"},
     Row{Item::pagesetup, ".xxxxx", false, false, true},
     Row{Item::printpreview, ".xxxxx", false, false, true},
+    Row{Item::exportmaze, ".x.xxx", false, false, true},
+    Row{Item::copymaze, ".x.xxx", false, false, true},
     Row{Item::showregions, ".x...."},
     Row{Item::undo, ".xx..."},
     Row{Item::redo, ".x...."},
@@ -96,6 +98,9 @@ bool wanted(const Program& p, const Row& row) {
   if (row.item == Item::undo && phase == 0 && !p.undoMarks.canUndo) return false;
   if (row.item == Item::undo && phase == 1 && s.creationMode != CreationMode::user) return false;
   if (row.item == Item::redo && !p.undoMarks.canRedo) return false;
+  const bool takesPicture = row.item == Item::exportmaze || row.item == Item::copymaze;
+  const bool searches = phase == 3 && s.finishMethod != FinishMethod::user && !s.finishFound;
+  if (takesPicture && searches) return false;
   const bool setsUpARun = row.item == Item::printwithsolutions || row.item == Item::printnosolutions;
   return (row.inARun && !setsUpARun) || s.print.printTotal == 0;
 }
@@ -241,6 +246,7 @@ class Fidget {
       case 7:
         return input::menuClick(p, item());
       case 8:
+        if (p.exporting.open) return atExport(p);
         return p.pages.open ? atPageSetup(p) : box(p);
       case 9:
         return swatch(p);
@@ -285,6 +291,14 @@ class Fidget {
       if (below(2) == 0) return input::enterPressed(p, id);
       return input::escapePressed(p, id);
     }
+  }
+  void atExport(Program& p) {
+    static constexpr std::array kFiles = {"a.png", "a.svg", "a.pdf", "a", "", "none/a.png"};
+    ExportWish wish{kFiles[static_cast<std::size_t>(below(static_cast<int>(kFiles.size())))]};
+    if (below(2) == 0) wish.answer = below(2) == 0;
+    wish.clear = below(2) == 0;
+    if (below(3) == 0) return input::exportEscaped(p);
+    input::exportEntered(p, wish);
   }
   void atPageSetup(Program& p) {
     PageSetup setup = p.pages.setup;
@@ -409,6 +423,7 @@ bool isAtRest(const Program& p) {
 void leadBack(Program& p, int turn) {
   if (p.workshop.open) return leaveWorkshop(p);
   if (p.pages.open) return input::pageSetupEscaped(p);
+  if (p.exporting.open) return input::exportEscaped(p);
   for (const ControlId id : {ControlId::Text2, ControlId::Text7, ControlId::text1, ControlId::Text4,
                              ControlId::Text5, ControlId::Text6, ControlId::Text3, ControlId::Text8}) {
     if (p.controls[id].visible) return input::escapePressed(p, id);

@@ -87,6 +87,17 @@ class BareDesktop : public Platform {
     previews.push_back(picture.copied());
   }
   UsualPaper usualPaper() override { return usual; }
+  Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) override {
+    if (savesFail) return Fault{Fault::Kind::notWritable, path.string()};
+    pictureFiles.push_back(
+        {path, wanted.picture.copied(), wanted.format, wanted.scale, wanted.dpi, wanted.look});
+    return Done{};
+  }
+  bool copyPicture(const BitmapView& picture, const std::string& svg) override {
+    if (!hasClipboard) return false;
+    copied.push_back({picture.copied(), svg});
+    return true;
+  }
   Outcome<PagesWent> endOfPages() override {
     ++documents;
     return went;
@@ -119,6 +130,21 @@ class BareDesktop : public Platform {
   std::vector<WindowState> states;   ///< As the program set them.
   std::vector<Bitmap> pages, previews;
   std::vector<PageLook> looks;  ///< Of the pages.
+  /// What was written for other programs.
+  struct Exported {
+    std::filesystem::path path;
+    Bitmap picture;  ///< Without what is see-through.
+    PictureFormat format;
+    int scale, dpi;
+    PageLook look;
+  };
+  std::vector<Exported> pictureFiles;
+  struct Copied {
+    Bitmap picture;
+    std::string svg;
+  };
+  std::vector<Copied> copied;
+  bool hasClipboard = true;
   UsualPaper usual;
   int documents = 0, alone = 0, raised = 0, maximised = 0;
   std::uint32_t seed = 1;

@@ -111,6 +111,8 @@ struct BookRun {
   std::filesystem::path from;         ///< The list that the plan comes from; empty for none.
   std::vector<std::filesystem::path>
       join;  ///< The parts of a book that is to be laid out; no maze is made then.
+  std::filesystem::path svgFolder, pngFolder;  ///< Of pictures of each maze and answer; empty for none.
+  int pngDpi = 300;                            ///< 72 to 1200.
   std::optional<Part> part;
   int jobs = 1;
   bool mayReplace = false;  ///< `--force`

@@ -131,6 +131,12 @@ std::optional<std::string> whyNoPages(const BookPlan& plan) {
   return std::nullopt;
 }
 
+Size pictureArea(const BookPlan& plan) {
+  const Box area = areaOf(plan, 1);
+  const auto tenths = [](double points) { return static_cast<int>(points / kPointsAMillimetre * 10); };
+  return {tenths(area.width), tenths(area.height)};
+}
+
 void putInOrder(std::vector<MazeRecord>& mazes, const BookPlan& plan) {
   const auto key = [&](const MazeRecord& maze) {
     return std::make_tuple(plan.sortByDifficulty ? maze.difficulty : 0, maze.number);

@@ -10,6 +10,7 @@
 #include "platform/book/book_list.h"
 #include "platform/book/book_options.h"
 #include "platform/book/book_pages.h"
+#include "platform/book/book_pictures.h"
 #include "platform/book/make_mazes.h"
 #include "platform/book/new_files.h"
 #include "platform/book/progress_bar.h"
@@ -106,7 +107,10 @@ class Run {
   }
 
   int make(const BookSources& sources) {
-    BookPages pages(line_.plan, line_.run.output.parent_path());
+    BookPictures pictures(line_.plan, line_.run);
+    if (const auto begun = pictures.begin(mazesAsked(line_.plan, sources.count())); !begun)
+      return complain(begun.fault().words);
+    BookPages pages(line_.plan, line_.run.output.parent_path(), &pictures);
     MadeMazes made;
     {
       ProgressBar bar(talk_.err, talk_.errIsTerminal && !line_.run.quiet);

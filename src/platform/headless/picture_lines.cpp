@@ -151,6 +151,10 @@ HeadlessDesktop::Turn HeadlessDesktop::cancel(Program& program, const ScriptLine
     input::pageSetupEscaped(program);
     return Turn::givePump;
   }
+  if (program.exporting.open) {
+    input::exportEscaped(program);
+    return Turn::givePump;
+  }
   holdWorkshopOpen(program);
   input::preparationCancelled(program);
   return Turn::givePump;

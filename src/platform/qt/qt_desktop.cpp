@@ -42,12 +42,15 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
       workshop_(new WorkshopPanel(&window_.view(), inputs_, ink_)),
       pageFrame_(new PanelFrame(&window_.view())),
       pageSetup_(new PageSetupPage(pageFrame_)),
+      exportFrame_(new PanelFrame(&window_.view())),
+      exportPage_(new ExportPage(exportFrame_)),
       keysPage_(new KeysPage(&window_.view())),
       ears_(window_.centralWidget()) {
   controls_.setHolder(workshop_, workshop_->first());
   controls_.addGuest(&window_.runCancel());
   listenToArrivals();
   listenToPages();
+  listenToExport();
   listenToWindow();
   autosave_.setSingleShot(true);
   autosave_.setInterval(std::chrono::seconds(input::kAutosaveSeconds));
@@ -66,7 +69,8 @@ void QtDesktop::listenToWindow() {
   window_.view().onPlaced = [this] {
     controls_.place();
     workshop_->setGeometry(window_.view().rect());
-    placePageFrame();
+    placeInMiddle(*pageFrame_);
+    placeInMiddle(*exportFrame_);
     keysPage_->setGeometry(window_.view().rect());
   };
   window_.view().onKey = [this](int code, KeyGo go) {
@@ -99,6 +103,7 @@ void QtDesktop::shortcut(std::string_view keys) {
     const std::optional<Item> item = itemOfKeys(program.menus, keys);
     if (!item) return;
     if (item == Item::pastepicture) return input::pasteAsked(program);
+    if (item == Item::copymaze) return input::copyAsked(program);
     const bool atTitle = program.state.phase == Phase::title;
     if (item == Item::wholescreen && atTitle) return program.platform.switchWholeScreen();
     input::menuClick(program, *item);
@@ -149,6 +154,7 @@ bool QtDesktop::isDue(Program& program) {
     return true;
   if (workshop_->isBehind(program) || program.regions.revision != regionsShown_) return true;
   if (program.pages.revision != pagesShown_ || program.keys.revision != keysShown_) return true;
+  if (program.exporting.revision != exportShown_) return true;
   if (program.canvas.isDirty() && showCanvas(program)) return true;
   return --passesLeft_ <= 0 && clockSaysDue();
 }
@@ -185,6 +191,7 @@ void QtDesktop::bringInLine(Program& program) {
   mirrorRegions(program);
   waitForAutosave(program);
   mirrorPages(program);
+  mirrorExport(program);
   mirrorKeys(program);
   mirrorMarks(program);
   window_.view().setAtTitle(program.state.phase == Phase::title);

@@ -14,6 +14,7 @@
 #include "platform/pictures/qt_ink.h"
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/ears.h"
+#include "platform/qt/export_page.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/keys_page.h"
 #include "platform/qt/memory.h"
@@ -64,6 +65,8 @@ class QtDesktop : public Platform {
   void previewPage(const BitmapView& picture, const PageLook& look) override;
   UsualPaper usualPaper() override;
   Outcome<PagesWent> endOfPages() override;
+  Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) override;
+  bool copyPicture(const BitmapView& picture, const std::string& svg) override;
   std::uint32_t clockSeed() override;
   std::string remembered(std::string_view key) override;
   void remember(std::string_view key, const std::string& value) override;
@@ -96,6 +99,7 @@ class QtDesktop : public Platform {
   [[nodiscard]] WorkshopPanel& workshop() const { return *workshop_; }
   [[nodiscard]] const PreparePage& preparePage() const { return workshop_->preparePage(); }
   [[nodiscard]] const PageSetupPage& pageSetup() const { return *pageSetup_; }
+  [[nodiscard]] const ExportPage& exportPage() const { return *exportPage_; }
   [[nodiscard]] const KeysPage& keysPage() const { return *keysPage_; }
 
  private:
@@ -118,8 +122,11 @@ class QtDesktop : public Platform {
   void waitForAutosave(const Program& program);
   void listenToPages();
   void mirrorPages(const Program& program);
-  void placePageFrame();
+  void placeInMiddle(PanelFrame& frame);
   void askForPaper();
+  void listenToExport();
+  void mirrorExport(const Program& program);
+  void askForExportName(const Program& program);
   void mirrorKeys(const Program& program);
   void mirrorMarks(const Program& program);
   void shortcut(std::string_view keys);
@@ -134,9 +141,11 @@ class QtDesktop : public Platform {
   WorkshopPanel* workshop_;
   PanelFrame* pageFrame_;
   PageSetupPage* pageSetup_;
+  PanelFrame* exportFrame_;
+  ExportPage* exportPage_;
   KeysPage* keysPage_;
   Ears ears_;
-  std::uint64_t regionsShown_ = 0, pagesShown_ = 0, keysShown_ = 0;
+  std::uint64_t regionsShown_ = 0, pagesShown_ = 0, keysShown_ = 0, exportShown_ = 0;
   LeptonicaWork pictureWork_;
   std::unique_ptr<WorkThread> beside_;  // begun with the first work
   std::unique_ptr<Memory> memory_;      // null while nothing is remembered

@@ -35,18 +35,18 @@ void QtDesktop::mirrorPages(const Program& program) {
   if (pagesShown_ == program.pages.revision) return;
   pagesShown_ = program.pages.revision;
   pageSetup_->mirror(program.pages);
-  if (program.pages.open) placePageFrame();
+  if (program.pages.open) placeInMiddle(*pageFrame_);
   pageFrame_->setVisible(program.pages.open);
   pageFrame_->raise();
   controls_.keepFocus(program.controls);
 }
 
 /// In the middle of the Canvas, as large as it needs to be.
-void QtDesktop::placePageFrame() {
+void QtDesktop::placeInMiddle(PanelFrame& frame) {
   const QRect view = window_.view().rect();
-  QRect place({}, pageFrame_->sizeHint().boundedTo(view.size()));
+  QRect place({}, frame.sizeHint().boundedTo(view.size()));
   place.moveCenter(view.center());
-  pageFrame_->setGeometry(place);
+  frame.setGeometry(place);
 }
 
 /// Qt's own page setup changes what the panel shows, and nothing is in force before that is accepted.

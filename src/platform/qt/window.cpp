@@ -46,7 +46,7 @@ Window::Window()
   setMinimumSize(kSmallestWindow);
 }
 
-// The standard keys for pasting and opening are more than the ones that the menu shows.
+// The standard keys for copying, pasting and opening are more than the ones that the menu shows.
 void Window::listenToShortcuts() {
   const auto listen = [this](const QKeySequence& pressed, std::string_view keys) {
     connect(new QShortcut(pressed, this), &QShortcut::activated, this, [this, keys] {
@@ -60,7 +60,7 @@ void Window::listenToShortcuts() {
     if (!heard.insert(shortcut.keys).second) continue;
     const QKeySequence written(qString(shortcut.keys));
     QList<QKeySequence> all = {written};
-    for (const auto standard : {QKeySequence::Paste, QKeySequence::Open}) {
+    for (const auto standard : {QKeySequence::Copy, QKeySequence::Paste, QKeySequence::Open}) {
       const QList<QKeySequence> known = QKeySequence::keyBindings(standard);
       if (known.contains(written)) all = known;
     }

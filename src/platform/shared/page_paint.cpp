@@ -17,6 +17,7 @@
 #include "platform/shared/layer_paint.h"
 #include "platform/shared/page_letters.h"
 #include "platform/shared/page_sheets.h"
+#include "printing/taken_picture.h"
 
 namespace gridwright {
 
@@ -147,6 +148,18 @@ void paintEndWords(QPainter& painter, const Placed& placed, const QRectF& paper,
   }
 }
 
+QImage imageOfTaken(const BitmapView& picture) {
+  QImage image = imageOf(picture);
+  if (!hasHoles(picture)) return image;
+  image.convertTo(QImage::Format_ARGB32);
+  for (int y = 0; y < picture.height; ++y) {
+    auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+    std::transform(picture.row(y), picture.row(y) + picture.width, row, row,
+                   [](Colour raw, QRgb seen) { return isSeeThrough(raw) ? 0 : seen; });
+  }
+  return image;
+}
+
 /// A page as its sheets are laid, upright or lying.
 QPageLayout laid(const QPageLayout& usual, const PageSetup& setup, bool lies) {
   QPageLayout layout = usual;
@@ -158,7 +171,7 @@ QPageLayout laid(const QPageLayout& usual, const PageSetup& setup, bool lies) {
   const QRectF sheet = layout.fullRect();
   const QMarginsF least = layout.minimumMargins();
   const auto held = [](int margin, double atLeast, double side) {
-    return std::max(atLeast, std::min(margin / kInTenths, side / 4));
+    return std::max(atLeast, heldMargin(margin / kInTenths, side));
   };
   layout.setMargins({held(wanted.left, least.left(), sheet.width()),
                      held(wanted.top, least.top(), sheet.height()),
@@ -221,8 +234,8 @@ void layPage(QPagedPaintDevice& device, const QPageLayout& usual, const BitmapVi
 PagePaint::PagePaint(const BitmapView& picture, const PageLook& look, PictureInk ink)
     : picture_(picture), look_(look) {
   if (ink == PictureInk::rectangles && !picture.isEmpty())
-    layers_ = layersOf(picture, mostPatches(look.cells));
-  if (!layers_ && !picture.isEmpty()) image_ = imageOf(picture);
+    layers_ = layersOfTaken(picture, mostPatches(look.cells));
+  if (!layers_ && !picture.isEmpty()) image_ = imageOfTaken(picture);
 }
 
 void PagePaint::paint(QPainter& painter, const QRectF& paper, double enlarged) const {
