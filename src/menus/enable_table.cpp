@@ -53,6 +53,7 @@ constexpr auto kTable = std::to_array<Rule>({
     {Item::whiteground, kWorking, kBesideNoRun},
     {Item::pagesetup, kWorking, kNothing},
     {Item::printpreview, kWorking, kNothing},
+    {Item::makebook, kDrawing, kBesideNoRun},
     {Item::showregions, kDrawing, kBesideNoRun},
     {Item::undo, phases(Phase::drawing, Phase::making), kBesideNoRun | kUndo},
     {Item::redo, kDrawing, kBesideNoRun | kRedo},

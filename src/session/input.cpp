@@ -12,6 +12,7 @@
 #include "printing/page_setup.h"
 #include "printing/print_job.h"
 #include "session/arrivals.h"
+#include "session/book_panel.h"
 #include "session/heard.h"
 #include "session/keys.h"
 #include "session/main_loop.h"
@@ -207,6 +208,12 @@ void preparationCancelled(Program& program) { leaveWorkshop(program); }
 
 void pageSetupEntered(Program& program, const PageSetup& setup) { takePageSetup(program, setup); }
 void pageSetupEscaped(Program& program) { leavePageSetup(program); }
+
+void bookFilled(Program& program, const BookWish& wish) { fillBook(program, wish); }
+void bookAccepted(Program& program, const BookWish& wish) { acceptBook(program, wish); }
+void bookEscaped(Program& program) { leaveBook(program); }
+void bookCancelled(Program& program) { cancelBook(program); }
+void bookPagesAsked(Program& program, bool shown) { showBookPages(program, shown); }
 
 void resized(Program& program, Size size) {
   hideRegions(program);

@@ -23,6 +23,7 @@
 #include "printing/print_job.h"
 #include "printing/print_window.h"
 #include "session/arrivals.h"
+#include "session/book_panel.h"
 #include "session/defaults.h"
 #include "session/heard.h"
 #include "session/maze_commands.h"
@@ -128,6 +129,7 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::whiteground, whiteground},
     {Item::pagesetup, pagesetup},
     {Item::printpreview, printpreview},
+    {Item::makebook, makebook},
     {Item::showregions, showregions},
     {Item::undo, undo},
     {Item::redo, redo},

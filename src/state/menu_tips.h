@@ -26,6 +26,7 @@ inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::whiteground, "pages without the ground round the picture, which prints white"},
     {Item::pagesetup, "paper and margins; a title, a line for a name, and the words Start and Finish"},
     {Item::printpreview, "the page that the window would be"},
+    {Item::makebook, "many mazes and their answers in one PDF, from pictures, names and this drawing"},
     {Item::undo, "takes back what was done last"},
     {Item::redo, "does again what was taken back last"},
     {Item::markcolours, "a letter on each of the sixteen colours, and shapes on start and finish"},

@@ -17,6 +17,7 @@
 #include "files/step_files.h"
 #include "files/work_folder.h"
 #include "files/work_pictures.h"
+#include "state/book_panel.h"
 #include "state/controls.h"
 #include "state/hearing.h"
 #include "state/keys_sheet.h"
@@ -73,6 +74,7 @@ struct Program {
 
   PreparePanel prepare;
   PagePanel pages;
+  BookPanel book;
   Workshop workshop;
   RegionsView regions;
   KeysSheet keys;

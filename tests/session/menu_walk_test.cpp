@@ -72,6 +72,7 @@ const std::array kRows = {
     Row{Item::whiteground, ".xxxxx"},
     Row{Item::pagesetup, ".xxxxx", false, false, true},
     Row{Item::printpreview, ".xxxxx", false, false, true},
+    Row{Item::makebook, ".x...."},
     Row{Item::showregions, ".x...."},
     Row{Item::undo, ".xx..."},
     Row{Item::redo, ".x...."},

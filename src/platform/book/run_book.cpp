@@ -150,20 +150,15 @@ class Run {
   std::optional<BookList> list_;  ///< What the book is made from again.
 };
 
-/// Names of files that a run reads and writes lie in its folder.
+}  // namespace
+
 void placeFiles(BookRun& run) {
-  if (run.folder.empty()) return;
   for (fs::path* path : {&run.output, &run.answersFile, &run.list, &run.from})
     if (!path->empty()) *path = run.folder / *path;
   for (fs::path& path : run.join) path = run.folder / path;
 }
 
-}  // namespace
-
-BookEnd makeBook(BookLine line, const BookEars& ears) {
-  placeFiles(line.run);
-  return Run(std::move(line), ears).run();
-}
+BookEnd makeBook(BookLine line, const BookEars& ears) { return Run(std::move(line), ears).run(); }
 
 std::optional<std::string> whyNoBook(const Outcome<BookLine>& line) {
   return line ? whyOneFile(line.value().run) : line.fault().words;

@@ -37,6 +37,9 @@ struct BookEnd {
 /// What is against a command line that was read, or could not be; nothing when `makeBook` may have it.
 std::optional<std::string> whyNoBook(const Outcome<BookLine>& line);
 
+/// Gives what a run writes, and reads besides its pictures, the paths that its names have in its folder.
+void placeFiles(BookRun& run);
+
 /// Makes, joins or parts a book as a command line says that nothing is against. Needs an application object;
 /// may be called in any thread.
 BookEnd makeBook(BookLine line, const BookEars& ears);

@@ -101,7 +101,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"place", &HeadlessDesktop::place},       {"undo", &HeadlessDesktop::undo},
       {"redo", &HeadlessDesktop::redo},         {"sheet", &HeadlessDesktop::sheet},
       {"copyfile", &HeadlessDesktop::copyfile}, {"editelsewhere", &HeadlessDesktop::editelsewhere},
-      {"startat", &HeadlessDesktop::startat},
+      {"startat", &HeadlessDesktop::startat},   {"book", &HeadlessDesktop::book},
   });
   applyEnableTableIfChanged(program);
   const auto* verb =

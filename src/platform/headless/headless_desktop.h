@@ -79,6 +79,7 @@ class HeadlessDesktop : public Platform {
   Outcome<PagesWent> printAlone(const BitmapView& picture, const PageLook& look) override;
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
   std::uint32_t clockSeed() override { return seed_; }
+  Outcome<Done> makeBook(Program& program, const BookOrder& order) override;
 
   /// Writes the collected pages, if a document was asked for.
   Outcome<Done> writeDocument();
@@ -120,6 +121,7 @@ class HeadlessDesktop : public Platform {
   Turn asitis(Program& program, const ScriptLine& line);
   Turn cancel(Program& program, const ScriptLine& line);
   Turn pagesetup(Program& program, const ScriptLine& line);
+  Turn book(Program& program, const ScriptLine& line);
   Turn newsheet(Program& program, const ScriptLine& line);
   Turn tool(Program& program, const ScriptLine& line);
   Turn press(Program& program, const ScriptLine& line);

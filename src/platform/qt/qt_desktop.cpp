@@ -13,6 +13,7 @@
 #include <iostream>
 
 #include "menus/status_words.h"
+#include "platform/book/book_maker.h"
 #include "platform/shared/image_files.h"
 #include "session/input.h"
 #include "session/remembered.h"
@@ -42,12 +43,16 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
       workshop_(new WorkshopPanel(&window_.view(), inputs_, ink_)),
       pageFrame_(new PanelFrame(&window_.view())),
       pageSetup_(new PageSetupPage(pageFrame_)),
+      bookStrip_(new BookStrip(&window_.view())),
+      bookFrame_(new PanelFrame(&window_.view())),
+      bookPage_(new BookPage(bookFrame_)),
       keysPage_(new KeysPage(&window_.view())),
       ears_(window_.centralWidget()) {
   controls_.setHolder(workshop_, workshop_->first());
   controls_.addGuest(&window_.runCancel());
   listenToArrivals();
   listenToPages();
+  listenToBook();
   listenToWindow();
   autosave_.setSingleShot(true);
   autosave_.setInterval(std::chrono::seconds(input::kAutosaveSeconds));
@@ -61,12 +66,15 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
   window_.open();
 }
 
+QtDesktop::~QtDesktop() = default;
+
 void QtDesktop::listenToWindow() {
   window_.onClose = [this] { closing_ = true; };
   window_.view().onPlaced = [this] {
     controls_.place();
     workshop_->setGeometry(window_.view().rect());
     placePageFrame();
+    placeBook();
     keysPage_->setGeometry(window_.view().rect());
   };
   window_.view().onKey = [this](int code, KeyGo go) {
@@ -120,11 +128,13 @@ void QtDesktop::endBy(const EndSignals& asked) {
 void QtDesktop::doEvents(Program& program, Pace pace) {
   program_ = &program;
   if (pace != Pace::housekeeping && finishWork(program)) return;
+  hearOfBook(program);
   if (pace == Pace::working && !isDue(program)) return;
   bringInLine(program);
   const auto flags = pace == Pace::housekeeping ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
   bool reached = ask(program, flags);
   while (pace == Pace::idle && !reached && !mustEnd() && !(beside_ && beside_->hasOutcome())) {
+    hearOfBook(program);
     bringInLine(program);
     ears_.whileWaiting(program);
     describe(program);  // after it: Orca 43 stumbles over a new description of what has the keyboard for it
@@ -149,6 +159,7 @@ bool QtDesktop::isDue(Program& program) {
     return true;
   if (workshop_->isBehind(program) || program.regions.revision != regionsShown_) return true;
   if (program.pages.revision != pagesShown_ || program.keys.revision != keysShown_) return true;
+  if (isBehindBook(program)) return true;
   if (program.canvas.isDirty() && showCanvas(program)) return true;
   return --passesLeft_ <= 0 && clockSaysDue();
 }
@@ -185,6 +196,7 @@ void QtDesktop::bringInLine(Program& program) {
   mirrorRegions(program);
   waitForAutosave(program);
   mirrorPages(program);
+  mirrorBook(program);
   mirrorKeys(program);
   mirrorMarks(program);
   window_.view().setAtTitle(program.state.phase == Phase::title);
