@@ -152,10 +152,13 @@ Outcome<Done> beginBook(Program& program, const BookWish& wish) {
 /// One line on how a book ended.
 std::string wordsOn(const BookEnd& end, const fs::path& file) {
   if (end.stopped) return "the book is cancelled; nothing is left of it";
-  const std::string why = end.complaints.empty() ? std::string() : end.complaints.back();
-  if (end.mazes == 0) return "no book is made: " + (why.empty() ? "nothing could be written" : why);
+  const std::vector<std::string>& why = end.complaints;
+  if (end.mazes == 0) {
+    std::string words = "no book is made: " + (why.empty() ? "nothing could be written" : why.back());
+    return why.size() > 1 ? words + "; " + why.front() : words;
+  }
   const std::string made = file.filename().string() + " is made, with " + mazesWords(end.mazes);
-  return why.empty() ? made : made + "; " + why;
+  return why.empty() ? made : made + "; " + why.front();
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ struct SmallPage {
 struct BookEnd {
   std::size_t mazes = 0;                ///< In the file that is there now; 0 where none is.
   bool stopped = false;                 ///< Somebody wanted it to end; nothing is there.
-  std::vector<std::string> complaints;  ///< Lines for a person; the last one says why nothing is there.
+  std::vector<std::string> complaints;  ///< For a person; the last line says why nothing is there.
 };
 
 /// What has happened to a book since the last news of it.

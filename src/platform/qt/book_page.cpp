@@ -66,7 +66,7 @@ class FormArea : public QScrollArea {
 
 BookPage::BookPage(QWidget* parent)
     : QWidget(parent),
-      drawing_(new QCheckBox("The &drawing on the Canvas", this)),
+      drawing_(new QCheckBox("The dra&wing on the Canvas", this)),
       sheet_(new QCheckBox("The s&heet of the workshop", this)),
       pictures_(new QListWidget(this)),
       names_(box("names", "none; a text with a name in each line")),
@@ -82,7 +82,8 @@ BookPage::BookPage(QWidget* parent)
       paper_(choices("paper", "a4", {"a4", "a3", "a5", "letter", "legal", "180x240mm"})),
       perPage_(choices("perpage", "1x1", {"1x1", "1x2", "2x2", "2x3", "3x4"})),
       answers_(choices("answers", "end", {"end", "after", "none", "answers.pdf"})),
-      answersPerPage_(choices("answersperpage", "3x4; 1x1 behind each", {"1x1", "1x2", "2x2", "3x4", "4x6"})),
+      answersPerPage_(
+          choices("answersperpage", "3x4; behind each as the mazes", {"1x1", "1x2", "2x2", "3x4", "4x6"})),
       why_(new QLabel(this)),
       line_(new QLineEdit(this)),
       strip_(new BookStrip(this)) {
@@ -104,6 +105,42 @@ BookPage::BookPage(QWidget* parent)
   column->addWidget(buildLine());
   column->addWidget(buildButtons());
   listenToChanges();
+  orderTabs();
+}
+
+/// From top to bottom, as they stand.
+void BookPage::orderTabs() {
+  QWidget* before = nullptr;
+  const auto next = [&before](QWidget* part) {
+    if (before != nullptr) setTabOrder(before, part);
+    before = part;
+  };
+  const auto named = [this](const char* name) { return findChild<QWidget*>(name); };
+  for (QWidget* part : {static_cast<QWidget*>(pictures_),
+                        named("add"),
+                        named("remove"),
+                        static_cast<QWidget*>(drawing_),
+                        static_cast<QWidget*>(sheet_),
+                        static_cast<QWidget*>(names_),
+                        named("choosenames"),
+                        static_cast<QWidget*>(number_),
+                        static_cast<QWidget*>(share_),
+                        static_cast<QWidget*>(kinds_),
+                        static_cast<QWidget*>(walls_),
+                        static_cast<QWidget*>(patterns_),
+                        static_cast<QWidget*>(paper_),
+                        static_cast<QWidget*>(perPage_),
+                        static_cast<QWidget*>(answers_),
+                        static_cast<QWidget*>(answersPerPage_),
+                        static_cast<QWidget*>(title_),
+                        static_cast<QWidget*>(caption_),
+                        static_cast<QWidget*>(seed_),
+                        static_cast<QWidget*>(file_),
+                        static_cast<QWidget*>(line_),
+                        named("copy"),
+                        named("make"),
+                        named("cancel")})
+    next(part);
 }
 
 QLineEdit* BookPage::box(const char* name, const char* placeholder) {
@@ -134,17 +171,16 @@ QWidget* BookPage::buildForm() {
   form->addRow("&Names", buildNames());
   form->addRow("Ma&zes", buildNumber());
   form->addRow("&Kinds", kinds_);
-  form->addRow("&Wall sizes in pixels", walls_);
+  form->addRow("Wall sizes in pi&xels", walls_);
   form->addRow("Pa&tterns", patterns_);
   form->addRow("Pape&r", paper_);
-  form->addRow("Ma&zes a page", perPage_);
+  form->addRow("Mazes a pa&ge", perPage_);
   form->addRow("&Answers", answers_);
-  form->addRow("Answers a pa&ge", answersPerPage_);
+  form->addRow("An&swers a page", answersPerPage_);
   form->addRow("Tit&le", title_);
   form->addRow("Capt&ions", caption_);
   form->addRow("S&eed", seed_);
   form->addRow("&File", file_);
-  form->labelForField(pictures_->parentWidget())->setObjectName("picturesLabel");
   static_cast<QLabel*>(form->labelForField(pictures_->parentWidget()))->setBuddy(pictures_);
   static_cast<QLabel*>(form->labelForField(names_->parentWidget()))->setBuddy(names_);
   static_cast<QLabel*>(form->labelForField(number_->parentWidget()))->setBuddy(number_);
@@ -160,7 +196,7 @@ QWidget* BookPage::buildPictures() {
   pictures_->setFixedHeight(kListRows * (pictures_->fontMetrics().height() + 4) +
                             2 * pictures_->frameWidth());
   pictures_->setToolTip("pictures and drawings; they can be dropped here too");
-  auto* add = button(this, "add", "Add&…", "pictures and drawings, from any folder");
+  auto* add = button(this, "add", "A&dd…", "pictures and drawings, from any folder");
   auto* remove = button(this, "remove", "Remo&ve", "takes those that are marked off the list");
   connect(add, &QPushButton::clicked, this, [this] { onAddPictures(); });
   connect(remove, &QPushButton::clicked, this, [this] { removePictures(); });
@@ -236,7 +272,7 @@ void BookPage::listenToChanges() {
   connect(pictures_->model(), &QAbstractItemModel::rowsRemoved, this, changed);
 }
 
-QWidget* BookPage::first() const { return title_; }
+QWidget* BookPage::first() const { return number_; }
 
 void BookPage::removePictures() { qDeleteAll(pictures_->selectedItems()); }
 

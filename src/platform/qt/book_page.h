@@ -53,6 +53,7 @@ class BookPage : public QWidget {
   QLineEdit* box(const char* name, const char* placeholder);
   QComboBox* choices(const char* name, const char* placeholder, const QStringList& words);
   void listenToChanges();
+  void orderTabs();
   void removePictures();
   void show(const BookWish& wish);
   void showLine();
