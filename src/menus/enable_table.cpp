@@ -57,6 +57,7 @@ constexpr auto kTable = std::to_array<Rule>({
     {Item::printpreview, kWorking, kNothing},
     {Item::exportmaze, kWhole, kNoSearch},
     {Item::copymaze, kWhole, kNoSearch},
+    {Item::makebook, kDrawing, kBesideNoRun},
     {Item::showregions, kDrawing, kBesideNoRun},
     {Item::undo, phases(Phase::drawing, Phase::making), kBesideNoRun | kUndo},
     {Item::redo, kDrawing, kBesideNoRun | kRedo},

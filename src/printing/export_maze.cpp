@@ -105,7 +105,7 @@ Outcome<Done> write(Program& program, const ExportWish& wish, const fs::path& pa
   look.ends.clear();
   look.setup.title.clear();
   look.setup.nameLine = look.setup.endWords = false;
-  look.setup.tiles = {};
+  look.setup.tiles = {};  // one page, however pages are spread
   const UsualPaper usual = program.platform.usualPaper();
   const int scale = scaleOnPage({picture.width, picture.height}, look.setup, usual, wish.dpi);
   return program.platform.writePicture({picture, format, scale, wish.dpi, look, usual}, path);

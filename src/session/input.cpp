@@ -13,6 +13,7 @@
 #include "printing/page_setup.h"
 #include "printing/print_job.h"
 #include "session/arrivals.h"
+#include "session/book_panel.h"
 #include "session/heard.h"
 #include "session/keys.h"
 #include "session/main_loop.h"
@@ -221,6 +222,12 @@ void copyAsked(Program& program) {
   if (program.menus.available(Item::copymaze)) return menuClick(program, Item::copymaze);
   if (!closesView(program)) tellNotTaken(program);
 }
+
+void bookFilled(Program& program, const BookWish& wish) { fillBook(program, wish); }
+void bookAccepted(Program& program, const BookWish& wish) { acceptBook(program, wish); }
+void bookEscaped(Program& program) { leaveBook(program); }
+void bookCancelled(Program& program) { cancelBook(program); }
+void bookPagesAsked(Program& program, bool shown) { showBookPages(program, shown); }
 
 void resized(Program& program, Size size) {
   hideRegions(program);

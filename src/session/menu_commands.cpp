@@ -24,6 +24,7 @@
 #include "printing/print_job.h"
 #include "printing/print_window.h"
 #include "session/arrivals.h"
+#include "session/book_panel.h"
 #include "session/defaults.h"
 #include "session/heard.h"
 #include "session/maze_commands.h"
@@ -131,6 +132,7 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::printpreview, printpreview},
     {Item::exportmaze, exportmaze},
     {Item::copymaze, copymaze},
+    {Item::makebook, makebook},
     {Item::showregions, showregions},
     {Item::undo, undo},
     {Item::redo, redo},

@@ -30,6 +30,7 @@ inline constexpr auto kMenuTips = std::to_array<MenuTip>({
     {Item::printpreview, "the page that the window would be"},
     {Item::exportmaze, "this picture as a PNG, SVG or PDF, with its answer or without"},
     {Item::copymaze, "this picture for another program, to paste into a letter or a worksheet"},
+    {Item::makebook, "many mazes and their answers in one PDF, from pictures, names and this drawing"},
     {Item::undo, "takes back what was done last"},
     {Item::redo, "does again what was taken back last"},
     {Item::markcolours, "a letter on each of the sixteen colours, and shapes on start and finish"},

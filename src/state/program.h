@@ -17,6 +17,7 @@
 #include "files/step_files.h"
 #include "files/work_folder.h"
 #include "files/work_pictures.h"
+#include "state/book_panel.h"
 #include "state/controls.h"
 #include "state/export_panel.h"
 #include "state/hearing.h"
@@ -75,6 +76,7 @@ struct Program {
   PreparePanel prepare;
   PagePanel pages;
   ExportPanel exporting;
+  BookPanel book;
   Workshop workshop;
   RegionsView regions;
   KeysSheet keys;

@@ -128,6 +128,20 @@ TEST(ThePreview, ShowsThePageInADialogOfQts) {
         const auto* pages = dialog.findChild<QPrintPreviewWidget*>();
         ASSERT_NE(pages, nullptr);
         EXPECT_EQ(dialog.printer()->pageLayout().orientation(), QPageLayout::Portrait);
+        EXPECT_EQ(pages->pageCount(), 1);
+      }));
+}
+
+TEST(ThePreview, ShowsEverySheetOfAPageThatIsSpread) {
+  Session session;
+  session.program.menus.setVisible(Item::filet, true);
+  session.program.pages.setup.tiles = {3, 2};
+  EXPECT_TRUE(seen<QPrintPreviewDialog>(
+      session, [&] { input::menuClick(session.program, Item::printpreview); },
+      [](QPrintPreviewDialog& dialog) {
+        const auto* pages = dialog.findChild<QPrintPreviewWidget*>();
+        ASSERT_NE(pages, nullptr);
+        EXPECT_EQ(pages->pageCount(), 6);
       }));
 }
 

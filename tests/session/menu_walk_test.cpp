@@ -74,6 +74,7 @@ const std::array kRows = {
     Row{Item::printpreview, ".xxxxx", false, false, true},
     Row{Item::exportmaze, ".x.xxx", false, false, true},
     Row{Item::copymaze, ".x.xxx", false, false, true},
+    Row{Item::makebook, ".x...."},
     Row{Item::showregions, ".x...."},
     Row{Item::undo, ".xx..."},
     Row{Item::redo, ".x...."},

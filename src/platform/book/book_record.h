@@ -105,6 +105,7 @@ struct BookPlan {
 
 /// What is done with the plan in this run: none of it changes a byte of the book.
 struct BookRun {
+  std::filesystem::path folder;  ///< Where names without a whole path lie; empty for the present one.
   std::filesystem::path output = "book.pdf";
   std::filesystem::path answersFile;  ///< With `Answers::file` alone.
   std::filesystem::path list;         ///< Empty for none.

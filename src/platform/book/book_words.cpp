@@ -124,6 +124,14 @@ std::optional<ColourPair> colourPairOf(std::string_view word) {
   return ColourPair{*ground, *corridor};
 }
 
+// What prints numbers for people asks their language, and a page has its words from no desktop.
+std::string pointNumber(double number, int digits) {
+  std::array<char, 400> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, digits).ptr;
+  return {text.data(), end};
+}
+
 std::optional<int> wholeNumberOf(std::string_view word, int least, int most) {
   int number = 0;
   const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);

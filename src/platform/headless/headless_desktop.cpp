@@ -123,6 +123,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"copyfile", &HeadlessDesktop::copyfile},
       {"editelsewhere", &HeadlessDesktop::editelsewhere},
       {"startat", &HeadlessDesktop::startat},
+      {"book", &HeadlessDesktop::book},
   });
   applyEnableTableIfChanged(program);
   const auto* verb =

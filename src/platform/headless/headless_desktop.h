@@ -81,6 +81,7 @@ class HeadlessDesktop : public Platform {
   Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) override;
   bool copyPicture(const BitmapView& picture, const std::string& svg) override;
   std::uint32_t clockSeed() override { return seed_; }
+  Outcome<Done> makeBook(Program& program, const BookOrder& order) override;
 
   /// Writes the collected pages, if a document was asked for.
   Outcome<Done> writeDocument();
@@ -123,6 +124,7 @@ class HeadlessDesktop : public Platform {
   Turn cancel(Program& program, const ScriptLine& line);
   Turn pagesetup(Program& program, const ScriptLine& line);
   Turn exportPicture(Program& program, const ScriptLine& line);
+  Turn book(Program& program, const ScriptLine& line);
   Turn newsheet(Program& program, const ScriptLine& line);
   Turn tool(Program& program, const ScriptLine& line);
   Turn press(Program& program, const ScriptLine& line);

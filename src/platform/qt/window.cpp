@@ -35,6 +35,7 @@ Window::Window()
   auto* row = new QHBoxLayout;
   row->setSpacing(0);
   row->addWidget(statusLine_, 1);
+  bookBar_ = new BookBar(inside_, row);
   runCancel_ = new RunCancel(inside_, row);
   column->addLayout(row);
   setCentralWidget(inside_);
