@@ -42,18 +42,18 @@ class StillDesktop : public Platform {
   }
   PictureWork& pictureWork() override { std::abort(); }
   InkWork& inkWork() override { std::abort(); }
-  Outcome<Done> savePng(const BitmapView&, const std::filesystem::path&) override { return Done{}; }
+  Outcome<Done> savePng(const BitmapView&, const FilePlace&) override { return Done{}; }
   bool openElsewhere(const std::filesystem::path&) override { return false; }
   std::optional<std::filesystem::path> choosePicture() override { return std::nullopt; }
   Outcome<Pasted> pasted() override { return Fault{Fault::Kind::notFound, "there is no picture to paste"}; }
-  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override {
-    const auto found = pictures.find(path.filename().string());
-    if (found == pictures.end()) return Fault{Fault::Kind::notFound, path.string()};
+  Outcome<Bitmap> loadBitmap(const FilePlace& place) override {
+    const auto found = pictures.find(place.filename());
+    if (found == pictures.end()) return Fault{Fault::Kind::notFound, place.path().string()};
     return found->second;
   }
-  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place,
                                Overwrite /*how*/) override {
-    pictures[path.filename().string()] = picture.copied();
+    pictures[place.filename()] = picture.copied();
     return FileMark{};
   }
   Outcome<Done> printForm(const BitmapView& /*picture*/, const PageLook& /*look*/) override { return Done{}; }

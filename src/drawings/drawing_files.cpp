@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -39,36 +38,37 @@ bool isOwnPicture(std::string_view base) {
   return false;
 }
 
+std::string nameOf(const FilePlace& record) { return fs::path(record.filename()).stem().string(); }
+
+bool endsIn(std::string_view name, std::string_view ending) {
+  return name.size() >= ending.size() && equalButForCase(name.substr(name.size() - ending.size()), ending);
+}
+
 PairPaths pairOf(const WorkFolder& folder, const std::string& base) {
   // An existing spelling of the record wins for both files.
-  const fs::path record = folder.resolve(base + std::string(kRecordEnding));
-  const std::string spelt = record.stem().string();
+  const FilePlace record = folder.resolve(base + std::string(kRecordEnding));
+  const std::string spelt = nameOf(record);
   return {record, folder.resolve(spelt + std::string(kBitmapEnding))};
 }
 
 /// What the files that a save is about to replace will be called; empty where there are none.
 std::string namesOfEarlier(const PairPaths& paths) {
   std::string names;
-  for (const fs::path& path : {paths.record, paths.bitmap}) {
-    std::error_code failed;
-    if (fs::exists(path, failed))
-      names += (names.empty() ? "" : " and ") + earlierName(path).filename().string();
+  for (const FilePlace& place : {paths.record, paths.bitmap}) {
+    if (isThere(place)) names += (names.empty() ? "" : " and ") + earlierName(place).filename();
   }
   return names;
 }
 
 Outcome<Done> savePair(Program& program, const std::string& base) {
   const PairPaths paths = pairOf(*program.files, base);
-  for (const fs::path& path : {paths.record, paths.bitmap}) {
-    if (isNoPlainFile(path)) return Fault{Fault::Kind::notPlain, path.string()};
+  for (const FilePlace& place : {paths.record, paths.bitmap}) {
+    if (isNoPlainFile(place)) return Fault{Fault::Kind::notPlain, place.path().string()};
   }
   recoverPair(paths);
-  std::error_code failed;
   // An older save whose record can't take its name would be taken for this one's, were this one cut off.
-  if (fs::exists(paths.readyRecord(), failed)) return Fault{Fault::Kind::notWritable, paths.record.string()};
-  const fs::path record = paths.buildingRecord();
-  if (auto written = program.files->writeText(record.filename().string(), formatDrawing(recordOf(program)));
-      !written) {
+  if (isThere(paths.readyRecord())) return Fault{Fault::Kind::notWritable, paths.record.path().string()};
+  if (auto written = replacePlainFile(paths.buildingRecord(), formatDrawing(recordOf(program))); !written) {
     recoverPair(paths);
     return written.fault();
   }
@@ -81,7 +81,7 @@ Outcome<Done> savePair(Program& program, const std::string& base) {
   const std::string earlier = namesOfEarlier(paths);
   auto taken = takePairOver(paths);
   if (taken && !earlier.empty()) {
-    program.notices.tell(paths.record.stem().string() + " is saved; the one before it stays as " + earlier);
+    program.notices.tell(nameOf(paths.record) + " is saved; the one before it stays as " + earlier);
   }
   return taken;
 }
@@ -89,7 +89,7 @@ Outcome<Done> savePair(Program& program, const std::string& base) {
 /// What a save can have left behind; a link is none of its files.
 std::vector<std::string> plainFiles(const WorkFolder& folder, const std::string& ending) {
   std::vector<std::string> names = folder.list(ending);
-  std::erase_if(names, [&](const std::string& name) { return isNoPlainFile(folder.path() / name); });
+  std::erase_if(names, [&](const std::string& name) { return isNoPlainFile(folder.at(name)); });
   return names;
 }
 
@@ -109,9 +109,10 @@ bool isNameForDrawing(std::string_view base) { return staysInFolder(base) && !is
 
 void recoverSaves(const WorkFolder& folder) {
   recoverLastPictures(folder);
-  // A bitmap that was cut off while it got its building name.
-  for (const std::string& name : plainFiles(folder, std::string(kBitmapEnding) + ".building.building")) {
-    removeLeftOver(folder.path() / name);
+  // What was cut off before it got its building name.
+  for (const std::string& name : plainFiles(folder, ".building")) {
+    const std::string target = targetOfBuilding(targetOfBuilding(name));
+    if (endsIn(target, kBitmapEnding) || endsIn(target, kRecordEnding)) removeLeftOver(folder.at(name));
   }
   // The bitmap's name may be spelt unlike the record's: a pair is found by its name without case.
   std::map<std::string, PairPaths> pairs;
@@ -126,14 +127,14 @@ void recoverSaves(const WorkFolder& folder) {
       const std::string target = name.substr(0, name.size() - ending.added.size());
       const std::string base = target.substr(0, target.rfind('.'));
       PairPaths& pair = pairs.try_emplace(inLowerCase(base), pairOf(folder, base)).first->second;
-      (ending.target == kBitmapEnding ? pair.bitmap : pair.record) = folder.path() / target;
+      (ending.target == kBitmapEnding ? pair.bitmap : pair.record) = folder.at(target);
     }
   }
   for (const auto& [base, pair] : pairs) recoverPair(pair);
   const std::string held = "~.building";
   for (const MazeKind kind : {MazeKind::regular, MazeKind::pipe, MazeKind::threeD}) {
     for (const std::string& name : plainFiles(folder, std::string(setEnding(kind)) + held))
-      recoverEarlier(folder.path() / name.substr(0, name.size() - held.size()));
+      recoverEarlier(folder.at(name.substr(0, name.size() - held.size())));
   }
 }
 
@@ -151,6 +152,7 @@ void saveEntered(Program& program) {
   program.state.finishFound = false;
   const std::string base = baseName(program.controls[ControlId::text1].text);
   closePanel(program, kSavePanel);
+  program.files->tellIfMoved();
   const auto saved =
       isNameForDrawing(base) ? savePair(program, base) : Outcome<Done>(Fault{Fault::Kind::notWritable, base});
   if (!saved) {
@@ -200,11 +202,11 @@ Outcome<SavedDrawing> readDrawing(Program& program, const fs::path& record) {
     const bool broken = drawing.fault().kind == Fault::Kind::malformed;
     return Fault{drawing.fault().kind, name + (broken ? " is no Gridwright drawing" : " cannot be opened")};
   }
-  const fs::path bitmap = pairOf(folder, base).bitmap;
+  const FilePlace bitmap = pairOf(folder, base).bitmap;
   auto picture = program.platform.loadBitmap(bitmap);
   if (!picture)
     return Fault{picture.fault().kind,
-                 name + " has no picture: " + bitmap.filename().string() + " beside it cannot be read"};
+                 name + " has no picture: " + bitmap.filename() + " beside it cannot be read"};
   return SavedDrawing{drawing.value(), std::move(picture.value())};
 }
 

@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 #include "canvas/size_words.h"
 #include "drawings/last_picture.h"
+#include "files/plain_file.h"
 #include "menus/menu_rules.h"
 #include "menus/panels.h"
 
@@ -24,35 +24,32 @@ constexpr std::array<std::string_view, 8> kOtherEndings = {".png",  ".jpg", ".jp
 
 std::string bitmapName(const std::string& base) { return base + ".bmp"; }
 
-bool isFile(const fs::path& path) {
-  std::error_code failed;
-  return fs::is_regular_file(path, failed);
-}
-
-/// The picture of another format that was meant: the file typed, else one of the base name; empty if none.
-fs::path otherPicture(const Program& program, std::string_view typed, const std::string& base) {
+/// The name of the picture of another format that was meant: the file typed, else one of the base name; empty
+/// if none.
+std::string otherPicture(const Program& program, std::string_view typed, const std::string& base) {
   typed.remove_prefix(std::min(typed.find_first_not_of(' '), typed.size()));
   if (!staysInFolder(base)) return {};
   if (staysInFolder(typed) && typed != base) {
-    if (fs::path path = program.files->resolve(typed); isFile(path)) return path;
+    if (const FilePlace place = program.files->resolve(typed); leadsToFile(place)) return place.filename();
   }
   for (const std::string_view ending : kOtherEndings) {
-    if (fs::path path = program.files->resolve(base + std::string(ending)); isFile(path)) return path;
+    const FilePlace place = program.files->resolve(base + std::string(ending));
+    if (leadsToFile(place)) return place.filename();
   }
   return {};
 }
 
 void tellWhyNot(Program& program, const Fault& fault, const std::string& typed, const std::string& base) {
   const bool isThere = fault.kind != Fault::Kind::notFound;
-  const fs::path path =
-      isThere ? program.files->resolve(bitmapName(base)) : otherPicture(program, typed, base);
-  const std::string name = path.filename().string();
+  const std::string name =
+      isThere ? program.files->resolve(bitmapName(base)).filename() : otherPicture(program, typed, base);
   if (name.empty()) return;  // nothing lies there: the message says all
   if (fault.kind == Fault::Kind::malformed) {
     program.notices.tell(name + " cannot be read: " + fault.words);
   } else if (fault.kind == Fault::Kind::notReadable) {
     program.notices.tell(name + " cannot be opened");
-  } else if (fault.kind == Fault::Kind::notFound && equalButForCase(path.extension().string(), ".bmp")) {
+  } else if (fault.kind == Fault::Kind::notFound &&
+             equalButForCase(fs::path(name).extension().string(), ".bmp")) {
     program.notices.tell(name + " was looked for as " + bitmapName(base) +
                          ": a name ends at its first point");
   } else {

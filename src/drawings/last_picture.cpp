@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "drawings/import_drawing.h"
@@ -35,15 +34,15 @@ void tellIfUnwritable(Program& program) {
 /// Writes over a picture by `save`, which says whether it did; one of another drawing stays as the one
 /// before, and where it cannot nothing is written.
 template <class Save>
-bool saveOver(const fs::path& path, bool isFirst, const Save& save) {
-  const bool holds = isFirst && !isNoPlainFile(path);
-  if (holds && !holdEarlier(path)) return false;
+bool saveOver(const FilePlace& place, bool isFirst, const Save& save) {
+  const bool holds = isFirst && !isNoPlainFile(place);
+  if (holds && !holdEarlier(place)) return false;
   const bool saved = save();
   if (!holds) return saved;
   if (saved) {
-    keepEarlier(path);
+    keepEarlier(place);
   } else {
-    dropEarlier(path);
+    dropEarlier(place);
   }
   return saved;
 }
@@ -52,6 +51,7 @@ bool saveOver(const fs::path& path, bool isFirst, const Save& save) {
 /// \returns the folder that the picture is in now; empty for nowhere.
 fs::path keep(Program& program, std::string_view name, const BitmapView& picture, const fs::path& place) {
   const fs::path& here = program.files->path();
+  program.files->tellIfMoved();
   if (program.pictures.holds(name, picture)) return here;
   if (saveOver(program.files->resolve(name), place != here,
                [&] { return program.pictures.save(name, picture, Overwrite::atOnce); })) {
@@ -107,17 +107,17 @@ Bitmap drawingBeneathMaze(Program& program) {
 /// Where a run before left its picture: in the data folder when the working folder took nothing then.
 fs::path placeOfRunBefore(const Program& program, std::string_view name) {
   if (!program.files->takesFiles()) return otherPlace(program);
-  std::error_code noOther, noOwn;
-  const auto other = fs::last_write_time(program.dataFolder / name, noOther);
-  const auto own = fs::last_write_time(program.files->resolve(name), noOwn);
-  const bool isNewer = !program.dataFolder.empty() && !noOther && !noOwn && other > own;
+  const auto other = changedAt(program.dataFolder / name);
+  const auto own = changedAt(program.files->resolve(name));
+  const bool isNewer = !program.dataFolder.empty() && other && own && *other > *own;
   return isNewer ? program.dataFolder : program.files->path();
 }
 
 Outcome<Bitmap> loadFrom(Program& program, const fs::path& place, std::string_view name, bool earlier) {
   if (place.empty()) return Fault{Fault::Kind::notFound, std::string(name)};
-  const fs::path path = WorkFolder(place).resolve(name);
-  return program.platform.loadBitmap(earlier ? earlierName(path) : path);
+  const FilePlace file =
+      place == program.files->path() ? program.files->resolve(name) : WorkFolder(place).resolve(name);
+  return program.platform.loadBitmap(earlier ? earlierName(file) : file);
 }
 
 /// The picture under the name: this drawing's, or what the one before left.
@@ -204,8 +204,8 @@ std::optional<KeptSheet> keptSheet(Program& program) {
 
 void recoverLastPictures(const WorkFolder& folder) {
   for (const std::string_view name : {kLastDrawing, kLastSheet}) {
-    const fs::path path = folder.resolve(name);
-    if (isHeld(path) && !isNoPlainFile(heldName(path))) recoverEarlier(path);
+    const FilePlace place = folder.resolve(name);
+    if (isHeld(place) && !isNoPlainFile(heldName(place))) recoverEarlier(place);
   }
 }
 
@@ -213,8 +213,8 @@ void tellOfFolder(Program& program) {
   std::string words = std::exchange(program.wordsAtBegin, {});
   if (!words.empty()) program.files->tell(std::move(words));
   tellIfUnwritable(program);
-  const fs::path last = program.files->resolve(kLastDrawing);
-  if (isNoPlainFile(last)) program.files->tellIfNoPlainFile({Fault::Kind::notPlain, last.string()});
+  const FilePlace last = program.files->resolve(kLastDrawing);
+  if (isNoPlainFile(last)) program.files->tellIfNoPlainFile({Fault::Kind::notPlain, last.path().string()});
   program.files->tellThrough(
       [&desktop = program.platform](std::string_view told) { desktop.messageBox(told); });
 }

@@ -1,77 +1,53 @@
 #include "files/earlier_one.h"
 
-#include <system_error>
+#include <unistd.h>
 
 #include "files/plain_file.h"
 
 namespace gridwright {
 
-namespace fs = std::filesystem;
-
 namespace {
 
-bool mayBeReplaced(const fs::path& path) {
-  std::error_code failed;
-  const fs::file_type type = fs::symlink_status(path, failed).type();
-  return type == fs::file_type::not_found || type == fs::file_type::regular;
-}
-
-bool haveEqualBytes(const fs::path& a, const fs::path& b) {
+bool haveEqualBytes(const FilePlace& a, const FilePlace& b) {
   const auto first = readPlainFile(a);
   const auto second = readPlainFile(b);
   return first && second && first.value() == second.value();
 }
 
-void removeQuietly(const fs::path& path) {
-  std::error_code ignored;
-  fs::remove(path, ignored);
+/// The same bytes under another name: where the disk gives a file one name only.
+bool copyFile(const FilePlace& from, const FilePlace& to) {
+  const auto bytes = readPlainFile(from);
+  return bytes && replacePlainFile(to, bytes.value());
 }
 
 }  // namespace
 
-fs::path earlierName(fs::path target) { return target += "~"; }
+FilePlace earlierName(const FilePlace& target) { return target.with("~"); }
 
-fs::path heldName(const fs::path& target) { return earlierName(target) += ".building"; }
+FilePlace heldName(const FilePlace& target) { return buildingName(earlierName(target)); }
 
-bool holdEarlier(const fs::path& target) {
-  const fs::path held = heldName(target);
-  removeQuietly(held);  // of a save that was cut off
-  std::error_code failed;
-  if (!fs::exists(target, failed)) return true;
-  if (!mayBeReplaced(earlierName(target))) return false;
-  fs::create_hard_link(target, held, failed);
-  if (!failed) return true;
-  fs::copy_file(target, held, failed);  // where the disk gives a file one name only
-  if (failed) removeQuietly(held);
-  return !failed;
+bool holdEarlier(const FilePlace& target) {
+  const FilePlace held = heldName(target);
+  if (!removeFile(held)) return false;  // of a save that was cut off
+  if (!isThere(target)) return true;
+  if (isNoPlainFile(earlierName(target))) return false;
+  return ::linkat(target.folder(), target.name(), held.folder(), held.name(), 0) == 0 ||
+         copyFile(target, held);
 }
 
-bool isHeld(const fs::path& target) {
-  std::error_code failed;
-  return fs::exists(heldName(target), failed);
+bool isHeld(const FilePlace& target) { return isThere(heldName(target)); }
+
+void keepEarlier(const FilePlace& target) { renameFile(heldName(target), earlierName(target)); }
+
+void dropEarlier(const FilePlace& target) { removeFile(heldName(target)); }
+
+bool putEarlierBack(const FilePlace& target) {
+  return isHeld(target) ? renameFile(heldName(target), target) : removeFile(target);
 }
 
-void keepEarlier(const fs::path& target) {
-  std::error_code ignored;
-  fs::rename(heldName(target), earlierName(target), ignored);
-}
-
-void dropEarlier(const fs::path& target) { removeQuietly(heldName(target)); }
-
-bool putEarlierBack(const fs::path& target) {
-  std::error_code failed;
-  if (isHeld(target)) {
-    fs::rename(heldName(target), target, failed);
-  } else {
-    fs::remove(target, failed);
-  }
-  return !failed;
-}
-
-void recoverEarlier(const fs::path& target) {
-  std::error_code failed;
+void recoverEarlier(const FilePlace& target) {
   // Equal bytes: held by a copy, where the disk gives a file one name only.
-  if (fs::equivalent(target, heldName(target), failed) || haveEqualBytes(target, heldName(target))) {
+  if (isSameFile(target, heldName(target)) || haveEqualBytes(target, heldName(target))) {
     dropEarlier(target);
   } else {
     keepEarlier(target);

@@ -4,33 +4,33 @@
 // the NAME~ of the save before is still there.
 #pragma once
 
-#include <filesystem>
+#include "files/file_place.h"
 
 namespace gridwright {
 
 /// What a file is called once another was saved over it.
-std::filesystem::path earlierName(std::filesystem::path target);
+FilePlace earlierName(const FilePlace& target);
 /// What it is called until the save is through.
-std::filesystem::path heldName(const std::filesystem::path& target);
+FilePlace heldName(const FilePlace& target);
 
 /// Gives what lies under the target's name its held name too; the target stays where it is.
 /// \returns false when it cannot be held, or could not become NAME~ later; true where nothing lies there.
-bool holdEarlier(const std::filesystem::path& target);
+bool holdEarlier(const FilePlace& target);
 
 /// Whether something is held for the target.
-bool isHeld(const std::filesystem::path& target);
+bool isHeld(const FilePlace& target);
 
 /// The target is a new file now: what is held becomes NAME~.
-void keepEarlier(const std::filesystem::path& target);
+void keepEarlier(const FilePlace& target);
 
 /// The target keeps what it has: nothing is held any more.
-void dropEarlier(const std::filesystem::path& target);
+void dropEarlier(const FilePlace& target);
 
 /// The target was a new file already and must not be: what is held takes its place again; where nothing is
 /// held nothing was there, and the target goes. \returns whether all is as it was.
-bool putEarlierBack(const std::filesystem::path& target);
+bool putEarlierBack(const FilePlace& target);
 
 /// After a save of a single file that was cut off: what it held is kept if the target is a new file by now.
-void recoverEarlier(const std::filesystem::path& target);
+void recoverEarlier(const FilePlace& target);
 
 }  // namespace gridwright

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -11,14 +12,10 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
-#include <random>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 namespace gridwright {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -26,11 +23,11 @@ constexpr int kOwnWay = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 constexpr std::string_view kBuilding = ".building";
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";
 constexpr std::size_t kFreshLetters = 8;
-constexpr int kMostTries = 8;                    // at a name that others keep taking away
+constexpr int kMostTries = 100;  // at a name that is not taken; the first nearly always is none
 constexpr std::ptrdiff_t kMostPieces = IOV_MAX;  // that the system takes at once
 
-Fault notWritable(const fs::path& path) { return {Fault::Kind::notWritable, path.string()}; }
-Fault notPlain(const fs::path& path) { return {Fault::Kind::notPlain, path.string()}; }
+Fault notWritable(const FilePlace& place) { return {Fault::Kind::notWritable, place.path().string()}; }
+Fault notPlain(const FilePlace& place) { return {Fault::Kind::notPlain, place.path().string()}; }
 
 /// What is known of an open file; nothing plain when that is nothing.
 struct stat about(const OpenFile& file) {
@@ -39,15 +36,22 @@ struct stat about(const OpenFile& file) {
   return known;
 }
 
+/// What is known of the name itself, or of what it leads to; nothing where that is nothing.
+std::optional<struct stat> named(const FilePlace& place, int flags = AT_SYMLINK_NOFOLLOW) {
+  struct stat known {};
+  if (::fstatat(place.folder(), place.name(), &known, flags) != 0) return std::nullopt;
+  return known;
+}
+
 /// A whole file takes its name. Where two files change names none is renamed over another, and the file
 /// system has nothing to hurry with; the old file is gone before it was ever on the disk.
-bool takePlace(const fs::path& building, const fs::path& path, Overwrite how) {
+bool takePlace(const FilePlace& building, const FilePlace& place, Overwrite how) {
   if (how == Overwrite::unhurried &&
-      ::renameat2(AT_FDCWD, building.c_str(), AT_FDCWD, path.c_str(), RENAME_EXCHANGE) == 0) {
-    ::unlink(building.c_str());
+      ::renameat2(building.folder(), building.name(), place.folder(), place.name(), RENAME_EXCHANGE) == 0) {
+    removeFile(building);
     return true;
   }
-  return ::rename(building.c_str(), path.c_str()) == 0;
+  return renameFile(building, place);
 }
 
 FileMark markIn(const struct stat& known) {
@@ -55,38 +59,18 @@ FileMark markIn(const struct stat& known) {
           known.st_mtim.tv_nsec};
 }
 
-/// Whether the name leads to this open file, and no other name does.
-bool isNamed(const fs::path& path, const OpenFile& file) {
-  const struct stat open = about(file);
-  struct stat named {};
-  return open.st_nlink == 1 && ::lstat(path.c_str(), &named) == 0 && named.st_dev == open.st_dev &&
-         named.st_ino == open.st_ino;
-}
+/// Whether the open file still has its one name: between its making and its hold another program may have
+/// taken it for a left-over.
+bool hasName(const OpenFile& file) { return about(file).st_nlink > 0; }
 
-/// Opens a plain file as it is; an empty one is made when nothing was there.
-Outcome<OpenFile> openAsItIs(const fs::path& path) {
-  OpenFile file(::open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | kOwnWay, 0666));
-  if (!file) return isNoPlainFile(path) ? notPlain(path) : notWritable(path);
-  if (!S_ISREG(about(file).st_mode)) return notPlain(path);
-  return file;
-}
-
-/// The same; but a file that has another name too is left to that one, and a new one made.
-Outcome<OpenFile> openUnshared(const fs::path& path) {
-  auto file = openAsItIs(path);
-  if (!file || about(file.value()).st_nlink <= 1) return file;
-  ::unlink(path.c_str());
-  file = openAsItIs(path);
-  if (file && about(file.value()).st_nlink > 1) return notWritable(path);
-  return file;
-}
-
-/// A file that is empty already is left alone: ext4 takes any cut to nothing for a file that is written anew
-/// in place, and hurries it to the disk at its close.
-Outcome<OpenFile> emptied(Outcome<OpenFile> file, const fs::path& path) {
-  if (file && about(file.value()).st_size != 0 && ::ftruncate(file.value().descriptor(), 0) != 0)
-    return notWritable(path);
-  return file;
+/// Letters that the system draws, so that nobody knows them before; none where it gives none.
+std::string freshLetters() {
+  std::array<unsigned char, kFreshLetters> drawn{};
+  if (::getrandom(drawn.data(), drawn.size(), 0) != static_cast<ssize_t>(drawn.size())) return {};
+  std::string letters(kFreshLetters, 'a');
+  std::transform(drawn.begin(), drawn.end(), letters.begin(),
+                 [](unsigned char byte) { return kLetters[byte % kLetters.size()]; });
+  return letters;
 }
 
 /// The pieces that hold anything, as the system takes them.
@@ -112,59 +96,58 @@ std::vector<iovec>::iterator afterBytes(std::vector<iovec>::iterator next, std::
 
 }  // namespace
 
-OpenFile& OpenFile::operator=(OpenFile&& other) noexcept {
-  if (this != &other) {
-    close();
-    descriptor_ = other.release();
-  }
-  return *this;
+bool isNoPlainFile(const FilePlace& place) {
+  const auto known = named(place);
+  return known && !S_ISREG(known->st_mode);
 }
 
-int OpenFile::release() { return std::exchange(descriptor_, -1); }
-
-void OpenFile::close() {
-  if (descriptor_ >= 0) ::close(release());
+bool leadsToFile(const FilePlace& place) {
+  const auto known = named(place, 0);
+  return known && S_ISREG(known->st_mode);
 }
 
-bool isNoPlainFile(const fs::path& path) {
-  struct stat known {};
-  return ::lstat(path.c_str(), &known) == 0 && !S_ISREG(known.st_mode);
+bool isThere(const FilePlace& place) { return named(place).has_value(); }
+
+bool isSameFile(const FilePlace& a, const FilePlace& b) {
+  const auto first = named(a);
+  const auto second = named(b);
+  return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
 }
 
-Outcome<std::string> readPlainFile(const fs::path& path, std::uintmax_t most) {
-  const OpenFile file(::open(path.c_str(), O_RDONLY | kOwnWay));
+std::optional<std::pair<std::int64_t, std::int64_t>> changedAt(const FilePlace& place) {
+  const auto known = named(place, 0);
+  if (!known) return std::nullopt;
+  return std::pair<std::int64_t, std::int64_t>(known->st_mtim.tv_sec, known->st_mtim.tv_nsec);
+}
+
+bool renameFile(const FilePlace& from, const FilePlace& to) {
+  return ::renameat(from.folder(), from.name(), to.folder(), to.name()) == 0;
+}
+
+bool removeFile(const FilePlace& place) {
+  return ::unlinkat(place.folder(), place.name(), 0) == 0 || errno == ENOENT ||
+         ::unlinkat(place.folder(), place.name(), AT_REMOVEDIR) == 0;
+}
+
+Outcome<std::string> readPlainFile(const FilePlace& place, std::uintmax_t most) {
+  const OpenFile file(::openat(place.folder(), place.name(), O_RDONLY | kOwnWay));
   if (!file) {
-    std::error_code failed;
-    return Fault{fs::is_regular_file(path, failed) ? Fault::Kind::notReadable : Fault::Kind::notFound,
-                 path.string()};
+    return Fault{leadsToFile(place) ? Fault::Kind::notReadable : Fault::Kind::notFound,
+                 place.path().string()};
   }
   const struct stat known = about(file);
-  if (!S_ISREG(known.st_mode)) return Fault{Fault::Kind::notFound, path.string()};
+  if (!S_ISREG(known.st_mode)) return Fault{Fault::Kind::notFound, place.path().string()};
   std::string bytes;
   bytes.reserve(std::min(static_cast<std::uintmax_t>(known.st_size), most));
   std::array<char, 65536> block{};
   for (;;) {
     const ssize_t count = ::read(file.descriptor(), block.data(), block.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return Fault{Fault::Kind::notReadable, path.string()};
+    if (count < 0) return Fault{Fault::Kind::notReadable, place.path().string()};
     if (count == 0) return bytes;
     bytes.append(block.data(), static_cast<std::size_t>(count));
     if (bytes.size() > most) return Fault{Fault::Kind::malformed, "too large"};
   }
-}
-
-Outcome<OpenFile> openForNewContent(const fs::path& path) { return emptied(openUnshared(path), path); }
-
-Outcome<OpenFile> openHeld(const fs::path& path) {
-  for (int tries = 0; tries < kMostTries; ++tries) {
-    auto file = openUnshared(path);
-    if (!file) return file;
-    if (!hold(file.value())) break;
-    // Between the open and the hold it may have been taken for a left-over, or have become whole under its
-    // own name.
-    if (isNamed(path, file.value())) return emptied(std::move(file), path);
-  }
-  return notWritable(path);
 }
 
 bool writeAll(const OpenFile& file, Pieces pieces) {
@@ -183,43 +166,47 @@ bool writeAll(const OpenFile& file, Pieces pieces) {
 
 bool writeAll(const OpenFile& file, std::string_view bytes) { return writeAll(file, Pieces(&bytes, 1)); }
 
-Outcome<Done> writePlainFile(const fs::path& path, std::string_view bytes) {
-  const auto file = openForNewContent(path);
-  if (!file) return file.fault();
-  if (!writeAll(file.value(), bytes)) return notWritable(path);
-  return Done{};
+std::optional<FileMark> markOf(const FilePlace& place) {
+  const auto known = named(place);
+  if (!known || !S_ISREG(known->st_mode)) return std::nullopt;
+  return markIn(*known);
 }
 
-std::optional<FileMark> markOf(const fs::path& path) {
-  struct stat known {};
-  if (::lstat(path.c_str(), &known) != 0 || !S_ISREG(known.st_mode)) return std::nullopt;
-  return markIn(known);
+Outcome<FileMark> replacePlainFile(const FilePlace& place, std::string_view bytes, Overwrite how) {
+  return replacePlainFile(place, Pieces(&bytes, 1), how);
 }
 
-Outcome<FileMark> replacePlainFile(const fs::path& path, std::string_view bytes, Overwrite how) {
-  return replacePlainFile(path, Pieces(&bytes, 1), how);
-}
-
-Outcome<FileMark> replacePlainFile(const fs::path& path, Pieces pieces, Overwrite how) {
-  if (isNoPlainFile(path)) return notPlain(path);
-  const fs::path building = buildingName(path);
-  const auto file = openHeld(building);
-  if (!file) return file.fault();
-  if (writeAll(file.value(), pieces)) {
-    const FileMark mark = markIn(about(file.value()));  // from here on everybody can reach it by its name
-    if (takePlace(building, path, how)) return mark;
+Outcome<FileMark> replacePlainFile(const FilePlace& place, Pieces pieces, Overwrite how) {
+  const FilePlace target = place.held();  // all of it in one folder, wherever its path leads meanwhile
+  if (isNoPlainFile(target)) return notPlain(place);
+  const BuildingFile building = makeBuildingFile(target);
+  if (!building.file) return notWritable(place);
+  if (writeAll(building.file, pieces)) {
+    const FileMark mark = markIn(about(building.file));  // from here on everybody can reach it by its name
+    if (takePlace(building.place, target, how)) return mark;
   }
-  ::unlink(building.c_str());
-  return notWritable(path);
+  removeFile(building.place);
+  return notWritable(place);
 }
 
-fs::path buildingName(fs::path path) { return path += kBuilding; }
+FilePlace buildingName(const FilePlace& place) { return place.with(kBuilding); }
 
-fs::path freshBuildingName(const fs::path& path) {
-  std::random_device chance;
-  std::string letters;
-  for (std::size_t i = 0; i < kFreshLetters; ++i) letters += kLetters[chance() % kLetters.size()];
-  return buildingName(path.native() + "." + letters);
+std::optional<FilePlace> freshBuildingName(const FilePlace& place) {
+  const std::string letters = freshLetters();
+  if (letters.empty()) return std::nullopt;
+  return buildingName(place.with("." + letters));
+}
+
+BuildingFile makeBuildingFile(const FilePlace& target, unsigned rights) {
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    const auto place = freshBuildingName(target);
+    if (!place) break;
+    OpenFile file(
+        ::openat(place->folder(), place->name(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights));
+    if (!file && errno != EEXIST) break;
+    if (file && hold(file) && hasName(file)) return {std::move(file), *place};
+  }
+  return {OpenFile(), target};
 }
 
 std::string targetOfBuilding(std::string_view name) {
@@ -235,11 +222,25 @@ bool hold(const OpenFile& file) {
   return ::flock(file.descriptor(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
-void removeLeftOver(const fs::path& path) {
-  if (isNoPlainFile(path)) return;
-  const OpenFile file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | kOwnWay));
+void removeLeftOver(const FilePlace& place) {
+  if (isNoPlainFile(place)) return;
+  const OpenFile file(::openat(place.folder(), place.name(), O_RDONLY | O_NOFOLLOW | kOwnWay));
   if (file && !hold(file)) return;
-  ::unlink(path.c_str());
+  removeFile(place);
+}
+
+void removeLeftOversOf(const FilePlace& target) {
+  for (const FilePlace& place : growingTowards(target)) removeLeftOver(place);
+}
+
+std::vector<FilePlace> growingTowards(const FilePlace& target) {
+  const HeldFolder folder = target.heldFolder();
+  const std::string wanted = target.filename();
+  std::vector<FilePlace> places;
+  for (const std::string& name : folder.names()) {
+    if (targetOfBuilding(name) == wanted) places.emplace_back(folder, name);
+  }
+  return places;
 }
 
 }  // namespace gridwright

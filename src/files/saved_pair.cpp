@@ -1,25 +1,14 @@
 #include "files/saved_pair.h"
 
-#include <system_error>
-
 #include "files/earlier_one.h"
 #include "files/plain_file.h"
 
 namespace gridwright {
 
-namespace fs = std::filesystem;
-
 namespace {
 
-bool moveOver(const fs::path& from, const fs::path& to) {
-  std::error_code failed;
-  fs::rename(from, to, failed);
-  return !failed;
-}
-
 bool takeBitmapOver(const PairPaths& paths) {
-  std::error_code failed;
-  return !fs::exists(paths.buildingBitmap(), failed) || moveOver(paths.buildingBitmap(), paths.bitmap);
+  return !isThere(paths.buildingBitmap()) || renameFile(paths.buildingBitmap(), paths.bitmap);
 }
 
 /// Nothing of a save is left. The building record goes last: it says that what is held was not replaced.
@@ -27,8 +16,7 @@ void forgetSave(const PairPaths& paths) {
   dropEarlier(paths.record);
   dropEarlier(paths.bitmap);
   removeLeftOver(paths.buildingBitmap());
-  std::error_code ignored;
-  fs::remove(paths.readyRecord(), ignored);  // nobody holds it: it was whole
+  removeFile(paths.readyRecord());  // nobody holds it: it was whole
   removeLeftOver(paths.buildingRecord());
 }
 
@@ -47,21 +35,20 @@ void forgetOlderOnes(const PairPaths& paths) {
 
 /// The record's ready name is the promise that both are whole; it goes last.
 bool finishTakingOver(const PairPaths& paths) {
-  return takeBitmapOver(paths) && moveOver(paths.readyRecord(), paths.record);
+  return takeBitmapOver(paths) && renameFile(paths.readyRecord(), paths.record);
 }
 
 }  // namespace
 
 Outcome<Done> takePairOver(const PairPaths& paths) {
-  const Fault refused{Fault::Kind::notWritable, paths.record.string()};
-  std::error_code failed;
-  if (fs::is_directory(paths.record, failed) || fs::is_directory(paths.bitmap, failed) ||
-      !holdEarlier(paths.record) || !holdEarlier(paths.bitmap) ||
-      !moveOver(paths.buildingRecord(), paths.readyRecord()) || !takeBitmapOver(paths)) {
+  const Fault refused{Fault::Kind::notWritable, paths.record.path().string()};
+  if (isNoPlainFile(paths.record) || isNoPlainFile(paths.bitmap) || !holdEarlier(paths.record) ||
+      !holdEarlier(paths.bitmap) || !renameFile(paths.buildingRecord(), paths.readyRecord()) ||
+      !takeBitmapOver(paths)) {
     forgetSave(paths);
     return refused;
   }
-  if (!moveOver(paths.readyRecord(), paths.record)) {
+  if (!renameFile(paths.readyRecord(), paths.record)) {
     // A ready record stays only where the old bitmap cannot come back, so that a recovery completes the pair.
     if (putEarlierBack(paths.bitmap)) forgetSave(paths);
     return refused;
@@ -72,12 +59,11 @@ Outcome<Done> takePairOver(const PairPaths& paths) {
 }
 
 void recoverPair(const PairPaths& paths) {
-  std::error_code failed;
-  if (fs::exists(paths.readyRecord(), failed)) {
+  if (isThere(paths.readyRecord())) {
     if (finishTakingOver(paths)) keepEarlierPair(paths);
     return;
   }
-  if (!fs::exists(paths.buildingRecord(), failed)) keepEarlierPair(paths);  // the new ones are in place
+  if (!isThere(paths.buildingRecord())) keepEarlierPair(paths);  // the new ones are in place
   forgetSave(paths);
 }
 

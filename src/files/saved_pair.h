@@ -1,9 +1,8 @@
 // Taking a complete pair of new files over the old pair.
 #pragma once
 
-#include <filesystem>
-
 #include "canvas/outcome.h"
+#include "files/file_place.h"
 
 namespace gridwright {
 
@@ -11,14 +10,11 @@ namespace gridwright {
 /// record its `ready` name says that both are complete; then they take their targets' places, bitmap first,
 /// and the old ones become NAME~.
 struct PairPaths {
-  std::filesystem::path record, bitmap;
+  FilePlace record, bitmap;
 
-  [[nodiscard]] std::filesystem::path buildingRecord() const { return with(record, ".building"); }
-  [[nodiscard]] std::filesystem::path buildingBitmap() const { return with(bitmap, ".building"); }
-  [[nodiscard]] std::filesystem::path readyRecord() const { return with(record, ".ready"); }
-
- private:
-  static std::filesystem::path with(std::filesystem::path path, const char* ending) { return path += ending; }
+  [[nodiscard]] FilePlace buildingRecord() const { return record.with(".building"); }
+  [[nodiscard]] FilePlace buildingBitmap() const { return bitmap.with(".building"); }
+  [[nodiscard]] FilePlace readyRecord() const { return record.with(".ready"); }
 };
 
 /// Expects both building files complete on disk. The old pair stays as the one before, each file that there

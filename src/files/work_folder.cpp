@@ -1,12 +1,9 @@
 #include "files/work_folder.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <system_error>
 #include <utility>
 
 #include "files/plain_file.h"
@@ -20,8 +17,21 @@ namespace {
 // By number: what the system takes for a letter's other case is a matter of the language it speaks.
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
+constexpr std::string_view kBuilding = ".building";
+constexpr std::string_view kTrial = ".gridwright";  // the name towards which a trial grows
+
 bool endsWith(std::string_view name, std::string_view ending) {
   return name.size() >= ending.size() && equalButForCase(name.substr(name.size() - ending.size()), ending);
+}
+
+/// The name that a file will bear in the end, or that another's earlier state bears: what grows towards
+/// "cat.maze.building" becomes "cat.maze" one day, as what is held under "cat.maze~.building" was.
+std::string wholeName(std::string_view building) {
+  std::string name(building);
+  for (std::string target = targetOfBuilding(name); !target.empty(); target = targetOfBuilding(name))
+    name = std::move(target);
+  if (name.ends_with('~')) name.pop_back();
+  return name;
 }
 
 }  // namespace
@@ -45,50 +55,41 @@ std::string baseName(std::string_view typed) {
   return std::string(typed.substr(0, typed.find('.')));
 }
 
-fs::path WorkFolder::resolve(std::string_view name) const {
-  fs::path exact = folder_ / fs::path(name);
-  std::error_code failed;
-  if (fs::exists(fs::symlink_status(exact, failed))) return exact;
-  fs::path found;
-  int matches = 0;
-  for (fs::directory_iterator entry(folder_, failed), end; !failed && entry != end; entry.increment(failed)) {
-    if (!equalButForCase(entry->path().filename().string(), name)) continue;
-    found = entry->path();
-    ++matches;
-  }
-  return matches == 1 ? found : exact;
+FilePlace WorkFolder::resolve(std::string_view name) const {
+  FilePlace exact = at(name);
+  if (isThere(exact)) return exact;
+  const std::vector<std::string> names = folder_.names();
+  const auto isMeant = [&](const std::string& entry) { return equalButForCase(entry, name); };
+  const auto found = std::find_if(names.begin(), names.end(), isMeant);
+  if (found == names.end() || std::any_of(found + 1, names.end(), isMeant)) return exact;
+  return at(*found);
 }
 
 Outcome<std::string> WorkFolder::readText(std::string_view name) const {
   return readPlainFile(resolve(name));
 }
 
-Outcome<Done> WorkFolder::writeText(std::string_view name, std::string_view text) {
-  return writePlainFile(resolve(name), text);
-}
-
-Outcome<Done> WorkFolder::replaceText(std::string_view name, std::string_view text) {
-  const auto replaced = replacePlainFile(resolve(name), text);
+Outcome<Done> WorkFolder::writeText(std::string_view name, std::string_view text, Overwrite how) {
+  const auto replaced = replacePlainFile(resolve(name), text, how);
   if (!replaced) return replaced.fault();
   return Done{};
 }
 
 bool WorkFolder::takesFiles() const {
-  std::string trial = (folder_ / ".gridwright-XXXXXX").string();
-  const OpenFile file(::mkostemp(trial.data(), O_CLOEXEC));
-  if (!file) return false;
-  const bool written = ::write(file.descriptor(), "?", 1) == 1;  // a full disk still gives names away
-  ::unlink(trial.c_str());
+  const BuildingFile trial = makeBuildingFile(at(kTrial));
+  if (!trial.file) return false;
+  const bool written = ::write(trial.file.descriptor(), "?", 1) == 1;  // a full disk still gives names away
+  removeFile(trial.place);
   return written;
 }
 
 void WorkFolder::removeLeftOvers() const {
-  constexpr std::array<std::string_view, 4> kEndings = {".bmp", ".maze", "pat", ".pdf"};
-  for (const std::string& name : list(".building")) {
-    const std::string target = targetOfBuilding(name);
-    const bool own = std::any_of(kEndings.begin(), kEndings.end(),
-                                 [&](std::string_view ending) { return endsWith(target, ending); });
-    if (own) removeLeftOver(folder_ / name);
+  constexpr std::array<std::string_view, 6> kEndings = {".bmp", ".maze", "pat", ".pdf", ".png", ".pt"};
+  for (const std::string& name : list(kBuilding)) {
+    const std::string target = wholeName(name);
+    const bool own = target == kTrial || std::any_of(kEndings.begin(), kEndings.end(),
+                                                     [&](auto ending) { return endsWith(target, ending); });
+    if (own) removeLeftOver(at(name));
   }
 }
 
@@ -98,6 +99,13 @@ bool WorkFolder::tellIfNoPlainFile(const Fault& fault) {
   if (!told_.insert(name).second) return false;
   tell("Error: " + name + " is not a plain file; nothing is written to it.");
   return true;
+}
+
+void WorkFolder::tellIfMoved() {
+  fs::path present = presentPath();
+  if (present == knownAs_ || !folder_.isCalled(present)) return;
+  knownAs_ = std::move(present);
+  tell("The folder that this program works in is " + knownAs_.string() + " now; what is saved goes there.");
 }
 
 void WorkFolder::tell(std::string words) {
@@ -112,13 +120,9 @@ void WorkFolder::tellThrough(std::function<void(std::string_view)> tell) {
 }
 
 std::vector<std::string> WorkFolder::list(std::string_view ending) const {
-  std::vector<std::string> names;
-  std::error_code failed;
-  for (fs::directory_iterator entry(folder_, failed), end; !failed && entry != end; entry.increment(failed)) {
-    std::string name = entry->path().filename().string();
-    std::error_code unreadable;
-    if (endsWith(name, ending) && entry->is_regular_file(unreadable)) names.push_back(std::move(name));
-  }
+  std::vector<std::string> names = folder_.names();
+  std::erase_if(names,
+                [&](const std::string& name) { return !endsWith(name, ending) || !leadsToFile(at(name)); });
   std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
                                         [](char x, char y) { return lower(x) < lower(y); });

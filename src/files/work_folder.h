@@ -6,7 +6,6 @@
 // language the system speaks.
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <set>
 #include <string>
@@ -14,29 +13,36 @@
 #include <vector>
 
 #include "canvas/outcome.h"
+#include "files/file_place.h"
+#include "files/overwrite.h"
 
 namespace gridwright {
 
 class WorkFolder {
  public:
-  explicit WorkFolder(std::filesystem::path folder) : folder_(std::move(folder)) {}
+  /// Opens the folder, and works in it from then on whatever it is called. Where there is none nothing is
+  /// read and nothing can be written.
+  explicit WorkFolder(HeldFolder folder) : folder_(std::move(folder)), knownAs_(folder_.path()) {}
   virtual ~WorkFolder() = default;
 
-  [[nodiscard]] const std::filesystem::path& path() const { return folder_; }
+  /// What it was called when it was opened; it tells this folder from others.
+  [[nodiscard]] const std::filesystem::path& path() const { return folder_.path(); }
+  /// What it is called now, for a person and for other programs.
+  [[nodiscard]] std::filesystem::path presentPath() const { return folder_.presentPath(); }
 
+  /// The place of an entry by its exact name.
+  [[nodiscard]] FilePlace at(std::string_view name) const { return {folder_, std::string(name)}; }
   /// Where a name leads: an existing file, or where a new one will be written.
-  [[nodiscard]] virtual std::filesystem::path resolve(std::string_view name) const;
+  [[nodiscard]] virtual FilePlace resolve(std::string_view name) const;
 
   /// The whole text of a plain file, also of one that a link leads to.
   [[nodiscard]] virtual Outcome<std::string> readText(std::string_view name) const;
 
-  /// Writes the whole text, over what was there. \returns a notPlain Fault, and writes nothing, when
-  /// something other than a plain file bears the name; notWritable when the system refuses.
-  virtual Outcome<Done> writeText(std::string_view name, std::string_view text);
-
-  /// The same by way of a temporary file beside it that is renamed: the old text or the new one is
-  /// there, whole, whatever happens. Faults as above.
-  Outcome<Done> replaceText(std::string_view name, std::string_view text);
+  /// Writes the whole text by way of a temporary file beside it that is renamed: the old text or the new one
+  /// is there, whole, whatever happens. \returns a notPlain Fault, and writes nothing, when something other
+  /// than a plain file bears the name; notWritable when the system refuses.
+  virtual Outcome<Done> writeText(std::string_view name, std::string_view text,
+                                  Overwrite how = Overwrite::unhurried);
 
   /// Whether a new file can be written here: a trial that leaves nothing behind.
   [[nodiscard]] virtual bool takesFiles() const;
@@ -48,6 +54,10 @@ class WorkFolder {
   /// as the folder lives. \returns whether it was told now.
   bool tellIfNoPlainFile(const Fault& fault);
 
+  /// Has a person told that the folder bears another name now, once for each: what is saved goes there. Where
+  /// it has no name any more it takes no files, which is told elsewhere.
+  void tellIfMoved();
+
   /// Tells a person a line, or keeps it until somebody can be told.
   void tell(std::string words);
 
@@ -58,7 +68,8 @@ class WorkFolder {
   [[nodiscard]] virtual std::vector<std::string> list(std::string_view ending) const;
 
  private:
-  std::filesystem::path folder_;
+  HeldFolder folder_;
+  std::filesystem::path knownAs_;  // to a person
   std::set<std::string> told_;
   std::vector<std::string> untold_;
   std::function<void(std::string_view)> tell_;

@@ -1,18 +1,21 @@
 #include "files/work_pictures.h"
 
 #include "files/bitmap_files.h"
+#include "files/plain_file.h"
 #include "files/work_folder.h"
 
 namespace gridwright {
 
+bool WorkPictures::Copy::isIn(const FilePlace& place) const { return file && file == markOf(place); }
+
 bool WorkPictures::save(std::string_view name, const BitmapView& picture, Overwrite how) {
   Copy& copy = copies_[std::string(name)];
-  const std::filesystem::path path = folder_.resolve(name);
-  if (!copy.isPart && copy.isIn(path) && picture.isSameAs(copy.picture.view())) return true;
+  const FilePlace place = folder_.resolve(name);
+  if (!copy.isPart && copy.isIn(place) && picture.isSameAs(copy.picture.view())) return true;
   copy.picture.take(picture);
   copy.isPart = false;
   copy.file.reset();
-  const auto saved = bitmaps_.saveBitmap(copy.picture.view(), path, how);
+  const auto saved = bitmaps_.saveBitmap(copy.picture.view(), place, how);
   copy.lastWriteFailed = !saved;
   if (saved) {
     copy.file = saved.value();
@@ -31,15 +34,15 @@ bool WorkPictures::holds(std::string_view name, const BitmapView& picture) const
 BitmapView WorkPictures::load(std::string_view name) {
   Copy& copy = copies_[std::string(name)];
   if (copy.lastWriteFailed) return copy.picture.view();
-  const std::filesystem::path path = folder_.resolve(name);
-  if (copy.isIn(path)) return copy.picture.view();
-  const auto before = markOf(path);
-  const auto read = bitmaps_.loadBitmap(path);
+  const FilePlace place = folder_.resolve(name);
+  if (copy.isIn(place)) return copy.picture.view();
+  const auto before = markOf(place);
+  const auto read = bitmaps_.loadBitmap(place);
   if (!read) return copy.picture.view();
   copy.picture.take(read.value());
   copy.isPart = read.value().cutFrom != Size{};
   copy.file.reset();
-  if (before == markOf(path)) copy.file = before;  // else it was changed while it was read
+  if (before == markOf(place)) copy.file = before;  // else it was changed while it was read
   return copy.picture.view();
 }
 

@@ -8,7 +8,6 @@
 // again when it would get the same picture.
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -16,7 +15,9 @@
 
 #include "canvas/bitmap_view.h"
 #include "canvas/folded_bitmap.h"
-#include "files/plain_file.h"
+#include "files/file_mark.h"
+#include "files/file_place.h"
+#include "files/overwrite.h"
 
 namespace gridwright {
 
@@ -40,7 +41,7 @@ class WorkPictures {
     bool isPart = false;  ///< Its file holds more than a picture may have.
     bool lastWriteFailed = false;
     std::optional<FileMark> file;  ///< Of the file that holds just this picture.
-    [[nodiscard]] bool isIn(const std::filesystem::path& path) const { return file && file == markOf(path); }
+    [[nodiscard]] bool isIn(const FilePlace& place) const;
   };
 
   BitmapFiles& bitmaps_;

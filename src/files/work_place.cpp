@@ -29,9 +29,8 @@ fs::path folderFrom(const char* variable, std::string_view below) {
 /// A folder of this name for this program alone, made where nothing bears the name.
 std::optional<WorkPlace> placeIn(const fs::path& folder) {
   ::mkdir(folder.c_str(), 0777);
-  if (!WorkFolder(folder).takesFiles()) return {};
   auto lock = lockFolder(folder);
-  if (!lock) return {};
+  if (!lock || !WorkFolder(HeldFolder(*lock, folder)).takesFiles()) return {};
   return WorkPlace{folder, std::move(*lock), {}};
 }
 
@@ -75,6 +74,8 @@ std::optional<OpenFile> lockFolder(const fs::path& folder) {
   if (open && !hold(open)) return {};
   return open;
 }
+
+HeldFolder WorkPlace::held() const { return lock ? HeldFolder(lock, folder) : HeldFolder(folder); }
 
 WorkPlace placeForWindow(const fs::path& startedIn, const fs::path& data) {
   if (startedIn.empty()) return placeWithoutFolder(data);

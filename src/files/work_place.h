@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "files/file_place.h"
 #include "files/plain_file.h"
 
 namespace gridwright {
@@ -18,6 +19,9 @@ struct WorkPlace {
   OpenFile lock;                 ///< Holds the folder for as long as it lives.
   std::string words;             ///< What a person must know of it, said once; empty when it is as expected.
   bool saysUnwritable = false;   ///< These words say already that nothing can be written.
+
+  /// The folder that is locked, whatever its path leads to by now.
+  [[nodiscard]] HeldFolder held() const;
 };
 
 /// Locks a folder. \returns nothing when another program works in it.

@@ -23,17 +23,17 @@ PatternSet presentSet(Program& program) {
 /// Writes a set; one that was there stays as the one before, and a notice says so. On failure both stand as
 /// they were.
 Outcome<Done> saveSet(Program& program, const std::string& name) {
-  const std::filesystem::path target = program.files->resolve(name);
-  if (isNoPlainFile(target)) return Fault{Fault::Kind::notPlain, target.string()};
-  if (!holdEarlier(target)) return Fault{Fault::Kind::notWritable, target.string()};
+  const FilePlace target = program.files->resolve(name);
+  if (isNoPlainFile(target)) return Fault{Fault::Kind::notPlain, target.path().string()};
+  if (!holdEarlier(target)) return Fault{Fault::Kind::notWritable, target.path().string()};
   const bool over = isHeld(target);
-  auto written = program.files->replaceText(name, formatSet(presentSet(program)));
+  auto written = program.files->writeText(name, formatSet(presentSet(program)), Overwrite::atOnce);
   if (!written) {
     dropEarlier(target);
   } else if (over) {
     keepEarlier(target);
-    program.notices.tell(target.filename().string() + " is saved; the one before it stays as " +
-                         earlierName(target).filename().string());
+    program.notices.tell(target.filename() + " is saved; the one before it stays as " +
+                         earlierName(target).filename());
   }
   return written;
 }
@@ -108,6 +108,7 @@ void saveSetEntered(Program& program) {
   const std::string base = baseName(program.controls[ControlId::Text5].text);
   saveSetEscaped(program);
   finishOpenPattern(program);
+  program.files->tellIfMoved();
   const auto saved = staysInFolder(base) ? saveSet(program, fileName(program, base))
                                          : Outcome<Done>(Fault{Fault::Kind::notWritable, base});
   if (!saved) {

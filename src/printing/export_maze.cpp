@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <limits>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "files/earlier_one.h"
@@ -42,9 +41,10 @@ std::optional<PictureFormat> formatOf(const fs::path& file) {
   return row->format;
 }
 
-bool isTaken(const fs::path& path) {
-  std::error_code failed;
-  return fs::exists(fs::symlink_status(path, failed));
+/// A name lies in the working folder, whatever that is called by now; a path lies where it leads.
+FilePlace placeOf(const Program& program, const std::string& file) {
+  if (staysInFolder(file)) return program.files->at(file);
+  return FilePlace(program.files->presentPath() / file).held();
 }
 
 /// The name, or the one with the next higher number at its end that is free.
@@ -61,7 +61,7 @@ std::string freeName(const Program& program, const std::string& name) {
   } else {
     stem += '-';
   }
-  while (isTaken(program.files->path() / path))
+  while (isThere(placeOf(program, path.string())))
     path.replace_filename(std::string(stem).append(std::to_string(++number)).append(ending));
   return path.string();
 }
@@ -69,16 +69,15 @@ std::string freeName(const Program& program, const std::string& name) {
 bool isSolved(const Program& program) { return program.state.phase == Phase::solved; }
 
 /// What no file can be made of; empty when one can.
-std::string whyNoFile(const Program& program, const ExportWish& wish, const fs::path& path) {
-  const std::string name = path.filename().string();
+std::string whyNoFile(const Program& program, const ExportWish& wish, const FilePlace& place) {
+  const std::string name = place.filename();
   if (name.empty()) return "Nothing is exported: the file has no name";
-  if (!formatOf(path)) return "Nothing is exported: a name ends in .png, .svg or .pdf, not so " + name;
+  if (!formatOf(name)) return "Nothing is exported: a name ends in .png, .svg or .pdf, not so " + name;
   if (wish.answer == true && !isSolved(program))
     return "Nothing is exported: no solved maze is on the Canvas";
-  std::error_code failed;
-  const fs::path folder = path.parent_path();
-  if (!fs::is_directory(folder, failed)) return "Nothing is exported: there is no folder " + folder.string();
-  if (isNoPlainFile(path)) return "Nothing is exported: " + name + " is no plain file";
+  if (!place.heldFolder())
+    return "Nothing is exported: there is no folder " + place.path().parent_path().string();
+  if (isNoPlainFile(place)) return "Nothing is exported: " + name + " is no plain file";
   return "";
 }
 
@@ -93,11 +92,11 @@ std::string svgOfTaken(const Program& program, const Bitmap& picture) {
   return svgOf(*layers, {picture.width, picture.height}, titleOf(program));
 }
 
-Outcome<Done> write(Program& program, const ExportWish& wish, const fs::path& path) {
+Outcome<Done> write(Program& program, const ExportWish& wish, const FilePlace& place) {
   const Bitmap picture = takenPicture(program, wish.answer == false, wish.clear);
-  const PictureFormat format = *formatOf(path);
+  const PictureFormat format = *formatOf(place.filename());
   if (format == PictureFormat::svg) {
-    const auto written = replacePlainFile(path, svgOfTaken(program, picture));
+    const auto written = replacePlainFile(place, svgOfTaken(program, picture));
     if (!written) return written.fault();
     return Done{};
   }
@@ -108,19 +107,19 @@ Outcome<Done> write(Program& program, const ExportWish& wish, const fs::path& pa
   look.setup.tiles = {};  // one page, however pages are spread
   const UsualPaper usual = program.platform.usualPaper();
   const int scale = scaleOnPage({picture.width, picture.height}, look.setup, usual, wish.dpi);
-  return program.platform.writePicture({picture, format, scale, wish.dpi, look, usual}, path);
+  return program.platform.writePicture({picture, format, scale, wish.dpi, look, usual}, place);
 }
 
 /// \returns why the file is not there; empty when it is.
-std::string exported(Program& program, const ExportWish& wish, const fs::path& path) {
-  if (std::string why = whyNoFile(program, wish, path); !why.empty()) return why;
-  std::string refused = "Nothing is exported: " + path.string() + " can't be written";
-  if (!holdEarlier(path)) return refused;
-  if (!write(program, wish, path)) {
-    dropEarlier(path);
+std::string exported(Program& program, const ExportWish& wish, const FilePlace& place) {
+  if (std::string why = whyNoFile(program, wish, place); !why.empty()) return why;
+  std::string refused = "Nothing is exported: " + place.path().string() + " can't be written";
+  if (!holdEarlier(place)) return refused;
+  if (!write(program, wish, place)) {
+    dropEarlier(place);
     return refused;
   }
-  keepEarlier(path);
+  keepEarlier(place);
   return "";
 }
 
@@ -160,12 +159,13 @@ void takeExport(Program& program, const ExportWish& wish) {
   ExportPanel& panel = program.exporting;
   const std::string held(panel.open ? std::string_view() : whyNotTaken(program));
   if (!held.empty()) return tell(program, held);
-  const fs::path path = program.files->path() / wish.file;
-  panel.line = exported(program, wish, path);
+  const FilePlace place = placeOf(program, wish.file);
+  panel.line = exported(program, wish, place);
   ++panel.revision;
   if (!panel.line.empty()) return tell(program, panel.line);
   panel.wish = wish;
   leaveExport(program);
+  const fs::path path = place.path();
   const fs::path folder = path.parent_path();
   tell(program, "the picture is exported to " + path.filename().string() + ", in " + folder.string(), path);
 }

@@ -118,7 +118,7 @@ void drawingArrived(Program& program, const fs::path& file) {
   if (!drawing) return refuse(program, drawing.fault().words);
   remember(program, file);
   const std::string words = file.stem().string() + " is loaded from " + file.parent_path().string() +
-                            "; what you save goes to " + program.files->path().string();
+                            "; what you save goes to " + program.files->presentPath().string();
   beginAndTake(program, [drawing = std::move(drawing.value()), words](Program& p) {
     noteLoad(p);
     takeDrawing(p, drawing);
@@ -137,7 +137,7 @@ fs::path examplePicture(const Program& program, std::string_view name) {
   const fs::path content = program.platform.contentFolder();
   std::error_code failed;
   if (!content.empty() && fs::exists(content / "examples" / file, failed)) return content / "examples" / file;
-  return program.files->resolve(file);
+  return program.files->resolve(file).path();
 }
 
 /// The pattern sets among the examples: those that loading patterns would list, where it could be chosen.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "drawings/drawing_files.h"
+#include "files/plain_file.h"
 #include "menus/panels.h"
 
 namespace gridwright {
@@ -15,10 +16,7 @@ namespace {
 
 constexpr std::string_view kRecord = ".maze", kBitmap = ".bmp", kDocument = ".pdf";
 
-bool isFree(const WorkFolder& folder, const std::string& name) {
-  std::error_code failed;
-  return !fs::exists(fs::symlink_status(folder.resolve(name), failed));
-}
+bool isFree(const WorkFolder& folder, const std::string& name) { return !isThere(folder.resolve(name)); }
 
 /// NAME-N with the lowest N for which no file with any of the endings is there.
 std::string freeName(const WorkFolder& folder, const std::string& name,
@@ -33,8 +31,9 @@ std::string freeName(const WorkFolder& folder, const std::string& name,
 
 fs::path wholeFolder(const WorkFolder& folder) {
   std::error_code failed;
-  const fs::path whole = fs::absolute(folder.path(), failed);
-  return failed ? folder.path() : whole;
+  fs::path present = folder.presentPath();
+  const fs::path whole = fs::absolute(present, failed);
+  return failed ? present : whole;
 }
 
 void nameFiles(Program& program) {
@@ -59,18 +58,15 @@ void closePanelOf(Program& program) {
   releaseWindow(program);
 }
 
-void removeAll(std::vector<fs::path>& files) {
-  for (const fs::path& file : files) {
-    std::error_code failed;
-    fs::remove(file, failed);
-  }
+void removeAll(std::vector<FilePlace>& files) {
+  for (const FilePlace& file : files) removeFile(file);
   files.clear();
 }
 
 /// What of the book's own pictures is on the disk; all of it goes again where one cannot be written.
-Outcome<std::vector<fs::path>> savePictures(Program& program, const BookWish& wish) {
+Outcome<std::vector<FilePlace>> savePictures(Program& program, const BookWish& wish) {
   const BookPanel& panel = program.book;
-  std::vector<fs::path> saved;
+  std::vector<FilePlace> saved;
   const auto fail = [&](const std::string& name) {
     removeAll(saved);
     return Fault{Fault::Kind::notWritable, name + " can't be written; no book is made"};
@@ -78,11 +74,11 @@ Outcome<std::vector<fs::path>> savePictures(Program& program, const BookWish& wi
   if (wish.drawing && !panel.drawingIsSaved) {
     const std::string base = fs::path(panel.files.drawing).stem().string();
     for (const std::string_view ending : {kRecord, kBitmap})
-      saved.push_back(panel.folder / (base + std::string(ending)));
+      saved.push_back(program.files->at(base + std::string(ending)));
     if (!saveDrawing(program, base)) return fail(panel.files.drawing);
   }
   if (wish.sheet && program.workshop.sheet && !panel.sheetIsSaved) {
-    const fs::path file = panel.folder / panel.files.sheet;
+    const FilePlace file = program.files->at(panel.files.sheet);
     if (!program.platform.saveBitmap(program.workshop.sheet->picture(), file, Overwrite::atOnce))
       return fail(panel.files.sheet);
     saved.push_back(file);
@@ -134,6 +130,7 @@ Outcome<Done> beginBook(Program& program, const BookWish& wish) {
   auto saved = savePictures(program, wish);
   if (!saved) return saved.fault();
   BookPanel& panel = program.book;
+  panel.folder = wholeFolder(*program.files);  // it may bear another name by now
   BookMaking& making = panel.making;
   BookMaking anew;
   anew.pagesShown = making.pagesShown;

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "files/plain_file.h"
 #include "pictures/on_paper.h"
 #include "session/prepare_panel.h"
 #include "session/workshop.h"
@@ -36,7 +37,7 @@ void editelsewhere(Program& program) {
   Workshop& w = program.workshop;
   if (!w.open) return;
   w.sheet->endStroke();
-  const std::filesystem::path file = program.files->resolve(kSheetFile);
+  const FilePlace file = program.files->resolve(kSheetFile);
   if (const auto saved = program.platform.savePng(w.sheet->picture(), file); !saved) {
     program.notices.tell("sheet.png could not be written: " + saved.fault().words);
     return;
@@ -44,19 +45,19 @@ void editelsewhere(Program& program) {
   w.elsewhere = file;
   w.mark = markOf(file);
   ++w.revision;
-  if (!program.platform.openElsewhere(file))
+  if (!program.platform.openElsewhere(file.path()))
     program.notices.tell("no program on this desktop opens sheet.png");
 }
 
 void watchSheetFile(Program& program) {
   Workshop& w = program.workshop;
-  if (!w.open || w.elsewhere.empty()) return;
+  if (!w.open || !w.elsewhere) return;
   if (program.prepare.open && program.prepare.working) return;  // of work beside, only the newest counts
-  const auto mark = markOf(w.elsewhere);
+  const auto mark = markOf(*w.elsewhere);
   if (!mark || mark == w.mark) return;
   w.mark = mark;
   program.platform.workBeside(
-      program, [&door = program.platform, file = w.elsewhere, size = w.sheet->size()]() -> Finish {
+      program, [&door = program.platform, file = w.elsewhere->path(), size = w.sheet->size()]() -> Finish {
         auto read = std::make_shared<Outcome<Picture>>(door.readPicture(file, size));
         return [read](Program& p) { cameBack(p, *read); };
       });

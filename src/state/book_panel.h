@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "canvas/bitmap.h"
+#include "files/file_place.h"
 #include "state/book_wish.h"
 
 namespace gridwright {
@@ -49,11 +50,10 @@ struct BookMaking {
   bool stopping = false;  ///< A person wants it to end.
   bool pagesShown = false;
   std::size_t done = 0, all = 0;
-  std::deque<SmallPage> pages;  ///< They stay when it is done, until the next book.
-  std::filesystem::path file;   ///< The book.
-  std::vector<std::filesystem::path>
-      saved;                   ///< What was written for it alone, and goes where it is not made.
-  std::uint64_t revision = 1;  ///< Grows with every change of this.
+  std::deque<SmallPage> pages;   ///< They stay when it is done, until the next book.
+  std::filesystem::path file;    ///< The book.
+  std::vector<FilePlace> saved;  ///< What was written for it alone, and goes where it is not made.
+  std::uint64_t revision = 1;    ///< Grows with every change of this.
 };
 
 struct BookPanel {

@@ -129,7 +129,7 @@ class Platform : public BitmapFiles {
   virtual InkWork& inkWork() = 0;
 
   /// Writes a PNG whose pixels are just these, over what is there, by way of a file beside it.
-  virtual Outcome<Done> savePng(const BitmapView& picture, const std::filesystem::path& path) = 0;
+  virtual Outcome<Done> savePng(const BitmapView& picture, const FilePlace& place) = 0;
 
   /// Opens a file with the program that this desktop has for its kind. \returns whether there is one.
   virtual bool openElsewhere(const std::filesystem::path& file) = 0;
@@ -158,9 +158,9 @@ class Platform : public BitmapFiles {
   /// Writes a picture as a PNG, or as a PDF of one page on which it is as large as the printable area takes,
   /// by way of a file beside it; nothing is written to what is no plain file.
   /// \returns a Fault when a byte of it was refused: what was there stays as it was.
-  virtual Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) {
+  virtual Outcome<Done> writePicture(const PictureFile& wanted, const FilePlace& place) {
     static_cast<void>(wanted);
-    return Fault{Fault::Kind::notWritable, path.string()};
+    return Fault{Fault::Kind::notWritable, place.path().string()};
   }
 
   /// The picture, none of it see-through, and the same as an SVG can be pasted into other programs from now
@@ -172,10 +172,10 @@ class Platform : public BitmapFiles {
   /// what it bore before.
   virtual Outcome<PagesWent> endOfPages() = 0;
 
-  /// Begins to make a book by a command line of gridwright-book, beside the program where a desktop has a person
-  /// who must not wait. What becomes of it is told by `bookNews` (session/book_panel.h), the end always.
-  /// \returns a Fault with one line, and nothing has begun: words that are wrong, a file that cannot be there,
-  /// a book that is being made already.
+  /// Begins to make a book by a command line of gridwright-book, beside the program where a desktop has a
+  /// person who must not wait. What becomes of it is told by `bookNews` (session/book_panel.h), the end
+  /// always. \returns a Fault with one line, and nothing has begun: words that are wrong, a file that cannot
+  /// be there, a book that is being made already.
   virtual Outcome<Done> makeBook(Program& /*program*/, const BookOrder& /*order*/) {
     return Fault{Fault::Kind::notWritable, "no books are made here"};
   }

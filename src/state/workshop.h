@@ -11,7 +11,8 @@
 
 #include "canvas/bitmap.h"
 #include "canvas/colour_sets.h"
-#include "files/plain_file.h"
+#include "files/file_mark.h"
+#include "files/file_place.h"
 #include "pictures/regions.h"
 #include "pictures/sheet.h"
 #include "pictures/words.h"
@@ -61,8 +62,8 @@ struct Workshop {
   bool filled = false;      ///< That picture is the sheet, and nothing was done since.
   Size canvas;              ///< What *Use* will make the sheet as large as.
   Bitmap seen;  ///< The drawing as it was when the sheet was used or left, in inks; empty for none.
-  std::filesystem::path elsewhere;  ///< The file that another program has; empty for none.
-  std::optional<FileMark> mark;     ///< Of that file, when it was looked at last.
+  std::optional<FilePlace> elsewhere;  ///< The file that another program has.
+  std::optional<FileMark> mark;        ///< Of that file, when it was looked at last.
   std::string note;  ///< What has to be said of the whole sheet, such as how much of it will be cut.
 
   std::uint64_t countedAt =

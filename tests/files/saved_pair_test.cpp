@@ -216,7 +216,7 @@ TEST(ARecordThatCannotMoveAfterItsBitmapHas, GivesTheOldBitmapItsPlaceBack) {
   p.temp.put("cat.maze~", "older record");
   p.temp.put("cat.bmp~", "older bitmap");
   // A folder never takes a file's place: it stands for a record that the disk refuses to move.
-  fs::create_directory(p.paths.buildingRecord());
+  fs::create_directory(p.paths.buildingRecord().path());
   p.temp.put("cat.bmp.building", "new bitmap");
   EXPECT_FALSE(takePairOver(p.paths));
   p.expect("old record", "old bitmap");
@@ -227,12 +227,12 @@ TEST(ARecordThatCannotMoveAfterItsBitmapHas, GivesTheOldBitmapItsPlaceBack) {
 TEST(ARecordThatCannotMoveInARecovery, StaysReadyUntilItCan) {
   Pair p;
   p.oldPair();
-  fs::create_directory(p.paths.readyRecord());
+  fs::create_directory(p.paths.readyRecord().path());
   p.temp.put("cat.bmp.building", "new bitmap");
   recoverPair(p.paths);
   p.expect("old record", "new bitmap");
-  EXPECT_TRUE(fs::exists(p.paths.readyRecord())) << "as long as it cannot move";
-  fs::remove_all(p.paths.readyRecord());
+  EXPECT_TRUE(fs::exists(p.paths.readyRecord().path())) << "as long as it cannot move";
+  fs::remove_all(p.paths.readyRecord().path());
   p.temp.put("cat.maze.ready", "new record");  // now it can
   recoverPair(p.paths);
   p.expect("new record", "new bitmap");

@@ -80,7 +80,6 @@ TEST(ATextThroughALink, IsReadAndNotWritten) {
   WorkFolder folder(temp.path());
   EXPECT_EQ(folder.readText("left.pt").value(), "1,9999,88");
   EXPECT_EQ(folder.writeText("left.pt", "2").fault().kind, Fault::Kind::notPlain);
-  EXPECT_EQ(folder.replaceText("left.pt", "2").fault().kind, Fault::Kind::notPlain);
   EXPECT_EQ(elsewhere.get("mine"), "1,9999,88");
 }
 
@@ -89,7 +88,7 @@ TEST(ALinkThatLeadsNowhere, BearsItsNameLikeAFile) {
   const TempFolder elsewhere;
   put(NoPlainFile::linkToNothing, temp.path() / "Left.pt", elsewhere.path() / "mine");
   temp.put("LEFT.PT", "1,9999,88");
-  EXPECT_EQ(WorkFolder(temp.path()).resolve("Left.pt"), temp.path() / "Left.pt");
+  EXPECT_EQ(WorkFolder(temp.path()).resolve("Left.pt").path(), temp.path() / "Left.pt");
 }
 
 TEST(ANameThatIsNoPlainFiles, IsToldOnceAndNotBeforeSomebodyCanBeTold) {
@@ -124,16 +123,69 @@ TEST(LeftOvers, AreTheFilesOfTheProgramThatWereNotWhole) {
   const TempFolder temp;
   for (const char* name :
        {"drawing1.bmp.building", "CAT.BMP.building", "wave.pat.building", "a.3d-pat.building",
-        "a.3d-pipe-pat.building", "gridwright-0001.pdf.building", "house.building", "cat.bmp"})
+        "a.3d-pipe-pat.building", "gridwright-0001.pdf.building", "sheet.png.abcdefgh.building",
+        "Left.pt.abcdefgh.building", "cat.maze.building.abcdefgh.building",
+        "wave.pat~.building.abcdefgh.building", ".gridwright.abcdefgh.building"})
     temp.put(name, "half");
-  const auto held = openHeld(temp.path() / "page-0001.bmp.building");
+  const std::set<std::string> others{"house.building", "cat.bmp", "notes.txt.abcdefgh.building"};
+  for (const std::string& name : others) temp.put(name, "mine");
+  const BuildingFile held = makeBuildingFile(temp.path() / "page-0001.bmp");
   std::filesystem::create_directory(temp.path() / "folder.bmp.building");
   WorkFolder(temp.path()).removeLeftOvers();
   std::set<std::string> left;
   for (const auto& entry : std::filesystem::directory_iterator(temp.path()))
     left.insert(entry.path().filename());
-  EXPECT_EQ(left, (std::set<std::string>{"cat.bmp", "folder.bmp.building", "house.building",
-                                         "page-0001.bmp.building"}));
+  std::set<std::string> expected = others;
+  expected.insert({"folder.bmp.building", held.place.filename()});
+  EXPECT_EQ(left, expected);
+}
+
+/// A folder "Mazes" with a text in it, and one that is somebody else's.
+struct Moved {
+  Moved() { std::filesystem::create_directory(mazes); }
+  void moveAway() const { std::filesystem::rename(mazes, away); }
+  void exchangeForALink() const {
+    moveAway();
+    std::filesystem::create_directory_symlink(elsewhere.path(), mazes);
+  }
+  TempFolder temp, elsewhere;
+  std::filesystem::path mazes = temp.path() / "Mazes", away = temp.path() / "Away";
+};
+
+TEST(AFolderThatWasExchangedForALink, IsStillTheOneThatIsWorkedIn) {
+  const Moved moved;
+  WorkFolder folder(moved.mazes);
+  ASSERT_TRUE(folder.writeText("Left.pt", "old"));
+  moved.exchangeForALink();
+  moved.elsewhere.put("Left.pt", "theirs");
+  moved.elsewhere.put("theirs.bmp", "");
+  EXPECT_EQ(folder.readText("left.pt").value(), "old");
+  EXPECT_TRUE(folder.writeText("Left.pt", "new"));
+  EXPECT_TRUE(folder.takesFiles());
+  EXPECT_TRUE(folder.list(".bmp").empty());
+  EXPECT_EQ(readPlainFile(moved.away / "Left.pt").value(), "new");
+  EXPECT_EQ(moved.elsewhere.get("Left.pt"), "theirs");
+  EXPECT_EQ(folder.path(), moved.mazes) << "it is the same folder";
+  EXPECT_EQ(folder.presentPath(), moved.away);
+  EXPECT_EQ(folder.resolve("LEFT.PT").path(), moved.away / "Left.pt");
+}
+
+TEST(AFolderThatBearsAnotherName, IsToldOnceForEach) {
+  const Moved moved;
+  WorkFolder folder(moved.mazes);
+  std::vector<std::string> told;
+  folder.tellThrough([&](std::string_view words) { told.emplace_back(words); });
+  folder.tellIfMoved();
+  EXPECT_TRUE(told.empty());
+  moved.moveAway();
+  folder.tellIfMoved();
+  folder.tellIfMoved();
+  EXPECT_EQ(told, std::vector<std::string>{"The folder that this program works in is " + moved.away.string() +
+                                           " now; what is saved goes there."});
+  std::filesystem::remove_all(moved.away);
+  folder.tellIfMoved();
+  EXPECT_EQ(told.size(), 1U) << "it has no name any more";
+  EXPECT_FALSE(folder.takesFiles());
 }
 
 TEST(AList, HasTheFilesOfOneEndingSortedWithoutRegardToCase) {
@@ -175,7 +227,7 @@ TEST(NamesUnderTurkish, HaveTheCaseThatTheyHaveEverywhere) {
   WorkFolder folder(temp.path());
   EXPECT_TRUE(folder.writeText("Right.pt", "new"));
   EXPECT_EQ(temp.get("RIGHT.PT"), "new");
-  EXPECT_EQ(folder.resolve("sidi.bmp"), temp.path() / "SIDI.BMP");
+  EXPECT_EQ(folder.resolve("sidi.bmp").path(), temp.path() / "SIDI.BMP");
   temp.put("A.3D-PIPE-PAT", "");
   EXPECT_EQ(folder.list(".3d-pipe-pat"), std::vector<std::string>{"A.3D-PIPE-PAT"});
   EXPECT_EQ(folder.list(".bmp"), (std::vector<std::string>{"sidh.bmp", "SIDI.BMP", "sidj.bmp"}));

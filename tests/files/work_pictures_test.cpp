@@ -96,16 +96,15 @@ TEST(TheCopyInMemory, KeepsEveryColourExactly) {
 /// Pictures in a real folder, and how often one was written.
 struct PicturesOnDisk {
   struct Counting : DiskDesktop {
-    Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
-                                 Overwrite how) override {
+    Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) override {
       ++written;
-      auto saved = DiskDesktop::saveBitmap(picture, path, how);
+      auto saved = DiskDesktop::saveBitmap(picture, place, how);
       if (meanwhile) meanwhile();
       return saved;
     }
-    Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override {
+    Outcome<Bitmap> loadBitmap(const FilePlace& place) override {
       ++read;
-      auto loaded = DiskDesktop::loadBitmap(path);
+      auto loaded = DiskDesktop::loadBitmap(place);
       if (meanwhile) meanwhile();
       return loaded;
     }
@@ -169,7 +168,7 @@ TEST(AWorkPictureThatAnotherHandReplacedByOneAsLongAndAsOld, IsReadAndIsWrittenA
   EXPECT_EQ(p.save(kOne), 1);
   replace();
   EXPECT_EQ(p.save(kOne), 1);
-  EXPECT_TRUE(samePicture(readBitmapFile(path).value(), kOne));
+  EXPECT_TRUE(samePicture(readBitmapFile(place).value(), kOne));
 }
 
 TEST(AWorkPictureThatAnotherHandReplacesAtOnce, IsNotTakenForTheOneThatWasWritten) {

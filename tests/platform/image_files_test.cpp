@@ -245,7 +245,7 @@ TEST(ADocument, ThatCannotTakeItsNameLeavesNothingBehind) {
   const TempFolder temp;
   PdfDocument document(temp.path() / "out.pdf");
   EXPECT_TRUE(document.addPage(motley(2, 2, 2)));
-  document.setPath(temp.path() / "none" / "out.pdf");
+  document.setPlace(temp.path() / "none" / "out.pdf");
   EXPECT_FALSE(document.finish());
   EXPECT_TRUE(std::filesystem::is_empty(temp.path()));
 }

@@ -258,5 +258,13 @@ TEST(TheNewestWork, IsTheOnlyOneThatComesOut) {
   EXPECT_EQ(done, 1);
 }
 
+TEST(AnAddress, LeadsToTheFileOfItsBytesAndBack) {
+  QMimeData data;
+  data.setUrls({QUrl::fromEncoded("file:///tmp/a%FF%25b%20c%23.png")});
+  const std::filesystem::path file("/tmp/a\xFF%b c#.png");
+  EXPECT_EQ(localFiles(data), std::vector{file});
+  EXPECT_EQ(addressOf(file), data.urls().constFirst());
+}
+
 }  // namespace
 }  // namespace gridwright

@@ -122,6 +122,34 @@ TEST(APrinterThatRefuses, LosesNoPage) {
   EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), 2);
 }
 
+/// A printer that refuses to begin its k-th page.
+class RefusingPrinter : public QPrinter {
+ public:
+  explicit RefusingPrinter(int refused) : left_(refused - 1) {}
+  bool newPage() override { return --left_ > 0 && QPrinter::newPage(); }
+
+ private:
+  int left_;
+};
+
+TEST(APrinterThatRefusesAnyPage, HasTheOnesBeforeItAndTheRestIsInThePdf) {
+  constexpr int kPages = 5;
+  for (int refused = 2; refused <= kPages; ++refused) {
+    SCOPED_TRACE(refused);
+    Folder folder;
+    Printing printing(folder.path(), [&] {
+      auto printer = std::make_unique<RefusingPrinter>(refused);
+      printer->setOutputFormat(QPrinter::PdfFormat);
+      printer->setOutputFileName(QString::fromStdString((folder.path() / "paper.pdf").string()));
+      return printer;
+    });
+    for (int page = 0; page < kPages; ++page) EXPECT_TRUE(printing.page(kPage));
+    EXPECT_TRUE(printing.endOfPages());
+    EXPECT_EQ(folder.pagesIn("paper.pdf"), refused - 1);
+    EXPECT_EQ(folder.pagesIn("gridwright-0001.pdf"), kPages - refused + 1);
+  }
+}
+
 TEST(APageAlone, IsADocumentOfItsOwnInTheMiddleOfARun) {
   Folder folder;
   Printing printing(folder.path(), noPrinter);

@@ -193,11 +193,38 @@ TEST(ADrawing, IsNotSavedOverALink) {
   }
 }
 
+TEST(AFolderExchangedForALinkInTheMiddleOfASession, IsToldOnceAndNothingGoesWhereTheLinkLeads) {
+  const TempFolder temp;
+  const TempFolder elsewhere;
+  const fs::path mazes = temp.path() / "Mazes";
+  const fs::path away = temp.path() / "Away";
+  fs::create_directory(mazes);
+  Session s(mazes);
+  s.save("cat");
+  s.look([&](Program&) {
+    fs::rename(mazes, away);
+    fs::create_directory_symlink(elsewhere.path(), mazes);
+  });
+  s.save("dog");
+  s.load("cat");
+  s.desktop.menu(Item::savepatterns);
+  s.desktop.enter(ControlId::Text5, "wave");
+  s.desktop.pumpsPass(2);
+  s.desktop.menu(Item::rmazes);
+  s.desktop.pumpsPass(2);
+  s.run();
+  EXPECT_EQ(s.desktop.messages, std::vector<std::string>{"The folder that this program works in is " +
+                                                         away.string() + " now; what is saved goes there."});
+  for (const char* name : {"cat.maze", "dog.maze", "dog.bmp", "wave.pat", "last-drawing.bmp", "Left.pt"})
+    EXPECT_TRUE(fs::is_regular_file(away / name)) << name;
+  EXPECT_TRUE(fs::is_empty(elsewhere.path()));
+}
+
 TEST(TheStart, RemovesWhatAKilledProgramLeftBehind) {
   const TempFolder temp;
   for (const char* name : {"drawing1.bmp.building", "wave.pat.building", "gridwright-0001.pdf.building"})
     temp.put(name, "half");
-  const auto held = openHeld(temp.path() / "page-0001.bmp.building");
+  const BuildingFile held = makeBuildingFile(temp.path() / "page-0001.bmp");
   Session s(temp.path());
   s.look([&](Program&) {
     int building = 0;
@@ -206,7 +233,7 @@ TEST(TheStart, RemovesWhatAKilledProgramLeftBehind) {
     EXPECT_EQ(building, 1) << "the one that somebody holds";
   });
   s.run();
-  EXPECT_TRUE(fs::exists(temp.path() / "page-0001.bmp.building"));
+  EXPECT_TRUE(isThere(held.place));
 }
 
 TEST(ASessionInTurkish, SavesAndLoadsADrawingByANameWithAnI) {

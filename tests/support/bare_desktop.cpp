@@ -74,22 +74,22 @@ Size BareDesktop::maximise() {
   return client_;
 }
 
-Outcome<Bitmap> BareDesktop::loadBitmap(const std::filesystem::path& path) {
-  const Bitmap* found = file(path.filename().string());
-  if (found == nullptr) return Fault{Fault::Kind::notFound, path.string()};
+Outcome<Bitmap> BareDesktop::loadBitmap(const FilePlace& place) {
+  const Bitmap* found = file(place.filename());
+  if (found == nullptr) return Fault{Fault::Kind::notFound, place.path().string()};
   return *found;
 }
 
-Outcome<FileMark> BareDesktop::saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
+Outcome<FileMark> BareDesktop::saveBitmap(const BitmapView& picture, const FilePlace& place,
                                           Overwrite /*how*/) {
-  if (savesFail) return Fault{Fault::Kind::notWritable, path.string()};
-  saves.push_back(path.filename().string());
+  if (savesFail) return Fault{Fault::Kind::notWritable, place.path().string()};
+  saves.push_back(place.filename());
   bitmaps[saves.back()] = picture.copied();
   return FileMark{};
 }
 
-Outcome<Done> BareDesktop::savePng(const BitmapView& picture, const std::filesystem::path& path) {
-  const auto saved = saveBitmap(picture, path, Overwrite::atOnce);
+Outcome<Done> BareDesktop::savePng(const BitmapView& picture, const FilePlace& place) {
+  const auto saved = saveBitmap(picture, place, Overwrite::atOnce);
   if (!saved) return saved.fault();
   return Done{};
 }

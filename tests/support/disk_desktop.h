@@ -8,11 +8,11 @@ namespace gridwright::test {
 
 class DiskDesktop : public BareDesktop {
  public:
-  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override { return readBitmapFile(path); }
-  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
-                               Overwrite how) override {
+  Outcome<Bitmap> loadBitmap(const FilePlace& place) override { return readBitmapFile(place); }
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) override {
+    const std::filesystem::path path = place.path();
     if (path.parent_path() == full) return Fault{Fault::Kind::notWritable, path.string()};
-    return writeBitmapFile(picture, path, how);
+    return writeBitmapFile(picture, place, how);
   }
   std::filesystem::path full;  ///< A folder whose disk has room for small files, but for no picture.
 };

@@ -25,7 +25,7 @@ class MemoryFolder : public WorkFolder {
     if (readsFail || found == texts.end()) return Fault{Fault::Kind::notFound, std::string(name)};
     return found->second;
   }
-  Outcome<Done> writeText(std::string_view name, std::string_view text) override {
+  Outcome<Done> writeText(std::string_view name, std::string_view text, Overwrite /*how*/) override {
     writes.emplace_back(name);
     if (writesFail) return Fault{Fault::Kind::notWritable, std::string(name)};
     texts[std::string(name)] = text;

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <utility>
 
 namespace gridwright::book {
@@ -14,13 +13,12 @@ namespace fs = std::filesystem;
 namespace {
 
 /// A file without a name. Not all file systems know that: there it gets one, and loses it at once.
-OpenFile nameless(const fs::path& folder) {
-  OpenFile file(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
+OpenFile nameless(const HeldFolder& folder) {
+  OpenFile file(::openat(folder.descriptor(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
   if (file) return file;
-  std::string name = (folder / ".gridwright-book-XXXXXX").string();
-  file = OpenFile(::mkostemp(name.data(), O_CLOEXEC));
-  if (file) ::unlink(name.c_str());
-  return file;
+  BuildingFile named = makeBuildingFile({folder, ".gridwright-book"}, 0600);
+  if (named.file) removeFile(named.place);
+  return std::move(named.file);
 }
 
 }  // namespace

@@ -93,19 +93,19 @@ Outcome<Picture> BookDesktop::readPicture(const std::filesystem::path& file, Siz
   return Fault{Fault::Kind::notFound, file.string()};
 }
 
-Outcome<Done> BookDesktop::savePng(const BitmapView& /*picture*/, const std::filesystem::path& path) {
-  return Fault{Fault::Kind::notWritable, path.string()};
+Outcome<Done> BookDesktop::savePng(const BitmapView& /*picture*/, const FilePlace& place) {
+  return Fault{Fault::Kind::notWritable, place.path().string()};
 }
 
-Outcome<Bitmap> BookDesktop::loadBitmap(const std::filesystem::path& path) {
-  if (path.filename() == "picture.bmp") return picture_;
-  if (path.filename() == "title.bmp") return titlePixel();
-  return Fault{Fault::Kind::notFound, path.string()};
+Outcome<Bitmap> BookDesktop::loadBitmap(const FilePlace& place) {
+  if (place.filename() == "picture.bmp") return picture_;
+  if (place.filename() == "title.bmp") return titlePixel();
+  return Fault{Fault::Kind::notFound, place.path().string()};
 }
 
-Outcome<FileMark> BookDesktop::saveBitmap(const BitmapView& /*picture*/, const std::filesystem::path& path,
+Outcome<FileMark> BookDesktop::saveBitmap(const BitmapView& /*picture*/, const FilePlace& place,
                                           Overwrite /*how*/) {
-  return Fault{Fault::Kind::notWritable, path.string()};
+  return Fault{Fault::Kind::notWritable, place.path().string()};
 }
 
 }  // namespace gridwright::book

@@ -74,13 +74,12 @@ class BookDesktop : public Platform {
   Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
   PictureWork& pictureWork() override { return pictureWork_; }
   InkWork& inkWork() override { return ink_; }
-  Outcome<Done> savePng(const BitmapView& picture, const std::filesystem::path& path) override;
+  Outcome<Done> savePng(const BitmapView& picture, const FilePlace& place) override;
   bool openElsewhere(const std::filesystem::path&) override { return false; }
   std::optional<std::filesystem::path> choosePicture() override { return std::nullopt; }
   Outcome<Pasted> pasted() override { return Fault{Fault::Kind::notFound, "there is no picture to paste"}; }
-  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
-                               Overwrite how) override;
+  Outcome<Bitmap> loadBitmap(const FilePlace& place) override;
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) override;
   Outcome<Done> printForm(const BitmapView&, const PageLook&) override { return Done{}; }
   Outcome<PagesWent> printAlone(const BitmapView&, const PageLook&) override { return PagesWent{}; }
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }

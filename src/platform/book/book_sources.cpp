@@ -107,7 +107,7 @@ class PictureFile {
     const auto drawing = parseDrawing(text);
     if (!drawing) throw Refused{fault(path_, "it is no Gridwright drawing")};
     const fs::path folder = path_.parent_path().empty() ? fs::path(".") : path_.parent_path();
-    const fs::path beside = WorkFolder(folder).resolve(path_.stem().string() + ".bmp");
+    const fs::path beside = WorkFolder(folder).resolve(path_.stem().string() + ".bmp").path();
     const std::string bytes = bytesOf(fs::path(name_).replace_extension(".bmp").string(), beside, read_.sums);
     const auto bitmap = decodeBitmapFile(bytes, Canvas::kSide);
     if (!bitmap) throw Refused{fault(beside, "it cannot be read, so that " + name_ + " has no picture")};

@@ -24,15 +24,13 @@ class MemoryFolder : public WorkFolder {
     texts_[inLowerCase(std::string(name))] = std::move(text);
   }
 
-  [[nodiscard]] std::filesystem::path resolve(std::string_view name) const override {
-    return path() / std::filesystem::path(name);
-  }
+  [[nodiscard]] FilePlace resolve(std::string_view name) const override { return at(name); }
   [[nodiscard]] Outcome<std::string> readText(std::string_view name) const override {
     const auto found = texts_.find(inLowerCase(std::string(name)));
     if (found == texts_.end()) return Fault{Fault::Kind::notFound, std::string(name)};
     return found->second;
   }
-  Outcome<Done> writeText(std::string_view name, std::string_view text) override {
+  Outcome<Done> writeText(std::string_view name, std::string_view text, Overwrite /*how*/) override {
     put(name, std::string(text));
     return Done{};
   }

@@ -1,7 +1,5 @@
 // What a script may expect of the program.
-#include <filesystem>
-#include <system_error>
-
+#include "files/plain_file.h"
 #include "menus/growth.h"
 #include "platform/headless/headless_desktop.h"
 #include "session/workshop.h"
@@ -34,10 +32,7 @@ HeadlessDesktop::Turn HeadlessDesktop::expect(Program& program, const ScriptLine
   } else if (what == "pages") {
     if (pages_ != number(2)) fail("it is " + std::to_string(pages_));
   } else if (what == "file") {
-    std::error_code failed;
-    if (!std::filesystem::exists(program.files->resolve(line.hasText ? line.text : word(2)), failed)) {
-      fail("it is not there");
-    }
+    if (!isThere(program.files->resolve(line.hasText ? line.text : word(2)))) fail("it is not there");
   } else if (const FieldName* field = fieldNamed(what)) {
     if (field->read(program) != number(2)) fail("it is " + std::to_string(field->read(program)));
   } else {

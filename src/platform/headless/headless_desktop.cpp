@@ -343,18 +343,24 @@ HeadlessDesktop::Turn HeadlessDesktop::image(Program& program, const ScriptLine&
 
 HeadlessDesktop::Turn HeadlessDesktop::close(Program&, const ScriptLine&) { throw ProgramEnd{}; }
 
-Outcome<Bitmap> HeadlessDesktop::loadBitmap(const std::filesystem::path& path) {
-  return readBitmapFile(path);
-}
+Outcome<Bitmap> HeadlessDesktop::loadBitmap(const FilePlace& place) { return readBitmapFile(place); }
 
-Outcome<FileMark> HeadlessDesktop::saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
+Outcome<FileMark> HeadlessDesktop::saveBitmap(const BitmapView& picture, const FilePlace& place,
                                               Overwrite how) {
-  return writeBitmapFile(picture, path, how);
+  return writeBitmapFile(picture, place, how);
 }
 
 Outcome<Done> HeadlessDesktop::printForm(const BitmapView& picture, const PageLook& look) {
   keepPage(picture, look);
   return Done{};
+}
+
+/// The folder need not be one that a program works in: what a killed one left of its pages goes here.
+void HeadlessDesktop::openPagesFolder() {
+  pagesFolder_.emplace(*options_.pagesFolder);
+  for (const std::string& name : pagesFolder_->names()) {
+    if (targetOfBuilding(name).starts_with("page-")) removeLeftOver({*pagesFolder_, name});
+  }
 }
 
 /// Nobody is there to read a message: pages that cannot be kept end the run.
@@ -370,8 +376,9 @@ void HeadlessDesktop::keepPage(const BitmapView& picture, const PageLook& look) 
   if (!options_.pagesFolder) return;
   std::array<char, 32> name{};
   std::snprintf(name.data(), name.size(), "page-%04lld.bmp", static_cast<long long>(pages_));
-  const std::filesystem::path page = *options_.pagesFolder / name.data();
-  if (!writeBitmapFile(picture, page)) throw ScriptStop{2, wordsOnLostPages(page)};
+  if (!pagesFolder_) openPagesFolder();
+  const FilePlace page(*pagesFolder_, name.data());
+  if (!writeBitmapFile(picture, page)) throw ScriptStop{2, wordsOnLostPages(page.path())};
 }
 
 // All pages of a script are one document, those printed alone too.

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "files/file_place.h"
 #include "platform/headless/script.h"
 #include "platform/pictures/leptonica_work.h"
 #include "platform/pictures/qt_ink.h"
@@ -64,21 +65,20 @@ class HeadlessDesktop : public Platform {
   Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
   PictureWork& pictureWork() override { return pictureWork_; }
   InkWork& inkWork() override;
-  Outcome<Done> savePng(const BitmapView& picture, const std::filesystem::path& path) override {
-    return writePngFile(picture, path);
+  Outcome<Done> savePng(const BitmapView& picture, const FilePlace& place) override {
+    return writePngFile(picture, place);
   }
   /// The script's `copyfile` does what another program would.
   bool openElsewhere(const std::filesystem::path&) override { return true; }
   /// Nobody is there to choose.
   std::optional<std::filesystem::path> choosePicture() override { return std::nullopt; }
   Outcome<Pasted> pasted() override;
-  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
-                               Overwrite how) override;
+  Outcome<Bitmap> loadBitmap(const FilePlace& place) override;
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) override;
   Outcome<Done> printForm(const BitmapView& picture, const PageLook& look) override;
   Outcome<PagesWent> printAlone(const BitmapView& picture, const PageLook& look) override;
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
-  Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) override;
+  Outcome<Done> writePicture(const PictureFile& wanted, const FilePlace& place) override;
   bool copyPicture(const BitmapView& picture, const std::string& svg) override;
   std::uint32_t clockSeed() override { return seed_; }
   Outcome<Done> makeBook(Program& program, const BookOrder& order) override;
@@ -161,6 +161,7 @@ class HeadlessDesktop : public Platform {
   void holdUnderstood(const std::string& word) const;
   Turn atPlace(Program& program, void (*act)(Sheet&, Corner));
   void savePicture(const Program& program, const BitmapView& picture);
+  void openPagesFolder();
   void keepPage(const BitmapView& picture, const PageLook& look);
 
   std::string scriptName_;
@@ -185,6 +186,7 @@ class HeadlessDesktop : public Platform {
   const FieldName* awaited_ = nullptr;
   std::int64_t awaitedValue_ = 0;
 
+  std::optional<HeldFolder> pagesFolder_;  // held from the first page on
   std::unique_ptr<PdfDocument> document_;
   std::int64_t pages_ = 0;
 };

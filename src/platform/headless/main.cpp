@@ -86,7 +86,7 @@ Outcome<std::string> readSource(const std::string& name) {
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
 
-int run(const CommandLine& line, const std::filesystem::path& workFolder, const std::string& source) {
+int run(const CommandLine& line, const HeldFolder& workFolder, const std::string& source) {
   keepFreedMemory();
   std::unique_ptr<QGuiApplication> application;
   const auto begin = [&application] {
@@ -98,7 +98,7 @@ int run(const CommandLine& line, const std::filesystem::path& workFolder, const 
   HeadlessDesktop desktop(line.script, source, options);
   int status = 0;
   const EndSignals asked;
-  auto program = std::make_unique<Program>(desktop, workFolder);
+  auto program = std::make_unique<Program>(desktop, std::make_unique<WorkFolder>(workFolder));
   program->dataFolder = personalDataFolder();
   try {
     runProgram(*program);
@@ -132,5 +132,5 @@ int main(int argc, char** argv) {
   if (!std::filesystem::is_directory(folder, failed)) return complain("no such folder: " + folder.string());
   const auto lock = lockFolder(folder);
   if (!lock) return complain("another program works in this folder: " + folder.string());
-  return run(line, folder, source.value());
+  return run(line, *lock ? HeldFolder(*lock, folder) : HeldFolder(folder), source.value());
 }

@@ -74,9 +74,9 @@ HeadlessDesktop::Turn HeadlessDesktop::exportPicture(Program& program, const Scr
   return Turn::givePump;
 }
 
-Outcome<Done> HeadlessDesktop::writePicture(const PictureFile& wanted, const std::filesystem::path& path) {
+Outcome<Done> HeadlessDesktop::writePicture(const PictureFile& wanted, const FilePlace& place) {
   if (wanted.format == PictureFormat::pdf) options_.beforePictures();
-  return writePictureFile(wanted, path);
+  return writePictureFile(wanted, place);
 }
 
 bool HeadlessDesktop::copyPicture(const BitmapView& picture, const std::string& /*svg*/) {

@@ -72,7 +72,7 @@ bool isCalled(std::string_view words, std::string_view name) {
 
 /// A path of the script: absolute, or in the working folder.
 std::filesystem::path HeadlessDesktop::pathWord(const Program& program) const {
-  return program.files->path() / std::filesystem::path(line_->hasText ? line_->text : word(1));
+  return program.files->presentPath() / std::filesystem::path(line_->hasText ? line_->text : word(1));
 }
 
 Outcome<Picture> HeadlessDesktop::readPicture(const std::filesystem::path& file, Size fit) {

@@ -212,8 +212,8 @@ HeadlessDesktop::Turn HeadlessDesktop::editelsewhere(Program& program, const Scr
 
 // As another program saves: under a name beside it first.
 HeadlessDesktop::Turn HeadlessDesktop::copyfile(Program& program, const ScriptLine&) {
-  const auto from = program.files->path() / word(1);
-  const auto to = program.files->path() / word(2);
+  const auto from = program.files->presentPath() / word(1);
+  const auto to = program.files->presentPath() / word(2);
   const auto beside = std::filesystem::path(to) += ".copying";
   std::error_code failed;
   std::filesystem::copy_file(from, beside, std::filesystem::copy_options::overwrite_existing, failed);

@@ -44,7 +44,9 @@ Outcome<Done> write(const Bitmap& picture, const PrepareWords& line) {
   const bool isThere = std::filesystem::exists(std::filesystem::symlink_status(line.out, failed));
   if (isThere && !line.mayReplace)
     return cannotBeWritten(line.out, "is there already; --force writes over it");
-  const auto written = replacePlainFile(line.out, BitmapFilePieces(picture).pieces());
+  const FilePlace out = FilePlace(line.out).held();
+  removeLeftOversOf(out);
+  const auto written = replacePlainFile(out, BitmapFilePieces(picture).pieces());
   if (!written) return cannotBeWritten(line.out, "can't be written");
   return Done{};
 }

@@ -64,10 +64,12 @@ int openWindow(gridwright::CommandLine& line) {
   std::error_code gone;
   const fs::path data = gridwright::personalDataFolder();
   const auto place = gridwright::placeForWindow(fs::current_path(gone), data);
-  gridwright::QtDesktop desktop(place.folder);
+  const gridwright::HeldFolder folder = place.held();
+  gridwright::QtDesktop desktop(folder);
   desktop.rememberIn(gridwright::memoryFile());
   if (line.file) desktop.bring({*line.file});
-  const auto program = std::make_unique<gridwright::Program>(desktop, place.folder);
+  const auto program =
+      std::make_unique<gridwright::Program>(desktop, std::make_unique<gridwright::WorkFolder>(folder));
   program->dataFolder = data;
   program->wordsAtBegin = place.words;
   program->toldUnwritable = place.saysUnwritable;

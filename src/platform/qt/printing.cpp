@@ -7,7 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <system_error>
+#include <optional>
 #include <utility>
 
 #include "platform/shared/growing_file.h"
@@ -21,22 +21,16 @@ namespace {
 
 constexpr int kMostDocuments = 9999;
 
-bool isTaken(const std::filesystem::path& path) {
-  std::error_code failed;
-  return std::filesystem::exists(std::filesystem::symlink_status(path, failed)) ||
-         (failed && failed != std::errc::no_such_file_or_directory);
-}
-
-/// The first name that nothing bears yet, not even a document that is still growing; empty when all
-/// are taken.
-std::filesystem::path freeName(const std::filesystem::path& folder) {
+/// The first name that nothing bears yet, not even a document that is still growing; nothing when all are
+/// taken.
+std::optional<FilePlace> freePlace(const HeldFolder& folder) {
   for (int number = 1; number <= kMostDocuments; ++number) {
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "gridwright-%04d.pdf", number);
-    std::filesystem::path path = folder / name.data();
-    if (!isTaken(path) && !isGrowing(path)) return path;
+    FilePlace place(folder, name.data());
+    if (!isThere(place) && !isGrowing(place)) return place;
   }
-  return {};
+  return std::nullopt;
 }
 
 }  // namespace
@@ -58,7 +52,7 @@ UsualPaper paperOfDesktop() {
   return paper;
 }
 
-Printing::Printing(std::filesystem::path folder, FindPrinter find, UsualPaper pdfPaper)
+Printing::Printing(HeldFolder folder, FindPrinter find, UsualPaper pdfPaper)
     : folder_(std::move(folder)), findPrinter_(std::move(find)), pdfPaper_(std::move(pdfPaper)) {}
 
 Printing::~Printing() { static_cast<void>(endOfPages()); }
@@ -76,7 +70,12 @@ Outcome<Done> Printing::page(const BitmapView& picture, const PageLook& look) {
   }
   if (painter_.isActive()) painter_.end();
   printer_.reset();  // once it has refused, the rest of the document follows into the PDF
-  if (document_ == nullptr) document_ = std::make_unique<PdfDocument>(freeName(folder_), pdfPaper_);
+  if (document_ == nullptr) {
+    const auto place = freePlace(folder_);
+    if (!place) documentFailed_ = true;
+    if (!place) return Fault{Fault::Kind::notWritable, folder_.presentPath().string()};
+    document_ = std::make_unique<PdfDocument>(*place, pdfPaper_);
+  }
   auto added = document_->addPage(picture, look);
   if (!added) documentFailed_ = true;
   return added;
@@ -126,7 +125,11 @@ Outcome<PagesWent> Printing::endOfPages() {
   bool whole = !documentFailed_;
   if (document_ != nullptr) {
     // Something else may have got the name since the first page.
-    if (isTaken(document_->path())) document_->setPath(freeName(folder_));
+    if (isThere(document_->place())) {
+      const auto place = freePlace(folder_);
+      if (place) document_->setPlace(*place);
+      whole = whole && place;
+    }
     if (whole) whole = static_cast<bool>(document_->finish());
   }
   PagesWent went = wherePagesWent();
@@ -139,8 +142,8 @@ Outcome<PagesWent> Printing::endOfPages() {
 
 PagesWent Printing::wherePagesWent() const {
   if (document_ == nullptr) return {paper_, {}};
-  const std::filesystem::path& file = document_->path();
-  const std::string pdf = "to " + file.filename().string() + ", in " + folder_.string();
+  const std::filesystem::path file = document_->place().path();
+  const std::string pdf = "to " + file.filename().string() + ", in " + file.parent_path().string();
   return {paper_.empty() ? pdf : paper_ + ", and the rest " + pdf, file};
 }
 

@@ -28,8 +28,7 @@ class Printing {
   using FindPrinter = std::function<std::unique_ptr<QPrinter>()>;
 
   /// \param pdfPaper of PDFs for which nobody has set another.
-  explicit Printing(std::filesystem::path folder, FindPrinter find = defaultPrinter,
-                    UsualPaper pdfPaper = {});
+  explicit Printing(HeldFolder folder, FindPrinter find = defaultPrinter, UsualPaper pdfPaper = {});
   ~Printing();
 
   /// \returns a Fault when neither the printer nor a PDF takes the page; the document is lost then.
@@ -54,7 +53,7 @@ class Printing {
   bool toPrinter(const BitmapView& picture, const PageLook& look);
   [[nodiscard]] PagesWent wherePagesWent() const;
 
-  std::filesystem::path folder_;
+  HeldFolder folder_;
   FindPrinter findPrinter_;
   UsualPaper pdfPaper_;
   std::unique_ptr<QPrinter> printer_;

@@ -34,7 +34,7 @@ constexpr auto kMaximiseTime = 200ms;
 
 }  // namespace
 
-QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
+QtDesktop::QtDesktop(const HeldFolder& workFolder)
     : menus_(*window_.menuBar(), inputs_),
       controls_(window_.view(), inputs_,
                 [this](ControlId swatch, Qt::MouseButton button) { swatchPressed(swatch, button); }),
@@ -334,18 +334,17 @@ int QtDesktop::run(QDialog& dialog) {
 }
 
 bool QtDesktop::openElsewhere(const std::filesystem::path& file) {
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.c_str())));
+  return QDesktopServices::openUrl(addressOf(file));
 }
 
-Outcome<Done> QtDesktop::savePng(const BitmapView& picture, const std::filesystem::path& path) {
-  return writePngFile(picture, path);
+Outcome<Done> QtDesktop::savePng(const BitmapView& picture, const FilePlace& place) {
+  return writePngFile(picture, place);
 }
 
-Outcome<Bitmap> QtDesktop::loadBitmap(const std::filesystem::path& path) { return readBitmapFile(path); }
+Outcome<Bitmap> QtDesktop::loadBitmap(const FilePlace& place) { return readBitmapFile(place); }
 
-Outcome<FileMark> QtDesktop::saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
-                                        Overwrite how) {
-  return writeBitmapFile(picture, path, how);
+Outcome<FileMark> QtDesktop::saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) {
+  return writeBitmapFile(picture, place, how);
 }
 
 std::uint32_t QtDesktop::clockSeed() {

@@ -38,7 +38,7 @@ class BookMaker;
 class QtDesktop : public Platform {
  public:
   /// Opens the window. \param workFolder where a PDF goes when there is no printer.
-  explicit QtDesktop(const std::filesystem::path& workFolder);
+  explicit QtDesktop(const HeldFolder& workFolder);
   ~QtDesktop() override;
 
   void doEvents(Program& program, Pace pace) override;
@@ -58,13 +58,12 @@ class QtDesktop : public Platform {
   Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
   PictureWork& pictureWork() override { return pictureWork_; }
   InkWork& inkWork() override { return ink_; }
-  Outcome<Done> savePng(const BitmapView& picture, const std::filesystem::path& path) override;
+  Outcome<Done> savePng(const BitmapView& picture, const FilePlace& place) override;
   bool openElsewhere(const std::filesystem::path& file) override;
   std::optional<std::filesystem::path> choosePicture() override;
   Outcome<Pasted> pasted() override;
-  Outcome<Bitmap> loadBitmap(const std::filesystem::path& path) override;
-  Outcome<FileMark> saveBitmap(const BitmapView& picture, const std::filesystem::path& path,
-                               Overwrite how) override;
+  Outcome<Bitmap> loadBitmap(const FilePlace& place) override;
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) override;
   Outcome<Done> printForm(const BitmapView& picture, const PageLook& look) override {
     return printing_.page(picture, look);
   }
@@ -72,7 +71,7 @@ class QtDesktop : public Platform {
   void previewPage(const BitmapView& picture, const PageLook& look) override;
   UsualPaper usualPaper() override;
   Outcome<PagesWent> endOfPages() override;
-  Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) override;
+  Outcome<Done> writePicture(const PictureFile& wanted, const FilePlace& place) override;
   bool copyPicture(const BitmapView& picture, const std::string& svg) override;
   std::uint32_t clockSeed() override;
   Outcome<Done> makeBook(Program& program, const BookOrder& order) override;

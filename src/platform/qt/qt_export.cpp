@@ -52,7 +52,7 @@ void QtDesktop::mirrorExport(const Program& program) {
 }
 
 void QtDesktop::askForExportName(const Program& program) {
-  const auto folder = QFile::decodeName(program.files->path().c_str());
+  const auto folder = QFile::decodeName(program.files->presentPath().c_str());
   QFileDialog dialog(&window_, "Export", folder, kFilter);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
@@ -61,8 +61,8 @@ void QtDesktop::askForExportName(const Program& program) {
     exportPage_->setFile(dialog.selectedFiles().constFirst());
 }
 
-Outcome<Done> QtDesktop::writePicture(const PictureFile& wanted, const std::filesystem::path& path) {
-  return writePictureFile(wanted, path);
+Outcome<Done> QtDesktop::writePicture(const PictureFile& wanted, const FilePlace& place) {
+  return writePictureFile(wanted, place);
 }
 
 bool QtDesktop::copyPicture(const BitmapView& picture, const std::string& svg) {

@@ -114,10 +114,24 @@ void Window::dropEvent(QDropEvent* event) {
   acceptAsCopy(*event);
 }
 
+namespace {
+
+/// The name in an address as its bytes, which need not be letters of any language.
+QByteArray bytesOf(const QUrl& url) {
+  if (!url.host().isEmpty()) return QFile::encodeName(url.toLocalFile());
+  return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+}
+
+}  // namespace
+
+QUrl addressOf(const std::filesystem::path& file) {
+  return QUrl::fromEncoded("file://" + QByteArray::fromStdString(file.native()).toPercentEncoding("/"));
+}
+
 std::vector<std::filesystem::path> localFiles(const QMimeData& data) {
   std::vector<std::filesystem::path> files;
   for (const QUrl& url : data.urls()) {
-    if (url.isLocalFile()) files.emplace_back(QFile::encodeName(url.toLocalFile()).toStdString());
+    if (url.isLocalFile()) files.emplace_back(bytesOf(url).toStdString());
   }
   return files;
 }

@@ -62,4 +62,7 @@ class Window : public QMainWindow {
 /// The files of this computer that dragged or copied data names.
 std::vector<std::filesystem::path> localFiles(const QMimeData& data);
 
+/// The address of a file, for other programs; its bytes are kept, whatever they stand for.
+QUrl addressOf(const std::filesystem::path& file);
+
 }  // namespace gridwright

@@ -192,7 +192,7 @@ void WorkshopPanel::mirror(Program& program) {
   mirroring_ = false;
   if (w.open) mirrorSheet(program);
   shown_ = w.revision;
-  const bool isAway = w.open && !w.elsewhere.empty();
+  const bool isAway = w.open && w.elsewhere;
   if (isAway && !watching_.isActive()) watching_.start();
   if (!isAway) watching_.stop();
 }

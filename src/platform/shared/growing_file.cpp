@@ -1,58 +1,33 @@
 #include "platform/shared/growing_file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <system_error>
-#include <vector>
+#include <utility>
 
 namespace gridwright {
-
-namespace fs = std::filesystem;
 
 namespace {
 
 constexpr std::size_t kMostWaiting = 16384;  // bytes
-constexpr int kTries = 100;                  // at a name that is not taken; the first nearly always is none
 
-/// Between its making and its hold another may have taken it for a left-over.
-bool hasName(const OpenFile& file) {
-  struct stat known {};
-  return ::fstat(file.descriptor(), &known) == 0 && known.st_nlink > 0;
-}
-
-/// The files that grow towards a target, and those that a killed program left behind of it.
-std::vector<fs::path> growingTowards(const fs::path& target) {
-  const std::string wanted = target.filename().string();
-  std::vector<fs::path> paths;
-  std::error_code failed;
-  const fs::path folder = target.parent_path().empty() ? fs::path(".") : target.parent_path();
-  for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end; entry.increment(failed)) {
-    if (targetOfBuilding(entry->path().filename().string()) == wanted) paths.push_back(entry->path());
-  }
-  return paths;
-}
-
-bool rename(const fs::path& from, const fs::path& to, Taking how) {
-  if (how == Taking::replaces) return ::rename(from.c_str(), to.c_str()) == 0;
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+bool rename(const FilePlace& from, const FilePlace& to, Taking how) {
+  if (how == Taking::replaces) return renameFile(from, to);
+  if (::renameat2(from.folder(), from.name(), to.folder(), to.name(), RENAME_NOREPLACE) == 0) return true;
   // Where the file system knows no such thing a second name does the same.
-  return errno == EINVAL && ::link(from.c_str(), to.c_str()) == 0 && ::unlink(from.c_str()) == 0;
+  return errno == EINVAL && ::linkat(from.folder(), from.name(), to.folder(), to.name(), 0) == 0 &&
+         removeFile(from);
 }
 
 }  // namespace
 
-GrowingFile::GrowingFile(const fs::path& target) {
-  for (const fs::path& path : growingTowards(target)) removeLeftOver(path);
-  for (int i = 0; i < kTries && !file_; ++i) {
-    path_ = freshBuildingName(target);
-    file_ = OpenFile(::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-    if (!file_ && errno != EEXIST) return;
-    if (file_ && !(hold(file_) && hasName(file_))) file_.close();
-  }
+GrowingFile::GrowingFile(const FilePlace& target) : place_(target.held()) {
+  removeLeftOversOf(place_);
+  BuildingFile building = makeBuildingFile(place_);
+  place_ = std::move(building.place);
+  file_ = std::move(building.file);
   if (file_) open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
@@ -60,7 +35,7 @@ GrowingFile::~GrowingFile() { remove(); }
 
 void GrowingFile::remove() {
   if (!file_) return;
-  ::unlink(path_.c_str());
+  removeFile(place_);
   file_.close();
 }
 
@@ -83,10 +58,10 @@ bool GrowingFile::isOnDisk() {
   return ::fsync(file_.descriptor()) == 0 || errno == EINVAL || errno == EROFS;
 }
 
-bool GrowingFile::takeName(const fs::path& target, Taking how) {
+bool GrowingFile::takeName(const FilePlace& target, Taking how) {
   if (!isWhole()) return false;
   close();
-  const bool taken = isOnDisk() && !isNoPlainFile(target) && rename(path_, target, how);
+  const bool taken = isOnDisk() && !isNoPlainFile(target) && rename(place_, target, how);
   if (!taken) {
     remove();
     return false;
@@ -95,6 +70,6 @@ bool GrowingFile::takeName(const fs::path& target, Taking how) {
   return true;
 }
 
-bool isGrowing(const fs::path& target) { return !growingTowards(target).empty(); }
+bool isGrowing(const FilePlace& target) { return !growingTowards(target).empty(); }
 
 }  // namespace gridwright

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QIODevice>
-#include <filesystem>
 #include <string>
 
 #include "files/plain_file.h"
@@ -25,7 +24,7 @@ class GrowingFile : public QIODevice {
  public:
   /// Opens a new file beside the target, if that can be done: see `isOpen`. What killed programs left behind
   /// of the same target goes; the target's folder need not be one that a program works in.
-  explicit GrowingFile(const std::filesystem::path& target);
+  explicit GrowingFile(const FilePlace& target);
   /// Removes the file unless it has taken its name.
   ~GrowingFile() override;
 
@@ -38,7 +37,7 @@ class GrowingFile : public QIODevice {
 
   /// The same, and takes the name. Nothing can be written from then on.
   /// \returns false when a byte was refused or the name cannot be taken; what was there stays as it was.
-  [[nodiscard]] bool takeName(const std::filesystem::path& target, Taking how = Taking::replaces);
+  [[nodiscard]] bool takeName(const FilePlace& target, Taking how = Taking::replaces);
 
   [[nodiscard]] bool isSequential() const override { return true; }
 
@@ -50,13 +49,13 @@ class GrowingFile : public QIODevice {
   bool writeThrough();
   void remove();
 
-  std::filesystem::path path_;
+  FilePlace place_;      // where it lies while it grows
   std::string waiting_;  // a writer of pages writes a few bytes at a time
   OpenFile file_;
   bool refused_ = false;
 };
 
 /// Whether a file grows towards this target, in this program or another.
-bool isGrowing(const std::filesystem::path& target);
+bool isGrowing(const FilePlace& target);
 
 }  // namespace gridwright

@@ -1,7 +1,6 @@
 #include "platform/shared/image_files.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImage>
 #include <QMarginsF>
 #include <QPageLayout>
@@ -30,8 +29,8 @@ constexpr std::uintmax_t kLargestFile = 512U << 20;  // 100 million pixels of 32
 
 }  // namespace
 
-Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
-  const auto bytes = readPlainFile(path, kLargestFile);
+Outcome<Bitmap> readBitmapFile(const FilePlace& place) {
+  const auto bytes = readPlainFile(place, kLargestFile);
   if (!bytes) return bytes.fault();
   return decodeBitmapFile(bytes.value(), Canvas::kSide);
 }
@@ -50,24 +49,23 @@ QImage imageOf(const BitmapView& picture) {
   return image;
 }
 
-Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const std::filesystem::path& path,
-                                  Overwrite how) {
-  return replacePlainFile(path, BitmapFilePieces(picture).pieces(), how);
+Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const FilePlace& place, Overwrite how) {
+  return replacePlainFile(place, BitmapFilePieces(picture).pieces(), how);
 }
 
-Outcome<Done> writePngFile(const BitmapView& picture, const std::filesystem::path& path) {
+Outcome<Done> writePngFile(const BitmapView& picture, const FilePlace& place) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   if (!buffer.open(QIODevice::WriteOnly) || !imageOf(picture).save(&buffer, "PNG"))
-    return Fault{Fault::Kind::notWritable, path.string()};
+    return Fault{Fault::Kind::notWritable, place.path().string()};
   const auto written =
-      replacePlainFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())}, Overwrite::atOnce);
+      replacePlainFile(place, {bytes.constData(), static_cast<std::size_t>(bytes.size())}, Overwrite::atOnce);
   if (!written) return written.fault();
   return Done{};
 }
 
 struct PdfDocument::Writer {
-  Writer(const std::filesystem::path& path, const UsualPaper& paper) : file(path), amended(file) {
+  Writer(const FilePlace& place, const UsualPaper& paper) : file(place), amended(file) {
     if (!file.isOpen()) return;
     pdf = std::make_unique<QPdfWriter>(&amended);
     pdf->setCreator("Gridwright");
@@ -107,14 +105,14 @@ struct PdfDocument::Writer {
   QPainter painter;  // ends before the writer and the file do
 };
 
-PdfDocument::PdfDocument(std::filesystem::path path, const UsualPaper& paper)
-    : path_(std::move(path)),
-      writer_(path_.empty() || isNoPlainFile(path_) ? nullptr : std::make_unique<Writer>(path_, paper)) {}
+PdfDocument::PdfDocument(FilePlace place, const UsualPaper& paper)
+    : place_(place.held()),
+      writer_(isNoPlainFile(place_) ? nullptr : std::make_unique<Writer>(place_, paper)) {}
 
 PdfDocument::~PdfDocument() = default;
 
 Outcome<Done> PdfDocument::addPage(const BitmapView& picture, const PageLook& look) {
-  const Fault fault{Fault::Kind::notWritable, path_.string()};
+  const Fault fault{Fault::Kind::notWritable, place_.path().string()};
   if (writer_ == nullptr || writer_->pdf == nullptr) return fault;
   layPage(*writer_->pdf, writer_->usual, picture, look.setup);
   const bool begun =
@@ -129,13 +127,13 @@ Outcome<Done> PdfDocument::addPage(const BitmapView& picture, const PageLook& lo
 }
 
 Outcome<Done> PdfDocument::finish() {
-  const Fault fault{Fault::Kind::notWritable, path_.string()};
+  const Fault fault{Fault::Kind::notWritable, place_.path().string()};
   if (writer_ == nullptr || writer_->pdf == nullptr) return fault;
   const bool ended = writer_->painter.end();
   writer_->pdf.reset();  // writes what makes a document of the pages
   // A document that says less of itself is whole all the same.
   static_cast<void>(writer_->amended.amend(writer_->about(), writer_->labels));
-  const bool taken = ended && writer_->file.takeName(path_);
+  const bool taken = ended && writer_->file.takeName(place_);
   writer_.reset();
   if (!taken) return fault;
   return Done{};

@@ -15,15 +15,15 @@ class QImage;
 namespace gridwright {
 
 /// Decodes a bitmap file by content to exact 24-bit colour, alpha dropped, cut at 1000 by 1000.
-Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path);
+Outcome<Bitmap> readBitmapFile(const FilePlace& place);
 
 /// Writes a 24-bit bitmap file, by `replacePlainFile`: what was there or the new one is there, whole, at any
 /// moment. Nothing is written to what is no plain file: a notPlain Fault.
-Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const std::filesystem::path& path,
+Outcome<FileMark> writeBitmapFile(const BitmapView& picture, const FilePlace& place,
                                   Overwrite how = Overwrite::atOnce);
 
 /// Writes a PNG of just these pixels by way of a file beside it that is renamed.
-Outcome<Done> writePngFile(const BitmapView& picture, const std::filesystem::path& path);
+Outcome<Done> writePngFile(const BitmapView& picture, const FilePlace& place);
 
 QImage imageOf(const BitmapView& picture);
 
@@ -33,7 +33,7 @@ class PdfDocument {
  public:
   /// Nothing but a plain file, or a free name, is taken: else there is a Fault from the first page on.
   /// \param paper of pages for which nobody has set another.
-  explicit PdfDocument(std::filesystem::path path, const UsualPaper& paper = {});
+  explicit PdfDocument(FilePlace place, const UsualPaper& paper = {});
   ~PdfDocument();
   PdfDocument(const PdfDocument&) = delete;
   PdfDocument& operator=(const PdfDocument&) = delete;
@@ -45,12 +45,12 @@ class PdfDocument {
   Outcome<Done> finish();
 
   /// The name that it will have.
-  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-  void setPath(std::filesystem::path path) { path_ = std::move(path); }
+  [[nodiscard]] const FilePlace& place() const { return place_; }
+  void setPlace(FilePlace place) { place_ = std::move(place); }
 
  private:
   struct Writer;
-  std::filesystem::path path_;
+  FilePlace place_;
   std::unique_ptr<Writer> writer_;
 };
 

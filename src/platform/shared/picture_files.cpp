@@ -8,27 +8,27 @@ namespace gridwright {
 
 namespace {
 
-bool writePngTo(const PictureFile& wanted, const std::filesystem::path& path) {
-  GrowingFile file(path);
+bool writePngTo(const PictureFile& wanted, const FilePlace& place) {
+  GrowingFile file(place);
   if (!file.isOpen()) return false;
   const bool written = writePng(wanted.picture, wanted.scale, wanted.dpi, [&](std::string_view bytes) {
     const auto count = static_cast<qint64>(bytes.size());
     return file.write(bytes.data(), count) == count;
   });
-  return written && file.takeName(path);
+  return written && file.takeName(place);
 }
 
-bool writePdfTo(const PictureFile& wanted, const std::filesystem::path& path) {
-  PdfDocument document(path, wanted.usual);
+bool writePdfTo(const PictureFile& wanted, const FilePlace& place) {
+  PdfDocument document(place, wanted.usual);
   return document.addPage(wanted.picture, wanted.look) && document.finish();
 }
 
 }  // namespace
 
-Outcome<Done> writePictureFile(const PictureFile& wanted, const std::filesystem::path& path) {
+Outcome<Done> writePictureFile(const PictureFile& wanted, const FilePlace& place) {
   const bool written =
-      wanted.format == PictureFormat::pdf ? writePdfTo(wanted, path) : writePngTo(wanted, path);
-  if (!written) return Fault{Fault::Kind::notWritable, path.string()};
+      wanted.format == PictureFormat::pdf ? writePdfTo(wanted, place) : writePngTo(wanted, place);
+  if (!written) return Fault{Fault::Kind::notWritable, place.path().string()};
   return Done{};
 }
 
