@@ -5,6 +5,7 @@ them, and makes the pictures of guide/.
     docs/pictures/guide.py build/release [RECIPE...]
 """
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -17,12 +18,12 @@ from desktop import Desktop, Failed, until  # noqa: E402
 PICTURES = os.path.join(HERE, "guide")
 NAMES = ["Amélie", "Ben", "Chiara", "Deniz", "Emma", "Finn", "Greta", "Hugo", "Ida", "Jakub", "Lena", "Mia", "Noah",
          "Olga", "Paul", "Rosa", "Sami", "Tilda", "Umut", "Wanda"]
-FEW = ["+dither", "-colors", "48", "-define", "png:compression-level=9"]  # a screen has few colours
+FEW = ["+dither", "-colors", "16", "-define", "png:compression-level=9"]  # a screen has few colours
 
 
 class Person(Desktop):
     """Somebody at the window, with a folder of drawings and one of pictures."""
-    WIDTH, HEIGHT = 1024, 768
+    WIDTH, HEIGHT = 900, 680
 
     def settle(self, folder, program):
         self.work = os.path.join(self.environment["HOME"], "drawings")
@@ -68,7 +69,7 @@ class Person(Desktop):
 
     def letTheComputerCarve(self):
         self.key("F5")
-        self.awaitCaption("making")
+        self.awaitCaption("creating")
         self.key("j")
         self.awaitCaption("placing start and finish")
         self.quietShot()
@@ -85,7 +86,7 @@ class Person(Desktop):
         told = self.say("pdfinfo", document)
         return int(told.split("Pages:")[1].split()[0])
 
-    def keepPages(self, name, document, first, last=None, across=1, dots=50):
+    def keepPages(self, name, document, first, last=None, across=1, dots=45):
         """Pages of a document beside and below each other."""
         last = last or first
         self.say("pdftoppm", "-png", "-r", str(dots), "-f", str(first), "-l", str(last), document, self.path("seen"))
@@ -125,15 +126,22 @@ def photograph(person):
     person.begin()
     person.key("ctrl+o")
     person.file(os.path.join(person.brought, "photograph.jpg"))
-    person.quietShot()
     person.fill("c", "4")
+    person.key("alt+l")
+    person.type("n")
     person.keep("photograph-panel")
     person.key("alt+u")
     person.quietShot()
     person.letTheComputerCarve()
     person.key("F6")
     person.awaitCaption("solved")
-    person.keep("photograph-maze")
+    person.choose("f", "x")
+    person.fill("l", "photograph.png")
+    person.key("Return")
+    image = person.awaitFile("photograph.png")
+    expect(int(person.say("identify", "-format", "%w", image)) > 1500, "it is as large as a page takes")
+    person.say("convert", image, "-filter", "box", "-resize", "640x", "+dither", "-colors", "16",
+               os.path.join(PICTURES, "photograph-maze.png"))
     person.key("ctrl+p")
     page = person.awaitFile("gridwright-0001.pdf")
     expect(person.pages(page) == 1, "the maze is one page")
@@ -141,48 +149,47 @@ def photograph(person):
 
 def colouring(person):
     person.begin()
-    person.key("ctrl+o")
+    person.choose("f", "b")
+    person.key("alt+w")
+    person.key("alt+d")
     person.file(os.path.join(person.brought, "colouring_page.png"))
-    person.quietShot()
-    person.key("alt+u")
-    person.quietShot()
-    person.letTheComputerCarve()
-    person.choose("f", "x")
-    person.fill("l", "colouring.png")
-    person.key("alt+r")
-    person.keep("colouring-export")
+    person.fill("x", "8")
+    person.fill("a", "after")
+    person.fill("l", "Find the way, then colour")
+    person.key("alt+i", "ctrl+a", "Delete")
+    person.keep("colouring-panel")
     person.key("Return")
-    image = person.awaitFile("colouring.png")
-    size = person.say("identify", "-format", "%w %h %A", image).split()
-    expect(int(size[0]) > 1000 and size[2] in ("True", "Blend"), "it is large, and its ground see-through")
-    person.say("convert", image, "-background", "white", "-flatten", "-filter", "box", "-resize", "480x", "-colors", "16",
-               os.path.join(PICTURES, "colouring-page.png"))
+    book = person.awaitFile("book-1.pdf")
+    expect(person.pages(book) == 2, "a page, and its answer behind it")
+    person.keepPages("colouring-pages", book, 1, 2, across=2)
 
 
 def forty(person):
     person.begin()
-    person.choose("o", "i")
-    person.type("balloon")
-    person.key("Return")
-    person.quietShot()
     person.choose("f", "b")
+    person.key("alt+w")
+    person.key("alt+d")
+    person.file(" ".join(f'"{person.path(name)}"' for name in ("balloon.bmp", "cat.bmp", "snail.bmp")))
     person.fill("z", "40")
+    person.key("Tab", "Down")
     person.fill("k", "regular,3d,pipe")
-    person.fill("x", "14,12,10")
+    person.fill("x", "10,8")
     person.fill("g", "1x2")
     person.fill("s", "3x4")
-    person.fill("l", "Forty flights")
+    person.fill("l", "Forty ways")
     person.fill("i", "{n}")
     person.keep("forty-panel")
     person.key("Return")
     book = person.awaitFile("book-1.pdf")
     expect(person.pages(book) == 20 + 4, "forty mazes by two, and their answers by twelve")
-    person.keepPages("forty-pages", book, 1, 1)
-    person.keepPages("forty-answers", book, 21, 21)
+    person.keepPages("forty-pages", book, 1)
+    person.keepPages("forty-answers", book, 21)
 
 
 def poster(person):
     person.begin()
+    person.key("ctrl+o")
+    person.file(person.path("snail.bmp"))
     person.choose("o", "w")
     person.type("6")
     person.key("Return")
@@ -218,7 +225,8 @@ def main(build, *wanted):
                 person = Person(folder)
                 try:
                     person.settle(brought, program)
-                    subprocess.run(["cp", os.path.join(brought, "balloon.bmp"), person.work], check=True)
+                    for picture in ("balloon.bmp", "cat.bmp", "snail.bmp"):
+                        shutil.copy(os.path.join(brought, picture), person.work)
                     RECIPES[name](person)
                     print(name + ": as it is written", flush=True)
                 except Failed as reason:
