@@ -62,7 +62,7 @@ std::string freeName(const Program& program, const std::string& name) {
     stem += '-';
   }
   while (isTaken(program.files->path() / path))
-    path.replace_filename(stem + std::to_string(++number) + ending);
+    path.replace_filename(std::string(stem).append(std::to_string(++number)).append(ending));
   return path.string();
 }
 
@@ -114,7 +114,7 @@ Outcome<Done> write(Program& program, const ExportWish& wish, const fs::path& pa
 /// \returns why the file is not there; empty when it is.
 std::string exported(Program& program, const ExportWish& wish, const fs::path& path) {
   if (std::string why = whyNoFile(program, wish, path); !why.empty()) return why;
-  const std::string refused = "Nothing is exported: " + path.string() + " can't be written";
+  std::string refused = "Nothing is exported: " + path.string() + " can't be written";
   if (!holdEarlier(path)) return refused;
   if (!write(program, wish, path)) {
     dropEarlier(path);

@@ -59,7 +59,7 @@ struct PageSetup {
   std::string title;               ///< One line at the head of the page; empty for none.
   bool nameLine = false;           ///< "Name: ____" at the head of the page.
   bool endWords = false;           ///< "Start" and "Finish" beside the ends.
-  PageTiles tiles = {};                 ///< Each sheet is of that paper, and has those margins.
+  PageTiles tiles = {};            ///< Each sheet is of that paper, and has those margins.
   friend bool operator==(const PageSetup&, const PageSetup&) = default;
 };
 

@@ -80,9 +80,9 @@ TEST(TheExportPanel, OffersTheAnswerThatStandsAndTheMazeWithoutOne) {
   }
 }
 
-TEST(AnExportedPage, HasThePageSetupWithoutItsWords) {
+TEST(AnExportedPage, HasThePageSetupWithoutItsWordsAndTiles) {
   Desk w;
-  w.program.pages.setup = {paperNamed("a5"), false, allRound(20), "A title", true, true};
+  w.program.pages.setup = {paperNamed("a5"), false, allRound(20), "A title", true, true, {3, 2}};
   w.state.phase = Phase::placing;
   w.accept({"a.png", 600});
   ASSERT_EQ(w.desktop.pictureFiles.size(), 1U);

@@ -9,6 +9,7 @@
 
 #include "menus/enable_table.h"
 #include "menus/panels.h"
+#include "session/book_panel.h"
 #include "session/input.h"
 #include "session/workshop.h"
 #include "support/world.h"
@@ -235,6 +236,8 @@ class Fidget {
     seen_.insert(p.state.phase);
     fault_ = fault_.empty() ? disagreement(p) : fault_;
     if (p.workshop.open && below(8) == 0) return atWorkshop(p);
+    if (p.book.open && below(2) == 0) return atBook(p);
+    if (p.book.making.underWay && below(80) == 0) return bookGoesOn(p);
     switch (below(12)) {
       case 0:
       case 1:
@@ -308,6 +311,20 @@ class Fidget {
     if (below(2) == 0) setup.margins = allRound(below(99));
     if (below(3) == 0) return input::pageSetupEscaped(p);
     input::pageSetupEntered(p, setup);
+  }
+  void atBook(Program& p) {
+    BookWish wish = p.book.wish;
+    wish.drawing = below(3) != 0;
+    wish.sheet = below(3) == 0;
+    if (below(3) == 0) return input::bookEscaped(p);
+    if (below(3) == 0) return input::bookFilled(p, wish);
+    input::bookAccepted(p, wish);
+  }
+  void bookGoesOn(Program& p) {
+    if (below(3) == 0) return input::bookCancelled(p);
+    BookNews news{1, 2, {{1, plainBitmap(3, 3, 0)}}, {}};
+    if (below(3) == 0) news.end = BookEnd{static_cast<std::size_t>(below(2)), below(2) == 0, {}};
+    bookNews(p, news);
   }
   void preparation(Program& p) {
     PrepareSettings settings = p.prepare.settings;
@@ -425,6 +442,7 @@ void leadBack(Program& p, int turn) {
   if (p.workshop.open) return leaveWorkshop(p);
   if (p.pages.open) return input::pageSetupEscaped(p);
   if (p.exporting.open) return input::exportEscaped(p);
+  if (p.book.open) return input::bookEscaped(p);
   for (const ControlId id : {ControlId::Text2, ControlId::Text7, ControlId::text1, ControlId::Text4,
                              ControlId::Text5, ControlId::Text6, ControlId::Text3, ControlId::Text8}) {
     if (p.controls[id].visible) return input::escapePressed(p, id);

@@ -103,6 +103,12 @@ class BareDesktop : public Platform {
     return went;
   }
   std::uint32_t clockSeed() override { return seed; }
+  Outcome<Done> makeBook(Program& /*program*/, const BookOrder& order) override {
+    if (bookBegins) books.push_back(order);
+    return bookBegins;
+  }
+  void stopBook() override { ++booksStopped; }
+  void endBook(Program& /*program*/) override { ++booksEnded; }
   std::string remembered(std::string_view key) override {
     const auto found = memory.find(key);
     return found == memory.end() ? std::string() : found->second;
@@ -146,6 +152,9 @@ class BareDesktop : public Platform {
   std::vector<Copied> copied;
   bool hasClipboard = true;
   UsualPaper usual;
+  std::vector<BookOrder> books;       ///< That were begun; a test tells how they go on.
+  Outcome<Done> bookBegins = Done{};  ///< What is said of one.
+  int booksStopped = 0, booksEnded = 0;
   int documents = 0, alone = 0, raised = 0, maximised = 0;
   std::uint32_t seed = 1;
   Outcome<PagesWent> went = PagesWent{};                            ///< What is said of pages.

@@ -157,7 +157,7 @@ class Run {
 }  // namespace
 
 void placeFiles(BookRun& run) {
-  for (fs::path* path : {&run.output, &run.answersFile, &run.list, &run.from})
+  for (fs::path* path : {&run.output, &run.answersFile, &run.list, &run.from, &run.svgFolder, &run.pngFolder})
     if (!path->empty()) *path = run.folder / *path;
   for (fs::path& path : run.join) path = run.folder / path;
 }

@@ -161,26 +161,27 @@ QComboBox* BookPage::choices(const char* name, const char* placeholder, const QS
   return made;
 }
 
+// No letter is one that opens a menu.
 QWidget* BookPage::buildForm() {
   auto* part = new QWidget(this);
   auto* form = new QFormLayout(part);
   form->setContentsMargins(0, 0, 0, 0);
-  form->addRow("&Pictures", buildPictures());
+  form->addRow("Pict&ures", buildPictures());
   form->addRow(QString(), drawing_);
   form->addRow(QString(), sheet_);
   form->addRow("&Names", buildNames());
   form->addRow("Ma&zes", buildNumber());
-  form->addRow("&Kinds", kinds_);
+  form->addRow("Kinds", kinds_);
   form->addRow("Wall sizes in pi&xels", walls_);
-  form->addRow("Pa&tterns", patterns_);
-  form->addRow("Pape&r", paper_);
+  form->addRow("Patte&rns", patterns_);
+  form->addRow("Paper", paper_);
   form->addRow("Mazes a pa&ge", perPage_);
   form->addRow("&Answers", answers_);
-  form->addRow("An&swers a page", answersPerPage_);
+  form->addRow("Answers a page", answersPerPage_);
   form->addRow("Tit&le", title_);
-  form->addRow("Capt&ions", caption_);
+  form->addRow("Captions", caption_);
   form->addRow("S&eed", seed_);
-  form->addRow("&File", file_);
+  form->addRow("File", file_);
   static_cast<QLabel*>(form->labelForField(pictures_->parentWidget()))->setBuddy(pictures_);
   static_cast<QLabel*>(form->labelForField(names_->parentWidget()))->setBuddy(names_);
   static_cast<QLabel*>(form->labelForField(number_->parentWidget()))->setBuddy(number_);
@@ -210,7 +211,7 @@ QWidget* BookPage::buildPictures() {
 }
 
 QWidget* BookPage::buildNames() {
-  auto* choose = button(this, "choosenames", "Ch&oose…", "a text file with a name in each line");
+  auto* choose = button(this, "choosenames", "Choose…", "a text file with a name in each line");
   connect(choose, &QPushButton::clicked, this, [this] { onChooseNames(); });
   return inARow(this, {names_, choose});
 }
@@ -237,7 +238,7 @@ QWidget* BookPage::buildButtons() {
   auto* part = new QWidget(this);
   auto* row = new QHBoxLayout(part);
   row->setContentsMargins(0, 0, 0, 0);
-  auto* make = button(this, "make", "&Make", "Enter: the book is made while you go on");
+  auto* make = button(this, "make", "Ma&ke", "Enter: the book is made while you go on");
   auto* cancel = button(this, "cancel", "&Cancel", "Escape: no book is made");
   row->addStretch(1);
   row->addWidget(make);

@@ -1,12 +1,10 @@
 #include "platform/shared/png_writer.h"
 
-#include <zlib.h>
+#include <png.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdint>
-#include <optional>
+#include <new>
 #include <unordered_map>
 #include <vector>
 
@@ -17,88 +15,12 @@ namespace gridwright {
 namespace {
 
 constexpr std::size_t kMostPaletteColours = 256;
-constexpr std::size_t kPiece = 1 << 16;  // bytes of a piece of the file
-
-enum class Kind : char { rgb = 2, palette = 3, rgba = 6 };
-enum class Filter : char { none = 0, up = 2 };
-
-std::string number(std::uint32_t value) {
-  std::string bytes;
-  for (const unsigned shift : {24U, 16U, 8U, 0U}) bytes += static_cast<char>(value >> shift & 0xFFU);
-  return bytes;
-}
-
-void addParts(std::string& bytes, Colour pixel) {
-  for (const int shift : {0, 8, 16}) bytes += static_cast<char>(pixel >> shift & 0xFF);
-}
-
-const Bytef* bytesOf(std::string_view bytes) { return reinterpret_cast<const Bytef*>(bytes.data()); }
-
-/// A file as it is written, chunk by chunk.
-class Chunks {
- public:
-  explicit Chunks(const TakeBytes& take) : take_(take) {}
-
-  void add(std::string_view name, std::string_view content) {
-    const std::string head = number(static_cast<std::uint32_t>(content.size())) + std::string(name);
-    uLong sum = crc32(0, bytesOf(head) + 4, 4);
-    sum = crc32(sum, bytesOf(content), static_cast<uInt>(content.size()));
-    put(head);
-    put(content);
-    put(number(static_cast<std::uint32_t>(sum)));
-  }
-  void put(std::string_view bytes) { whole_ = whole_ && take_(bytes); }
-  [[nodiscard]] bool isWhole() const { return whole_; }
-
- private:
-  const TakeBytes& take_;
-  bool whole_ = true;
-};
-
-/// Packs what comes into chunks of pixels.
-class Packer {
- public:
-  explicit Packer(Chunks& chunks) : chunks_(chunks) {
-    begun_ = deflateInit(&stream_, Z_DEFAULT_COMPRESSION) == Z_OK;
-    room();
-  }
-  Packer(const Packer&) = delete;
-  Packer& operator=(const Packer&) = delete;
-  ~Packer() { deflateEnd(&stream_); }
-
-  void add(const std::string& bytes) {
-    stream_.next_in = const_cast<Bytef*>(bytesOf(bytes));  // NOLINT: it only reads them
-    stream_.avail_in = static_cast<uInt>(bytes.size());
-    while (begun_ && stream_.avail_in > 0) {
-      deflate(&stream_, Z_NO_FLUSH);
-      if (stream_.avail_out == 0) flush();
-    }
-  }
-  /// \returns whether all was packed.
-  bool finish() {
-    while (begun_ && deflate(&stream_, Z_FINISH) == Z_OK) flush();
-    flush();
-    return begun_;
-  }
-
- private:
-  void room() {
-    stream_.next_out = reinterpret_cast<Bytef*>(packed_.data());
-    stream_.avail_out = static_cast<uInt>(packed_.size());
-  }
-  void flush() {
-    const std::size_t packed = packed_.size() - stream_.avail_out;
-    if (packed > 0) chunks_.add("IDAT", std::string_view(packed_).substr(0, packed));
-    room();
-  }
-
-  Chunks& chunks_;
-  z_stream stream_{};
-  std::string packed_ = std::string(kPiece, '\0');
-  bool begun_ = false;
-};
-
 constexpr Colour kShown = kColourBits | kSeeThrough;
+constexpr int kBits = 8;
+constexpr png_byte kOpaque = 0xFF;
+
+png_byte partOf(Colour pixel, int shift) { return static_cast<png_byte>(pixel >> shift & 0xFF); }
+png_byte opacityOf(Colour pixel) { return (pixel & kSeeThrough) != 0 ? png_byte{0} : kOpaque; }
 
 /// What the pixels of a file are: places in a palette, or colours themselves where they are too many.
 class Palette {
@@ -109,65 +31,103 @@ class Palette {
       for (int x = 0; x < picture.width; ++x) look(picture.row(y)[x] & kShown);
     }
     if (colours_.size() <= kMostPaletteColours) return;
-    kind_ = hasHoles_ ? Kind::rgba : Kind::rgb;
+    kind_ = hasHoles_ ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB;
   }
 
-  [[nodiscard]] Kind kind() const { return kind_; }
+  [[nodiscard]] int kind() const { return kind_; }
   [[nodiscard]] const std::vector<Colour>& colours() const { return colours_; }
   [[nodiscard]] bool hasHoles() const { return hasHoles_; }
 
-  void addPixel(std::string& row, Colour raw) const {
+  void addPixel(std::vector<png_byte>& row, Colour raw) const {
     const Colour pixel = raw & kShown;
-    if (kind_ == Kind::palette) {
-      row += static_cast<char>(places_.at(pixel));
-      return;
-    }
-    addParts(row, pixel);
-    if (kind_ == Kind::rgba) row += static_cast<char>((pixel & kSeeThrough) != 0 ? 0 : 0xFF);
+    if (kind_ == PNG_COLOR_TYPE_PALETTE) return row.push_back(places_.at(pixel));
+    for (const int shift : {0, 8, 16}) row.push_back(partOf(pixel, shift));
+    if (kind_ == PNG_COLOR_TYPE_RGB_ALPHA) row.push_back(opacityOf(pixel));
   }
 
  private:
   void look(Colour pixel) {
     hasHoles_ = hasHoles_ || (pixel & kSeeThrough) != 0;
     if (colours_.size() > kMostPaletteColours) return;
-    if (places_.try_emplace(pixel, colours_.size()).second) colours_.push_back(pixel);
+    if (places_.try_emplace(pixel, static_cast<png_byte>(colours_.size())).second) colours_.push_back(pixel);
   }
 
-  Kind kind_ = Kind::palette;
+  int kind_ = PNG_COLOR_TYPE_PALETTE;
   bool hasHoles_ = false;
   std::vector<Colour> colours_;
-  std::unordered_map<Colour, std::size_t> places_;
+  std::unordered_map<Colour, png_byte> places_;
 };
 
-void writeHead(Chunks& chunks, const BitmapView& picture, int scale, int dpi, const Palette& palette) {
-  constexpr double kInchesAMetre = 1 / 0.0254;
-  constexpr char kBits = 8;
-  const auto side = [&](int pixels) {
-    return static_cast<std::uint32_t>(pixels) * static_cast<std::uint32_t>(scale);
-  };
-  chunks.put("\x89PNG\r\n\x1a\n");
-  chunks.add("IHDR", number(side(picture.width)) + number(side(picture.height)) +
-                         std::string{kBits, static_cast<char>(palette.kind()), 0, 0, 0});
-  const std::string dots = number(static_cast<std::uint32_t>(std::lround(dpi * kInchesAMetre)));
-  chunks.add("pHYs", dots + dots + '\1');
-  if (palette.kind() != Kind::palette) return;
-  std::string colours, seen;
-  for (const Colour colour : palette.colours()) {
-    addParts(colours, colour);
-    seen += static_cast<char>((colour & kSeeThrough) != 0 ? 0 : 0xFF);
+/// A file as the library writes it. What is refused once is dropped from then on, so that the library, which
+/// would leave by a long jump, meets no error but the end of memory.
+class PngFile {
+ public:
+  explicit PngFile(const TakeBytes& take)
+      : take_(take), png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, endOfMemory, ignore)) {
+    if (png_ != nullptr) info_ = png_create_info_struct(png_);
+    if (info_ == nullptr) {
+      png_destroy_write_struct(&png_, &info_);
+      throw std::bad_alloc();
+    }
+    png_set_write_fn(
+        png_, this,
+        [](png_structp png, png_bytep bytes, std::size_t count) {
+          auto& file = *static_cast<PngFile*>(png_get_io_ptr(png));
+          const std::string_view more(reinterpret_cast<const char*>(bytes), count);
+          file.whole_ = file.whole_ && file.take_(more);
+        },
+        nullptr);
   }
-  chunks.add("PLTE", colours);
-  if (palette.hasHoles()) chunks.add("tRNS", seen);
-}
+  PngFile(const PngFile&) = delete;
+  PngFile& operator=(const PngFile&) = delete;
+  ~PngFile() { png_destroy_write_struct(&png_, &info_); }
 
-/// A row of pixels as wide as in the file, before it the way in which it is to be read.
-std::string rowOf(const BitmapView& picture, int y, int scale, const Palette& palette) {
-  std::string row(1, static_cast<char>(Filter::none));
-  std::string pixel;
+  [[nodiscard]] bool isWhole() const { return whole_; }
+
+  void begin(png_uint_32 width, png_uint_32 height, int dpi, const Palette& palette) {
+    constexpr double kInchesAMetre = 1 / 0.0254;
+    png_set_IHDR(png_, info_, width, height, kBits, palette.kind(), PNG_INTERLACE_NONE,
+                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    const auto dots = static_cast<png_uint_32>(std::lround(dpi * kInchesAMetre));
+    png_set_pHYs(png_, info_, dots, dots, PNG_RESOLUTION_METER);
+    if (palette.kind() == PNG_COLOR_TYPE_PALETTE) setPalette(palette);
+    // Nearly every row is the one above: its difference is nothing. The library takes what looks smaller.
+    png_set_filter(png_, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE | PNG_FILTER_UP);
+    png_write_info(png_, info_);
+  }
+  void add(const std::vector<png_byte>& row) { png_write_row(png_, row.data()); }
+  void finish() { png_write_end(png_, nullptr); }
+
+ private:
+  [[noreturn]] static void endOfMemory(png_structp /*png*/, png_const_charp /*words*/) {
+    throw std::bad_alloc();
+  }
+  static void ignore(png_structp /*png*/, png_const_charp /*words*/) {}
+
+  void setPalette(const Palette& palette) {
+    const std::vector<Colour>& colours = palette.colours();
+    std::vector<png_color> parts(colours.size());
+    std::transform(colours.begin(), colours.end(), parts.begin(), [](Colour colour) {
+      return png_color{partOf(colour, 0), partOf(colour, 8), partOf(colour, 16)};
+    });
+    png_set_PLTE(png_, info_, parts.data(), static_cast<int>(parts.size()));
+    if (!palette.hasHoles()) return;
+    std::vector<png_byte> seen(colours.size());
+    std::transform(colours.begin(), colours.end(), seen.begin(), opacityOf);
+    png_set_tRNS(png_, info_, seen.data(), static_cast<int>(seen.size()), nullptr);
+  }
+
+  const TakeBytes& take_;
+  png_structp png_;
+  png_infop info_ = nullptr;
+  bool whole_ = true;
+};
+
+/// A row of pixels as wide as in the file.
+std::vector<png_byte> rowOf(const BitmapView& picture, int y, int scale, const Palette& palette) {
+  std::vector<png_byte> row;
   for (int x = 0; x < picture.width; ++x) {
-    pixel.clear();
-    palette.addPixel(pixel, picture.row(y)[x]);
-    for (int i = 0; i < scale; ++i) row += pixel;
+    for (int i = 0; i < scale; ++i) palette.addPixel(row, picture.row(y)[x]);
   }
   return row;
 }
@@ -176,28 +136,20 @@ std::string rowOf(const BitmapView& picture, int y, int scale, const Palette& pa
 
 bool writePng(const BitmapView& picture, int scale, int dpi, const TakeBytes& take) {
   if (picture.isEmpty()) return false;
-  Chunks chunks(take);
   const Palette palette(picture);
-  writeHead(chunks, picture, scale, dpi, palette);
-  bool packed = false;
-  {
-    Packer packer(chunks);
-    std::string again;  // no pixel differs from the one above
-    for (int y = 0; y < picture.height && chunks.isWhole(); ++y) {
-      int rows = scale;
-      if (y == 0 || !picture.isLikeRowAbove(y)) {
-        const std::string row = rowOf(picture, y, scale, palette);
-        packer.add(row);
-        again.assign(row.size(), '\0');
-        again.front() = static_cast<char>(Filter::up);
-        --rows;
-      }
-      for (; rows > 0; --rows) packer.add(again);
-    }
-    packed = packer.finish();
+  const auto side = [&](int pixels) {
+    return static_cast<png_uint_32>(pixels) * static_cast<png_uint_32>(scale);
+  };
+  PngFile file(take);
+  file.begin(side(picture.width), side(picture.height), dpi, palette);
+  std::vector<png_byte> row;
+  for (int y = 0; y < picture.height; ++y) {
+    if (!file.isWhole()) return false;
+    if (y == 0 || !picture.isLikeRowAbove(y)) row = rowOf(picture, y, scale, palette);
+    for (int i = 0; i < scale; ++i) file.add(row);
   }
-  chunks.add("IEND", "");
-  return packed && chunks.isWhole();
+  file.finish();
+  return file.isWhole();
 }
 
 std::string pngOf(const BitmapView& picture, int scale, int dpi) {
