@@ -172,10 +172,10 @@ class Platform : public BitmapFiles {
   /// what it bore before.
   virtual Outcome<PagesWent> endOfPages() = 0;
 
-  /// Begins to make a book by a command line of gridwright-book, beside the program where a desktop has a person
-  /// who must not wait. What becomes of it is told by `bookNews` (session/book_panel.h), the end always.
-  /// \returns a Fault with one line, and nothing has begun: words that are wrong, a file that cannot be there,
-  /// a book that is being made already.
+  /// Begins to make a book by a command line of gridwright-book, beside the program where a desktop has a
+  /// person who must not wait. What becomes of it is told by `bookNews` (session/book_panel.h), the end
+  /// always. \returns a Fault with one line, and nothing has begun: words that are wrong, a file that cannot
+  /// be there, a book that is being made already.
   virtual Outcome<Done> makeBook(Program& /*program*/, const BookOrder& /*order*/) {
     return Fault{Fault::Kind::notWritable, "no books are made here"};
   }
