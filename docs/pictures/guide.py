@@ -168,8 +168,9 @@ def forty(person):
     person.begin()
     person.choose("f", "b")
     person.key("alt+w")
-    person.key("alt+d")
-    person.file(" ".join(f'"{person.path(name)}"' for name in ("balloon.bmp", "cat.bmp", "snail.bmp")))
+    for name in ("balloon.bmp", "cat.bmp", "snail.bmp"):
+        person.key("alt+d")
+        person.file(person.path(name))
     person.fill("z", "40")
     person.key("Tab", "Down")
     person.fill("k", "regular,3d,pipe")
@@ -189,7 +190,12 @@ def forty(person):
 def poster(person):
     person.begin()
     person.key("ctrl+o")
-    person.file(person.path("snail.bmp"))
+    person.file(person.path("balloon.bmp"))
+    person.key("alt+l")
+    person.type("n")
+    person.quietShot()
+    person.key("alt+u")
+    person.quietShot()
     person.choose("o", "w")
     person.type("6")
     person.key("Return")
@@ -204,11 +210,12 @@ def poster(person):
     person.keep("poster-setup")
     person.key("Return")
     person.quietShot()
-    person.choose("f", "g")
     person.key("ctrl+p")
     sheets = person.awaitFile("gridwright-0001.pdf")
     expect(person.pages(sheets) == 6, "three sheets across, two down")
-    person.keepPages("poster-sheets", sheets, 1, 6, across=3, dots=22)
+    person.key("F6")
+    person.awaitCaption("solved")
+    person.keepPages("poster-sheets", sheets, 1, 6, across=3, dots=16)
 
 
 RECIPES = {recipe.__name__: recipe for recipe in (names, photograph, colouring, forty, poster)}

@@ -68,7 +68,8 @@ TEST(ThePageSetupPanel, TakesWhatAPersonSets) {
   panel.part<QComboBox>("paper")->setCurrentText("Letter");
   panel.part<QComboBox>("orientation")->setCurrentIndex(1);
   panel.part<QSpinBox>("margin")->setValue(15);
-  panel.part<QSpinBox>("columns")->setValue(3);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_I, Qt::AltModifier);
+  QTest::keyClicks(QApplication::focusWidget(), "3");
   panel.part<QSpinBox>("rows")->setValue(2);
   panel.part<QPushButton>("use")->click();
   panel.pump(Pace::idle);
