@@ -109,6 +109,8 @@ TEST(ThePanelOfABook, RefusesWhatNoCommandLineWouldSay) {
         Case{[](BookWish& w) { w.sheet = true; }, "there is no sheet yet; the workshop has it"},
         Case{[](BookWish& w) { w.seed.clear(); }, "a seed is 0 to 4294967295"},
         Case{[](BookWish& w) { w.file.clear(); }, "the book has no name yet"},
+        Case{[](BookWish& w) { w.file = "b"; }, "a book's name ends in .pdf, not so b"},
+        Case{[](BookWish& w) { w.file = "book-1.maze"; }, "a book's name ends in .pdf, not so book-1.maze"},
         Case{[](BookWish& w) { w.answers = "there.pdf"; },
              "there.pdf is there already; another name keeps it"}}) {
     Author a;
