@@ -9,6 +9,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 ROOT = os.path.join(HERE, "..", "..")
@@ -137,6 +138,7 @@ def photograph(person):
     person.type("n")
     person.keep("photograph-panel")
     person.key("alt+u")
+    time.sleep(2)  # while the large picture is being made ready nothing changes on the screen
     person.quietShot()
     person.letTheComputerCarve()
     person.key("F6")
