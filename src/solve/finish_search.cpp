@@ -70,6 +70,12 @@ bool searchEnded(Program& program) {
   if (!isSearching(s) || s.paused) return false;
   const bool repeats = standsInStartAsBefore(s);
   if (!backAtStart(s) && !repeats) return false;
+  endSearch(program);
+  return true;
+}
+
+void endSearch(Program& program) {
+  ProgramState& s = program.state;
   endsolution(program);
   const Colour cover = program.canvas.point(s.finish.left, s.finish.top);
   if (program.colours.isMaze(cover)) s.ends.underFinish = s.ends.finishMazeColor = cover;
@@ -77,7 +83,6 @@ bool searchEnded(Program& program) {
   s.playMode = s.chosenPlayMode;
   s.finishFound = true;
   s.phase = Phase::placing;
-  return true;
 }
 
 void bestCellTest(ProgramState& state) {
