@@ -166,9 +166,18 @@ class Sitting {
     sets.maze.push_back(s.finishColor);
     reading_ = std::make_unique<TunnelReading>(*world_.desktop.file("drawing3.bmp"), std::move(sets),
                                                s.wallWidth, s.mazeKind != MazeKind::regular, 0);
+    for (const Square& end : {s.start, s.finish}) {
+      const bool isInside =
+          end.left >= 0 && end.top >= 0 && end.right < picture_.width && end.bottom < picture_.height;
+      if (!isInside) outcome_.fault = "an end lies outside the Canvas";
+    }
+    if (!outcome_.fault.empty()) return;
     start_ = reading_->cellOf(s.start);
     finish_ = reading_->cellOf(s.finish);
-    outcome_.joined = reading_->reachFrom(start_).at(static_cast<std::size_t>(finish_)).reached;
+    const auto reach = reading_->reachFrom(start_);
+    // A last column or row that the Canvas cuts off holds no cell.
+    outcome_.joined =
+        static_cast<std::size_t>(finish_) < reach.size() && reach[static_cast<std::size_t>(finish_)].reached;
   }
 
   void judge(const Program& p) {
