@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Changes one operator or constant at a time and asks the tests of that folder whether they notice.
 
-    mutants.py TREE [--seed N] [--count N] [--jobs N] [--cmake WORDS]
+    mutants.py TREE [--seed N] [--count N] [--folders NAME...] [--jobs N] [--cmake WORDS]
 
 All changes are built at once into a copy of the tree: each changed expression becomes
 `(mutant() == K ? (changed) : (original))`, and the environment says which K holds. What lives although the
@@ -192,14 +192,20 @@ class Mutants:
         candidates = [site for name in names for site in sites_of(self.tree / name, name)]
         random.Random(wish.seed).shuffle(candidates)
         self.candidates = candidates
+        self.folders = FOLDERS
         self.total = len(candidates)
         self.chosen = []
+        # Chosen over all folders, so that a part of them is a part of the whole.
+        self.choose()
+        self.chosen = [site for site in self.chosen if site.file.split("/")[1] in wish.folders]
+        self.wish.count = len(self.chosen)
+        self.folders = wish.folders
 
     def choose(self):
         """Fills up what is chosen; nothing overlaps."""
         while len(self.chosen) < self.wish.count and self.candidates:
             site = self.candidates.pop()
-            if not any(overlap(site, other) for other in self.chosen):
+            if site.file.split("/")[1] in self.folders and not any(overlap(site, other) for other in self.chosen):
                 self.chosen.append(site)
 
     def write(self):
@@ -233,14 +239,14 @@ class Mutants:
 
     def targets(self):
         names = []
-        for folder in FOLDERS:
+        for folder in self.wish.folders:
             names += [f"{folder}-{p.stem}" for p in sorted((self.tree / "tests" / folder).glob("*_test.cpp"))]
         return names
 
     def compile(self):
-        """Builds the tests; what the compiler does not take is chosen anew."""
+        """Builds the tests. What the compiler does not take, or warns of, it has caught: others are chosen for it."""
         configure = ["cmake", "-S", ".", "-B", str(self.build), "-G", "Ninja", "-DBUILD_TESTING=ON",
-                     "-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON"] + shlex.split(self.wish.cmake)
+                     "-DGRIDWRIGHT_WARNINGS_AS_ERRORS=ON", "-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON"] + shlex.split(self.wish.cmake)
         for _ in range(10):
             self.choose()
             self.write()
@@ -252,7 +258,7 @@ class Mutants:
             refused = set(re.findall(r"(src/\w+/\w+\.(?:cpp|h)):(\d+):\d+: error", built.stdout + built.stderr))
             before = len(self.chosen)
             self.chosen = [site for site in self.chosen if not self.is_refused(site, refused)]
-            print(f"{before - len(self.chosen)} changes do not compile", flush=True)
+            print(f"{before - len(self.chosen)} changes are caught by the compiler", flush=True)
             if len(self.chosen) == before:
                 print(built.stdout[-4000:] + built.stderr[-4000:])
                 sys.exit("the changed tree does not build")
@@ -332,13 +338,13 @@ def main():
     parser.add_argument("tree")
     parser.add_argument("--seed", type=int, default=21)
     parser.add_argument("--count", type=int, default=60)
+    parser.add_argument("--folders", nargs="+", choices=FOLDERS, default=FOLDERS)
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     parser.add_argument("--cmake", default="-DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-O1")
     parser.add_argument("--list", action="store_true", help="only says what would be changed")
     wish = parser.parse_args()
     mutants = Mutants(wish)
     if wish.list:
-        mutants.choose()
         for site in mutants.chosen:
             print(mutants.words_of(site)[0])
         return 0
