@@ -189,6 +189,22 @@ TEST(ASearchThatHasLeftTheCanvas, EndsWithTheBestCellSoFar) {
   EXPECT_EQ(s.state.phase, Phase::placing);
 }
 
+TEST(AMarkerWithoutATrail, IsGoneWhenTheComputerTakesOverAndThePictureStays) {
+  const Text cells = {"......", ".****.", ".*..*.", "......"};
+  Solving alone(cells, squareOf(2, 2), squareOf(5, 3));
+  alone.solve();
+  Solving takenOver(cells, squareOf(2, 2), squareOf(5, 3));
+  takenOver.canvas.setAutoRedraw(false);
+  takenOver.canvas.fill(squareOf(2, 3), kRed);  // where the person stood, on the screen alone
+  takenOver.canvas.setAutoRedraw(true);
+  takenOver.state.solver.playModeSeen = PlayMode::easy;
+  takenOver.state.solver.trailOffSeen = true;
+  takenOver.solve();
+  EXPECT_EQ(takenOver.state.phase, Phase::solved);
+  EXPECT_TRUE(samePicture(takenOver.canvas.image(), alone.canvas.image()));
+  EXPECT_TRUE(samePicture(takenOver.canvas.shownImage(), alone.canvas.shownImage()));
+}
+
 TEST(AWindowMinimisedForTheWork, IsThereAgainWhenItSaysThatThereIsNoWay) {
   Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
   s.desktop.limit = 500;

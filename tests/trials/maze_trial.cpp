@@ -126,7 +126,9 @@ class Sitting {
       if (!world_.desktop.messages.empty()) outcome_.fault = world_.desktop.messages.back();
       outcome_.cells = p.state.gridColumns * p.state.gridRows;
       since_ = world_.desktop.pumps;
-      world_.desktop.limit = since_ + kMostPassesBesides + kMostPassesOfACell * outcome_.cells;
+      const bool onPaper = drawingKind(trial_.drawing).showsMazeColours;
+      world_.desktop.limit = since_ + kMostPassesBesides +
+                             (onPaper ? kMostPassesOfACellOnPaper : kMostPassesOfACell) * outcome_.cells;
     });
     desktop.until([](const Program& p) { return p.state.phase != Phase::making; });
     desktop.look([this](Program& p) {

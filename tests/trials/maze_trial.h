@@ -44,8 +44,10 @@ struct TrialOutcome {
   std::int64_t making = 0, searching = 0, solving = 0;  ///< Passes.
 };
 
-/// How many passes a maze takes at most: so many for each cell of the grid, and so many besides.
-inline constexpr std::int64_t kMostPassesOfACell = 100000, kMostPassesBesides = 5000;
+/// How many passes a maze takes at most with search and answer: so many for each cell of the grid, more where
+/// the drawing shows colours of the corridors, and so many besides.
+inline constexpr std::int64_t kMostPassesOfACell = 2'000, kMostPassesOfACellOnPaper = 20'000;
+inline constexpr std::int64_t kMostPassesBesides = 200'000;
 
 /// Makes the maze in a program of its own, in any thread.
 TrialOutcome runTrial(const MazeTrial& trial);
