@@ -88,7 +88,7 @@ bool takePlainWay(Program& program) {
   for (const Stop& stop : stops) {
     const Square next = squareAfter(s, here, stop, cell, ways.columns());
     strokeStep(program, here, next, stop.step);
-    s.prev = here;
+    s.prev = stop.step.under ? next : here;  // no stroke leads from one mouth to the other
     here = next;
     cell = stop.cell;
   }
