@@ -165,14 +165,16 @@ TEST(PipesCells, AreEveryOtherOne) {
 
 TEST(PipesCells, LieInLineWithTheStartWhateverTheWidthOfThePicture) {
   for (const int columns : {5, 6}) {
-    const Bitmap picture = plainBitmap(columns * 10, 60, kPalette[15]);
-    const ColourSets sets;
-    const MazeWays ways(
-        {picture, sets, kOutside, kOutside, MazeKind::pipe, 10, squareOf(1, 1), squareOf(3, 3)});
-    ASSERT_EQ(ways.columns(), columns);
-    for (int cell = 0; cell < ways.cells(); ++cell) {
-      const bool inLine = cell % columns % 2 == 1 && cell / columns % 2 == 1;
-      EXPECT_EQ(ways.isOfKind(cell), inLine) << columns << " columns, cell " << cell;
+    for (const int row : {1, 2}) {
+      const Bitmap picture = plainBitmap(columns * 10, 60, kPalette[15]);
+      const ColourSets sets;
+      const MazeWays ways(
+          {picture, sets, kOutside, kOutside, MazeKind::pipe, 10, squareOf(1, row), squareOf(3, row)});
+      ASSERT_EQ(ways.columns(), columns);
+      for (int cell = 0; cell < ways.cells(); ++cell) {
+        const bool inLine = cell % columns % 2 == 1 && cell / columns % 2 == row % 2;
+        EXPECT_EQ(ways.isOfKind(cell), inLine) << columns << " columns, row " << row << ", cell " << cell;
+      }
     }
   }
 }
