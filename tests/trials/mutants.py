@@ -10,9 +10,10 @@ tests ran through is named; tests/trials/equal_mutants.txt lists those of which 
 import argparse
 import collections
 import concurrent.futures
+import functools
+import hashlib
 import os
 import pathlib
-import random
 import re
 import shlex
 import shutil
@@ -173,6 +174,11 @@ def sites_of(path, name):
     return found
 
 
+@functools.lru_cache(maxsize=None)
+def text_of(path):
+    return path.read_text()
+
+
 def line_of(source, position):
     return source.count("\n", 0, position) + 1
 
@@ -190,9 +196,11 @@ class Mutants:
         names = sorted(str(p.relative_to(self.tree)) for folder in FOLDERS
                        for p in (self.tree / "src" / folder).iterdir() if p.suffix in (".cpp", ".h"))
         candidates = [site for name in names for site in sites_of(self.tree / name, name)]
-        random.Random(wish.seed).shuffle(candidates)
+        # By their words and not by their places in a list: what is edited elsewhere changes nothing here.
+        candidates.sort(key=self.rank)
         self.candidates = candidates
         self.folders = FOLDERS
+        self.taken = set()
         self.total = len(candidates)
         self.chosen = []
         # Chosen over all folders, so that a part of them is a part of the whole.
@@ -201,12 +209,18 @@ class Mutants:
         self.wish.count = len(self.chosen)
         self.folders = wish.folders
 
+    def rank(self, site):
+        return hashlib.sha256(f"{self.wish.seed} {self.words_of(site)[0]}".encode()).digest()
+
     def choose(self):
-        """Fills up what is chosen; nothing overlaps."""
+        """Fills up what is chosen; nothing overlaps, and no line is taken twice for the same words."""
         while len(self.chosen) < self.wish.count and self.candidates:
             site = self.candidates.pop()
-            if site.file.split("/")[1] in self.folders and not any(overlap(site, other) for other in self.chosen):
+            if site.file.split("/")[1] not in self.folders or self.words_of(site)[0] in self.taken:
+                continue
+            if not any(overlap(site, other) for other in self.chosen):
                 self.chosen.append(site)
+                self.taken.add(self.words_of(site)[0])
 
     def write(self):
         """The copy with all changes in it. A file that stands as it should is not touched."""
@@ -311,7 +325,7 @@ class Mutants:
 
     def words_of(self, site):
         """What is changed, by the words of its line, and the line's number."""
-        source = (self.tree / site.file).read_text()
+        source = text_of(self.tree / site.file)
         line = line_of(source, site.begin)
         text = " ".join(source.split("\n")[line - 1].split())
         place = site.begin - source.rfind("\n", 0, site.begin)
