@@ -25,6 +25,17 @@ add_test(NAME window.keys
   WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 set_tests_properties(window.keys PROPERTIES TIMEOUT 300)
 
+add_test(NAME window.export
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/export.py $<TARGET_FILE:gridwright>
+  WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set_tests_properties(window.export PROPERTIES TIMEOUT 300)
+
+add_test(NAME window.book
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/book.py $<TARGET_FILE:gridwright>
+    $<TARGET_FILE:gridwright-book>
+  WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set_tests_properties(window.book PROPERTIES TIMEOUT 300)
+
 # A short form of what tests/long/window.sh does.
 add_test(NAME window.flood
   COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/flood.py $<TARGET_FILE:gridwright>

@@ -137,6 +137,8 @@ void recoverSaves(const WorkFolder& folder) {
   }
 }
 
+Outcome<Done> saveDrawing(Program& program, const std::string& base) { return savePair(program, base); }
+
 void sdrawing(Program& program) {
   ProgramState& s = program.state;
   s.finishFound = false;

@@ -22,6 +22,9 @@ void ldrawing(Program& program);  ///< "Load Gridwright Drawing"
 void loadEntered(Program& program);
 void loadEscaped(Program& program);
 
+/// Saves the drawing on the Canvas under a base name that may be a drawing's, as the panel does.
+Outcome<Done> saveDrawing(Program& program, const std::string& base);
+
 struct SavedDrawing {
   DrawingRecord record;
   Bitmap picture;

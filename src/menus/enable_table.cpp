@@ -19,7 +19,8 @@ constexpr unsigned phases(Phase from, Phase to) {
 
 constexpr unsigned kEditing = phases(Phase::patternRequest, Phase::patternEditing);
 constexpr unsigned kDrawing = bit(Phase::drawing);
-constexpr unsigned kWorking = phases(Phase::drawing, Phase::solved);  // 0 to 4
+constexpr unsigned kWorking = phases(Phase::drawing, Phase::solved);           // 0 to 4
+constexpr unsigned kWhole = kDrawing | phases(Phase::placing, Phase::solved);  // no maze grows
 constexpr unsigned kAll = kEditing | kWorking;
 
 /// What a row asks besides its phases.
@@ -34,6 +35,7 @@ enum Need : unsigned {
   kBesideNoRun = 1U << 7,     // while neither a run is set up nor patterns are made for a maze
   kUndo = 1U << 8,            // while something can be taken back
   kRedo = 1U << 9,            // while something can be done again
+  kNoSearch = 1U << 10,       // while the solver looks for no finish
 };
 
 struct Rule {
@@ -53,6 +55,9 @@ constexpr auto kTable = std::to_array<Rule>({
     {Item::whiteground, kWorking, kBesideNoRun},
     {Item::pagesetup, kWorking, kNothing},
     {Item::printpreview, kWorking, kNothing},
+    {Item::exportmaze, kWhole, kNoSearch},
+    {Item::copymaze, kWhole, kNoSearch},
+    {Item::makebook, kDrawing, kBesideNoRun},
     {Item::showregions, kDrawing, kBesideNoRun},
     {Item::undo, phases(Phase::drawing, Phase::making), kBesideNoRun | kUndo},
     {Item::redo, kDrawing, kBesideNoRun | kRedo},
@@ -119,6 +124,7 @@ bool holds(const Program& program, const Rule& rule) {
   if (has(kPrintRun) && s.print.printMode == PrintMode::none) return false;
   if (has(kUndo) && !whyNoUndo(program).empty()) return false;
   if (has(kRedo) && !whyNoRedo(program).empty()) return false;
+  if (has(kNoSearch) && s.phase == Phase::solving && isSearching(s)) return false;
   return !has(kRefreshDue) || s.nrefreshDue;
 }
 
@@ -134,7 +140,7 @@ std::uint64_t keyOf(const Program& program) {
        {s.paused, s.panelOpen, s.editedPattern != 0, s.print.printTotal != 0,
         s.print.printMode != PrintMode::none, s.nrefreshDue, program.controls[ControlId::Check1].visible,
         program.controls[ControlId::Check17].visible, program.undoMarks.canUndo, program.undoMarks.canRedo,
-        s.creationMode == CreationMode::user}) {
+        s.creationMode == CreationMode::user, isSearching(s)}) {
     key = key << 1 | static_cast<std::uint64_t>(flag);
   }
   return key;

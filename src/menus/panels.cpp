@@ -21,6 +21,14 @@ void hidePanel(Program& program, const Panel& panel) {
 
 }  // namespace
 
+std::string_view whyHeld(const Program& program) {
+  const ProgramState& s = program.state;
+  if (s.editor.preparing) return "Not now: random patterns are being made for the next maze";
+  if (s.phase == Phase::patternRequest || s.phase == Phase::patternEditing || s.editedPattern != 0)
+    return "Not now: leave the pattern editor first";
+  return s.panelOpen || s.paused ? "Not now: a panel is open" : "";
+}
+
 void holdWindow(Program& program) { program.state.panelOpen = program.state.paused = true; }
 
 void holdWindowOverScreen(Program& program) {

@@ -9,6 +9,10 @@
 
 namespace gridwright {
 
+/// Why nothing of another kind can be done now: patterns are made, the pattern editor is open, or a panel is.
+/// Empty where none of them holds the program.
+std::string_view whyHeld(const Program& program);
+
 struct Panel {
   ControlId box, label;
   std::optional<ControlId> list;

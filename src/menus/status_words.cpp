@@ -58,7 +58,7 @@ void tellEnds(const ProgramState& s, Status& status) {
 }
 
 void tellSolving(const ProgramState& s, const Counted& counted, Status& status) {
-  const bool searching = s.finishMethod != FinishMethod::user && !s.finishFound;
+  const bool searching = isSearching(s);
   const bool byHand = s.playMode != PlayMode::off && !searching;
   status.tells = byHand ? Status::Tells::player : Status::Tells::computerSolves;
   if (!byHand) return;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "pictures/ready.h"
+#include "printing/page_about.h"
 
 namespace gridwright {
 
@@ -35,7 +36,8 @@ bool holdsPaper(const BitmapView& shown) {
   return false;
 }
 
-/// The part of the shown plane that a page shows.
+}  // namespace
+
 Square partOnPage(const Program& program, const BitmapView& shown) {
   const Square whole{0, 0, shown.width - 1, shown.height - 1};
   const ProgramState& s = program.state;
@@ -46,13 +48,14 @@ Square partOnPage(const Program& program, const BitmapView& shown) {
           std::min(whole.right, box.right + s.wallWidth), std::min(whole.bottom, box.bottom + s.wallHeight)};
 }
 
+namespace {
+
 /// \param part of the shown plane that the page shows.
-PageLook lookOf(const Program& program, const Square& part) {
+PageLook lookOf(Program& program, const Square& part, const MazeInRun& maze) {
   const ProgramState& s = program.state;
-  PageLook look{program.pages.setup, {}};
+  PageLook look{program.pages.setup, {}, mazeCells(program), aboutPage(program, maze)};
   const bool hasStart = s.phase >= Phase::placing && s.phase <= Phase::solved;
-  const bool hasFinish = s.finishMethod == FinishMethod::user || s.finishFound;
-  if (!look.setup.endWords || !hasStart || !hasFinish) return look;
+  if (!look.setup.endWords || !hasStart || isSearching(s)) return look;
   look.ends = {{s.start.moved(-part.left, -part.top), "Start"},
                {s.finish.moved(-part.left, -part.top), "Finish"}};
   return look;
@@ -67,10 +70,10 @@ void setWhiteGround(Program& program, bool on) {
 
 void whiteground(Program& program) { setWhiteGround(program, !program.state.print.whiteGround); }
 
-Page pageOf(const Program& program) {
+Page pageOf(Program& program, const MazeInRun& maze) {
   const BitmapView shown = program.canvas.shownView();
   const bool whiteGround = program.state.print.whiteGround;
-  if (!whiteGround && !holdsPaper(shown)) return {shown, lookOf(program, {})};
+  if (!whiteGround && !holdsPaper(shown)) return {shown, lookOf(program, {}, maze)};
   const Square part = partOnPage(program, shown);
   const Colour ground = whiteGround ? program.canvas.backColor() : kPaper;
   Bitmap page = plainBitmap(part.right - part.left + 1, part.bottom - part.top + 1, qb::white);
@@ -82,7 +85,7 @@ Page pageOf(const Program& program) {
       return pixel == kPaper || pixel == ground ? qb::white : pixel;
     });
   }
-  return {std::move(page), lookOf(program, part)};
+  return {std::move(page), lookOf(program, part, maze)};
 }
 
 }  // namespace gridwright

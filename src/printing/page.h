@@ -30,11 +30,15 @@ class Page {
 void whiteground(Program& program);  ///< "White ground": on, or off again.
 void setWhiteGround(Program& program, bool on);
 
+/// The part of a picture that a page shows: with a white ground the smallest box outside which every pixel is
+/// `BackColor`, with one wall size round it where the picture has that; else, and where there is nothing but
+/// ground, the whole of it.
+Square partOnPage(const Program& program, const BitmapView& picture);
+
 /// The shown plane as paper takes it. Paper is plain white there, since a printer may put dots for what is
-/// only nearly white. With a white ground it is no more than the smallest box outside which every pixel is
-/// `BackColor`, with one wall size round it where the Canvas has that, and `BackColor` is white; where there
-/// is nothing but ground, the whole of it.
+/// only nearly white. With a white ground it is `partOnPage`, and `BackColor` is white.
 /// Words beside the ends belong to a maze that has both: after it is made, where the finish is found.
-Page pageOf(const Program& program);
+/// \param maze which of a run it shows.
+Page pageOf(Program& program, const MazeInRun& maze = {});
 
 }  // namespace gridwright

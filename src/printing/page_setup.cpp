@@ -43,6 +43,7 @@ void takePageSetup(Program& program, PageSetup setup) {
     const Margins& m = *setup.margins;
     setup.margins = Margins{within(m.left), within(m.top), within(m.right), within(m.bottom)};
   }
+  setup.tiles = {std::clamp(setup.tiles.columns, 1, kMostTiles), std::clamp(setup.tiles.rows, 1, kMostTiles)};
   program.pages.setup = std::move(setup);
   closePanelOf(program);
 }

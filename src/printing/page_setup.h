@@ -9,7 +9,8 @@ namespace gridwright {
 void pagesetup(Program& program);
 
 /// What the panel shows is in force, and the panel closes. Blanks and line ends of the title become single
-/// blanks, and margins stay within `kMostMargin`. Nothing while it is closed.
+/// blanks, margins stay within
+/// `kMostMargin`, and tiles within `kMostTiles`. Nothing while it is closed.
 void takePageSetup(Program& program, PageSetup setup);
 
 /// The panel closes, and everything stays as it was.

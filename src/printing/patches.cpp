@@ -204,6 +204,11 @@ std::optional<ColourLayers> cut(const BitmapView* below, const BitmapView& pictu
 
 }  // namespace
 
+std::size_t mostPatches(int cells) {
+  constexpr std::size_t kAnyPicture = 20000, kACell = 4;
+  return std::max(kAnyPicture, kACell * static_cast<std::size_t>(std::max(0, cells)));
+}
+
 std::size_t countPatches(const ColourLayers& layers) {
   return std::accumulate(
       layers.begin(), layers.end(), std::size_t{0},

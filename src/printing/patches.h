@@ -31,6 +31,10 @@ struct ColourLayer {
 /// In the order in which they are drawn.
 using ColourLayers = std::vector<ColourLayer>;
 
+/// How many patches a page may take; of more, its pixels are drawn sooner. 20,000, or four for each cell of
+/// its maze where that is more. \param cells with a corridor; what is below 0 counts as none.
+std::size_t mostPatches(int cells);
+
 /// How many patches all layers have.
 std::size_t countPatches(const ColourLayers& layers);
 

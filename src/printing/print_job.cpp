@@ -37,8 +37,8 @@ void goOnToNextMaze(ProgramState& s) {
 }
 
 /// A page that cannot be kept ends the job, which tells it. \returns whether it was kept.
-bool printPage(Program& program) {
-  const Page page = pageOf(program);
+bool printPage(Program& program, bool isAnswer) {
+  const Page page = pageOf(program, {program.state.print.printedCount + 1, isAnswer});
   if (program.platform.printForm(page.view(), page.look())) return true;
   endJob(program);
   return false;
@@ -107,7 +107,7 @@ void endJobWhenDone(Program& program) {
 
 bool printPlacedMaze(Program& program) {
   ProgramState& s = program.state;
-  if (s.print.printMode == PrintMode::none || !printPage(program)) return false;
+  if (s.print.printMode == PrintMode::none || !printPage(program, false)) return false;
   s.print.printedNow = true;
   s.ends.savedFinish = s.finish;
   if (s.print.printMode == PrintMode::withAnswers) {
@@ -120,7 +120,7 @@ bool printPlacedMaze(Program& program) {
 
 bool printSolvedMaze(Program& program) {
   ProgramState& s = program.state;
-  if (!answerIsDue(s) || !printPage(program)) return false;
+  if (!answerIsDue(s) || !printPage(program, true)) return false;
   goOnToNextMaze(s);
   return true;
 }

@@ -10,6 +10,7 @@
 #include "drawings/drawing_files.h"
 #include "drawings/import_drawing.h"
 #include "history/history.h"
+#include "menus/panels.h"
 #include "patterns/pattern_sets.h"
 #include "pictures/on_paper.h"
 #include "pictures/ready.h"
@@ -35,10 +36,7 @@ void refuse(Program& program, std::string words) {
 /// Why nothing can be taken now; empty when it can.
 std::string_view whyNotNow(const Program& program) {
   const ProgramState& s = program.state;
-  if (s.editor.preparing) return "Not now: random patterns are being made for the next maze";
-  if (s.phase == Phase::patternRequest || s.phase == Phase::patternEditing || s.editedPattern != 0)
-    return "Not now: leave the pattern editor first";
-  if ((s.panelOpen || s.paused) && !program.workshop.open) return "Not now: a panel is open";
+  if (const std::string_view why = whyHeld(program); !why.empty() && !program.workshop.open) return why;
   if (s.print.printTotal != 0) return "Not now: mazes are being printed";
   return "";
 }

@@ -258,7 +258,7 @@ std::string phaseWords(const Heard& before, const Heard& now) {
 
 /// Whether something has the keyboard that a screen reader reads by itself.
 bool readsItself(const Program& program) {
-  return program.controls.focus() || program.workshop.open || program.pages.open;
+  return program.controls.focus() || program.workshop.open || program.pages.open || program.exporting.open;
 }
 
 }  // namespace

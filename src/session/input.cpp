@@ -9,9 +9,11 @@
 #include "menus/enable_table.h"
 #include "menus/keys_sheet.h"
 #include "menus/panels.h"
+#include "printing/export_maze.h"
 #include "printing/page_setup.h"
 #include "printing/print_job.h"
 #include "session/arrivals.h"
+#include "session/book_panel.h"
 #include "session/heard.h"
 #include "session/keys.h"
 #include "session/main_loop.h"
@@ -94,7 +96,7 @@ void menuClick(Program& program, Item item) {
   const Command command = commandOf(item);
   if (command == nullptr || !canBeChosen(program, item)) return;
   if (isHeldBack(program.state, item)) {
-    program.notices.tell("Not now: random patterns are being made for the next maze");
+    program.notices.tell(std::string(whyHeld(program)));
     return;
   }
   program.state.keyBusy = true;
@@ -207,6 +209,25 @@ void preparationCancelled(Program& program) { leaveWorkshop(program); }
 
 void pageSetupEntered(Program& program, const PageSetup& setup) { takePageSetup(program, setup); }
 void pageSetupEscaped(Program& program) { leavePageSetup(program); }
+
+void exportEntered(Program& program, const ExportWish& wish) {
+  closesView(program);
+  takeExport(program, wish);
+}
+
+void exportEscaped(Program& program) { leaveExport(program); }
+
+void copyAsked(Program& program) {
+  applyEnableTableIfChanged(program);
+  if (program.menus.available(Item::copymaze)) return menuClick(program, Item::copymaze);
+  if (!closesView(program)) tellNotTaken(program);
+}
+
+void bookFilled(Program& program, const BookWish& wish) { fillBook(program, wish); }
+void bookAccepted(Program& program, const BookWish& wish) { acceptBook(program, wish); }
+void bookEscaped(Program& program) { leaveBook(program); }
+void bookCancelled(Program& program) { cancelBook(program); }
+void bookPagesAsked(Program& program, bool shown) { showBookPages(program, shown); }
 
 void resized(Program& program, Size size) {
   hideRegions(program);

@@ -81,6 +81,21 @@ void preparationCancelled(Program& program);
 void pageSetupEntered(Program& program, const PageSetup& setup);
 void pageSetupEscaped(Program& program);
 
+/// What a person does with the panel of exports; `exportEntered` without the panel too, which tells why the
+/// picture can't be taken now.
+void exportEntered(Program& program, const ExportWish& wish);
+void exportEscaped(Program& program);
+
+/// The keys of "Copy": the item is chosen, or a line tells why it is off.
+void copyAsked(Program& program);
+
+/// What a person does with the panel that makes a book, and with the book that is being made.
+void bookFilled(Program& program, const BookWish& wish);
+void bookAccepted(Program& program, const BookWish& wish);
+void bookEscaped(Program& program);
+void bookCancelled(Program& program);
+void bookPagesAsked(Program& program, bool shown);
+
 /// The window's client area has a new size: the Canvas follows at the title and in drawing only.
 void resized(Program& program, Size size);
 

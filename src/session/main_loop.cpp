@@ -2,6 +2,7 @@
 
 #include "drawings/last_picture.h"
 #include "menus/pump.h"
+#include "session/book_panel.h"
 #include "session/remembered.h"
 #include "session/stages.h"
 #include "session/workshop.h"
@@ -21,6 +22,7 @@ void runProgram(Program& program) {
 
 void finishProgram(Program& program) {
   program.files->tellThrough({});  // nobody is there to read it any more
+  giveUpBook(program);
   keepLastDrawing(program);
   keepLastSheet(program);
   rememberSettings(program);

@@ -18,11 +18,13 @@
 #include "patterns/pattern_sets.h"
 #include "patterns/random_patterns.h"
 #include "patterns/random_size.h"
+#include "printing/export_maze.h"
 #include "printing/page.h"
 #include "printing/page_setup.h"
 #include "printing/print_job.h"
 #include "printing/print_window.h"
 #include "session/arrivals.h"
+#include "session/book_panel.h"
 #include "session/defaults.h"
 #include "session/heard.h"
 #include "session/maze_commands.h"
@@ -128,6 +130,9 @@ constexpr auto kCommands = std::to_array<Row>({
     {Item::whiteground, whiteground},
     {Item::pagesetup, pagesetup},
     {Item::printpreview, printpreview},
+    {Item::exportmaze, exportmaze},
+    {Item::copymaze, copymaze},
+    {Item::makebook, makebook},
     {Item::showregions, showregions},
     {Item::undo, undo},
     {Item::redo, redo},

@@ -87,8 +87,7 @@ void wipeOldFinish(Program& program) {
   const ProgramState& s = program.state;
   const Square& old = s.ends.lastFinish;
   if (program.canvas.point(old.left, old.top) != nudged(s.finishColor)) return;
-  const bool beingSearched = s.finishMethod != FinishMethod::user && !s.finishFound;
-  if (beingSearched || !old.sameCorner(s.finish)) program.canvas.fill(old, s.ends.finishMazeColor);
+  if (isSearching(s) || !old.sameCorner(s.finish)) program.canvas.fill(old, s.ends.finishMazeColor);
 }
 
 void keepEndColours(ProgramState& s) {
@@ -105,8 +104,7 @@ void unNudgeEndColours(ProgramState& s) {
 
 void captionSolving(Program& program) {
   const ProgramState& s = program.state;
-  const bool searching = s.finishMethod != FinishMethod::user && !s.finishFound;
-  program.controls.setCaption(searching ? "Gridwright-(searching for finish)"
+  program.controls.setCaption(isSearching(s) ? "Gridwright-(searching for finish)"
                               : program.menus.checked(Item::playmodeoff)
                                   ? "Gridwright-(computer is solving maze)"
                                   : "Gridwright-(user is solving maze)");

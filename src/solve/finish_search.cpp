@@ -50,10 +50,6 @@ bool backAtStart(const ProgramState& s) {
 
 }  // namespace
 
-bool isSearching(const ProgramState& state) {
-  return state.finishMethod != FinishMethod::user && !state.finishFound;
-}
-
 void endsolution2(Program& program) {
   ProgramState& s = program.state;
   if (!isSearching(s)) return;

@@ -6,9 +6,6 @@
 
 namespace gridwright {
 
-/// Whether a finish is being searched for.
-bool isSearching(const ProgramState& state);
-
 /// Every solver pass: parks a play mode chosen in mid-search, and counts the returns to the start.
 void endsolution2(Program& program);
 

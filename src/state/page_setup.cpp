@@ -21,6 +21,13 @@ std::optional<PaperSize> paperNamed(std::string_view name) {
   return row->size;
 }
 
+std::optional<PageTiles> tilesNamed(std::string_view name) {
+  const auto digit = [&](std::size_t at) { return name[at] - '0'; };
+  const auto isSome = [](int count) { return count >= 1 && count <= kMostTiles; };
+  if (name.size() != 3 || name[1] != 'x' || !isSome(digit(0)) || !isSome(digit(2))) return std::nullopt;
+  return PageTiles{digit(0), digit(2)};
+}
+
 std::string paperWords(const PaperSize& size) {
   const auto* row =
       std::find_if(kPapers.begin(), kPapers.end(), [&](const NamedPaper& p) { return p.size == size; });

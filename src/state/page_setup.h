@@ -43,6 +43,14 @@ inline constexpr auto kPapers = std::to_array<NamedPaper>({
     {"tabloid", "Tabloid", {2794, 4318}},
 });
 
+/// Over how many sheets a page is spread.
+struct PageTiles {
+  int columns = 1, rows = 1;
+  [[nodiscard]] int count() const { return columns * rows; }
+  friend bool operator==(const PageTiles&, const PageTiles&) = default;
+};
+inline constexpr int kMostTiles = 9;  ///< Each way.
+
 /// What a person has set; nothing of it is set at the start.
 struct PageSetup {
   std::optional<PaperSize> paper;  ///< Nothing: as the printer has it, a PDF as the desktop.
@@ -51,6 +59,7 @@ struct PageSetup {
   std::string title;               ///< One line at the head of the page; empty for none.
   bool nameLine = false;           ///< "Name: ____" at the head of the page.
   bool endWords = false;           ///< "Start" and "Finish" beside the ends.
+  PageTiles tiles = {};            ///< Each sheet is of that paper, and has those margins.
   friend bool operator==(const PageSetup&, const PageSetup&) = default;
 };
 
@@ -69,10 +78,27 @@ struct EndWord {
   friend bool operator==(const EndWord&, const EndWord&) = default;
 };
 
+/// Which maze of a run a page shows.
+struct MazeInRun {
+  int number = 0;  ///< From 1; 0 on a page that belongs to no run.
+  bool isAnswer = false;
+  friend bool operator==(const MazeInRun&, const MazeInRun&) = default;
+};
+
+/// What a document says of a page without showing it.
+struct PageAbout {
+  std::string title = "Gridwright";  ///< The page's, else the program's name.
+  std::string settings;              ///< Of its maze: "kind regular; wall 10; …".
+  std::uint32_t seed = 0;            ///< That Rnd was given when the title was left.
+  MazeInRun maze;
+};
+
 /// What makes a page of a picture.
 struct PageLook {
   PageSetup setup;
   std::vector<EndWord> ends;  ///< None where the picture shows no ends, or no words are wanted.
+  int cells = 0;              ///< With a corridor; so many allow a document more rectangles.
+  PageAbout about = {};
 };
 
 /// The setup in force, and its panel, which a tenant shows: what a person changes there counts when it is
@@ -84,6 +110,9 @@ struct PagePanel {
   std::uint64_t revision = 1;  ///< Grows as it opens and closes.
 };
 
+/// What a margin takes of a side of the sheet at most, both in one measure: a quarter.
+constexpr double heldMargin(double margin, double side) { return margin < side / 4 ? margin : side / 4; }
+
 constexpr Margins allRound(int millimetres) {
   const int tenths = millimetres * kTenths;
   return {tenths, tenths, tenths, tenths};
@@ -91,6 +120,9 @@ constexpr Margins allRound(int millimetres) {
 
 /// \returns nothing for a name that no paper has.
 std::optional<PaperSize> paperNamed(std::string_view name);
+
+/// "3x2": columns and rows, each from 1 to `kMostTiles`. \returns nothing for anything else.
+std::optional<PageTiles> tilesNamed(std::string_view name);
 
 /// "A4", or "176 x 250 mm" for a paper without a name here.
 std::string paperWords(const PaperSize& size);

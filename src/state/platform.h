@@ -17,6 +17,8 @@
 #include "pictures/ink_work.h"
 #include "pictures/picture.h"
 #include "pictures/picture_work.h"
+#include "state/book_panel.h"
+#include "state/export_panel.h"
 #include "state/modes.h"
 #include "state/page_setup.h"
 
@@ -153,10 +155,34 @@ class Platform : public BitmapFiles {
   /// What pages are printed on where nobody has set anything.
   virtual UsualPaper usualPaper() { return {}; }
 
+  /// Writes a picture as a PNG, or as a PDF of one page on which it is as large as the printable area takes,
+  /// by way of a file beside it; nothing is written to what is no plain file.
+  /// \returns a Fault when a byte of it was refused: what was there stays as it was.
+  virtual Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) {
+    static_cast<void>(wanted);
+    return Fault{Fault::Kind::notWritable, path.string()};
+  }
+
+  /// The picture, none of it see-through, and the same as an SVG can be pasted into other programs from now
+  /// on. \returns whether this desktop has a place for that.
+  virtual bool copyPicture(const BitmapView& /*picture*/, const std::string& /*svg*/) { return false; }
+
   /// The pages since the last call are one document, complete now.
   /// \returns as `printAlone` does; nowhere when there was no page. After a Fault the document's name bears
   /// what it bore before.
   virtual Outcome<PagesWent> endOfPages() = 0;
+
+  /// Begins to make a book by a command line of gridwright-book, beside the program where a desktop has a
+  /// person who must not wait. What becomes of it is told by `bookNews` (session/book_panel.h), the end
+  /// always. \returns a Fault with one line, and nothing has begun: words that are wrong, a file that cannot
+  /// be there, a book that is being made already.
+  virtual Outcome<Done> makeBook(Program& /*program*/, const BookOrder& /*order*/) {
+    return Fault{Fault::Kind::notWritable, "no books are made here"};
+  }
+  /// The book that is being made ends soon and leaves no file, unless it is there already.
+  virtual void stopBook() {}
+  /// The same at once; its end is told before this returns.
+  virtual void endBook(Program& /*program*/) {}
 
   /// What is remembered between runs under a key of small letters and digits; empty for nothing, as always on
   /// a desktop that remembers nothing.

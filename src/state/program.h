@@ -17,7 +17,9 @@
 #include "files/step_files.h"
 #include "files/work_folder.h"
 #include "files/work_pictures.h"
+#include "state/book_panel.h"
 #include "state/controls.h"
+#include "state/export_panel.h"
 #include "state/hearing.h"
 #include "state/keys_sheet.h"
 #include "state/menu_tree.h"
@@ -73,6 +75,8 @@ struct Program {
 
   PreparePanel prepare;
   PagePanel pages;
+  ExportPanel exporting;
+  BookPanel book;
   Workshop workshop;
   RegionsView regions;
   KeysSheet keys;

@@ -322,4 +322,9 @@ struct ProgramState {
   FileState files;
 };
 
+/// Whether a finish is being searched for: the computer is to find one and has not found it.
+inline bool isSearching(const ProgramState& state) {
+  return state.finishMethod != FinishMethod::user && !state.finishFound;
+}
+
 }  // namespace gridwright

@@ -26,6 +26,7 @@ void Random::seed(std::uint32_t number) {
     words_[i] = 1812433253U * (words_[i - 1] ^ (words_[i - 1] >> 30)) + i;
   }
   next_ = kWords;
+  lastSeed_ = number;
 }
 
 void Random::renew() {

@@ -13,6 +13,8 @@ class Random {
  public:
   Random() { seed(0); }
   void seed(std::uint32_t number);
+  /// What it was seeded with last.
+  [[nodiscard]] std::uint32_t lastSeed() const { return lastSeed_; }
 
   /// One draw of 53 bits.
   double rnd() {
@@ -44,6 +46,7 @@ class Random {
 
   std::array<std::uint32_t, kWords> words_{}, outputs_{};
   std::size_t next_ = kWords;
+  std::uint32_t lastSeed_ = 0;
 };
 
 }  // namespace gridwright

@@ -23,7 +23,7 @@ inline constexpr auto kShortcuts = std::to_array<Shortcut>({
     {"Ctrl+S", Item::sdrawing},    {"Ctrl+L", Item::ldrawing},     {"F5", Item::createreg},
     {"F5", Item::create3d},        {"F5", Item::create3dpipe},     {"Ctrl+Q", Item::quit2},
     {"Ctrl+P", Item::printfff},    {"F8", Item::backtodrawing},    {"Ctrl+N", Item::newmaze},
-    {"F7", Item::sandf},           {"F6", Item::solvemaze},
+    {"F7", Item::sandf},           {"F6", Item::solvemaze},        {"Ctrl+C", Item::copymaze},
 });
 
 /// The item that keys choose now, or nothing.

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QFont>
+#include <QGuiApplication>
 #include <algorithm>
+#include <clocale>
 #include <csignal>
 #include <filesystem>
 #include <memory>
@@ -18,6 +21,7 @@
 #include "session/main_loop.h"
 #include "support/child_program.h"
 #include "support/pictures.h"
+#include "support/turkish.h"
 
 namespace gridwright::test {
 namespace {
@@ -117,6 +121,43 @@ TEST_F(AShop, MakesABookOfAllExamplesTheSameWithAnyNumberOfJobs) {
     if (book.empty()) book = folder.get("b.pdf");
     EXPECT_TRUE(folder.get("b.pdf") == book) << jobs << " jobs";
   }
+}
+
+TEST_F(AShop, MakesTheSameBookWhateverFontsAndLanguageADesktopHas) {
+  folder.put("words.svg",
+             R"(<svg xmlns="http://www.w3.org/2000/svg" width="400" height="200"><text x="20" y="120")"
+             R"( font-size="80">Abc gf</text></svg>)");
+  folder.put("names.txt", "Zoë\n");
+  const Words words = {"words.svg",
+                       "hall.bmp",
+                       "--words",
+                       "names.txt",
+                       "--seed",
+                       "7",
+                       "--title",
+                       "Grüße",
+                       "--name-line",
+                       "--caption",
+                       "{n}: {picture}, {difficulty}",
+                       "--page-numbers",
+                       "--force",
+                       "-o",
+                       "b.pdf"};
+  EXPECT_EQ(run(words).status, 0);
+  const std::string book = folder.get("b.pdf");
+  ASSERT_FALSE(book.empty());
+  const QFont font = QGuiApplication::font();
+  QGuiApplication::setFont(QFont("DejaVu Serif", 17, QFont::Bold, true));
+  QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+  {
+    const Turkish turkish;
+    EXPECT_STREQ(std::localeconv()->decimal_point, ",");
+    const Ended ended = run(words);
+    EXPECT_EQ(ended.status, 0) << ended.err;
+  }
+  QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
+  QGuiApplication::setFont(font);
+  EXPECT_TRUE(folder.get("b.pdf") == book);
 }
 
 TEST_F(AShop, GrowsHarderWithSmallerWalls) {

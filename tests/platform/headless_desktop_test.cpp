@@ -5,48 +5,12 @@
 #include <iostream>
 #include <streambuf>
 
-#include "platform/shared/image_files.h"
-#include "session/main_loop.h"
+#include "platform/twin.h"
 #include "support/full_disk.h"
-#include "support/pictures.h"
-#include "support/work_folders.h"
+#include "support/offscreen.h"
 
 namespace gridwright::test {
 namespace {
-
-/// A run of a script: exit status, and what it said on standard error.
-struct Ended {
-  int status = 0;
-  std::string words;
-};
-
-struct Twin {
-  Twin() {
-    options.size = {120, 100};
-    put("room.bmp", drawing({".........", ".........", ".........", "........."}));
-  }
-  void put(const std::string& name, const Bitmap& picture) const {
-    ASSERT_TRUE(writeBitmapFile(picture, temp.path() / name));
-  }
-  Ended run(const std::string& script) {
-    HeadlessDesktop desktop("s.txt", script, options);
-    const auto program = std::make_unique<Program>(desktop, temp.path());
-    try {
-      runProgram(*program);
-    } catch (const ProgramEnd&) {
-      written = desktop.writeDocument() ? 1 : 0;
-      return {0, {}};
-    } catch (const ScriptStop& stop) {
-      return {stop.status, stop.message};
-    }
-  }
-  HeadlessOptions options;
-  TempFolder temp;
-  int written = -1;
-};
-
-const std::string kDrawing = "click Command2\nmenu importdrawing\ntype Text8 \"room\"\nenter Text8\n";
-const std::string kMaze = "seed 5\n" + kDrawing + "menu cgenerate\nmenu newmaze\nuntil phase 2\n";
 
 /// A script that waits, in a program at work.
 struct Waiting {
@@ -420,6 +384,21 @@ TEST(AScriptsPageSetup, IsInForceAtOnceAndLeavesThePagesPixelsAlone) {
   EXPECT_TRUE(samePicture(page.value(), shown.value()));
 }
 
+TEST(AScriptsPageSetup, SpreadsEveryPageOverSheetsUntilItIsTakenBack) {
+  beginOffscreen();  // sheets are numbered, which takes fonts
+  Twin twin;
+  twin.options.pdfFile = twin.temp.path() / "out.pdf";
+  ASSERT_EQ(twin.run(kMaze + "pagesetup tiles=3x2\nmenu printfff\npagesetup title=T\nmenu printfff\n"
+                             "pagesetup tiles=auto\nmenu printfff\n")
+                .words,
+            "");
+  const std::string pages = "/Type /Page\n";
+  const std::string bytes = twin.temp.get("out.pdf");
+  std::size_t sheets = 0;
+  for (auto at = bytes.find(pages); at != std::string::npos; at = bytes.find(pages, at + 1)) ++sheets;
+  EXPECT_EQ(sheets, 6U + 6U + 1U);
+}
+
 TEST(AScriptsPageSetup, GoesOnWithThePanelThatIsOpenAndCancelLeavesIt) {
   Twin twin;
   EXPECT_EQ(twin.run(kMaze + "menu pagesetup\nexpect paused 1\nexpect menu printpreview disabled\n"
@@ -432,13 +411,17 @@ TEST(AScriptsPageSetup, GoesOnWithThePanelThatIsOpenAndCancelLeavesIt) {
 TEST(AScriptsPageSetup, IsRefusedWhereAPersonCouldNotDoIt) {
   Twin twin;
   EXPECT_EQ(twin.run("pagesetup margin=15\n").words, "s.txt:1: pagesetup is disabled or hidden");
-  for (const char* word : {"paper=a44", "landscape=2", "margin=51", "margin=-1", "nameline=yes",
-                           "endwords=", "size=a4", "title"}) {
+  for (const char* word :
+       {"paper=a44", "landscape=2", "margin=51", "margin=-1", "nameline=yes", "endwords=", "size=a4", "title",
+        "tiles=0x1", "tiles=10x1", "tiles=3", "tiles=3x2x1", "tiles="}) {
     const Ended ended = twin.run(kDrawing + "pagesetup " + word + "\n");
     EXPECT_EQ(ended.status, 2);
     EXPECT_EQ(ended.words, std::string("s.txt:5: not understood: ") + word);
   }
-  EXPECT_EQ(twin.run(kDrawing + "pagesetup paper=auto landscape=auto margin=auto title=\"\"\n").words, "");
+  EXPECT_EQ(twin.run(kDrawing + "pagesetup paper=auto landscape=auto margin=auto title=\"\" "
+                                "tiles=auto\n")
+                .words,
+            "");
 }
 
 }  // namespace

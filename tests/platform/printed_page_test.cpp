@@ -3,31 +3,16 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <filesystem>
-#include <sstream>
 #include <string>
 
 #include "canvas/canvas.h"
 #include "platform/shared/image_files.h"
-#include "support/offscreen.h"
+#include "support/page_printer.h"
 #include "support/pictures.h"
-#include "support/printed_pages.h"
-#include "support/work_folders.h"
 
 namespace gridwright::test {
 namespace {
-
-/// A page as busy as a maze: no two neighbours need be alike.
-Bitmap motleyPage(int width, int height) {
-  Bitmap page = plainBitmap(width, height, 0);
-  std::uint32_t value = 7;
-  for (Colour& pixel : page.pixels) {
-    value = value * 1664525U + 1013904223U;
-    pixel = kPalette[value >> 28];
-  }
-  return page;
-}
 
 TEST(APrintedPage, HoldsTheCanvasPixelForPixelWhenAnotherProgramReadsIt) {
   const TempFolder temp;
@@ -62,51 +47,7 @@ TEST(APrintedPage, FillsThePaperInOneDirectionAndKeepsItsShape) {
   EXPECT_FALSE(isInk(60, 297) || isInk(781, 297));
 }
 
-/// Words on a page need fonts, and those an application.
-class AWordyPage : public ::testing::Test {
- public:
-  static void SetUpTestSuite() { beginOffscreen(); }
-
- protected:
-  /// The page at 72 pixels an inch, as another program shows it.
-  Bitmap printed(const Bitmap& picture, const PageLook& look) {
-    PdfDocument document(temp_.path() / "out.pdf");
-    EXPECT_TRUE(document.addPage(picture, look));
-    EXPECT_TRUE(document.finish());
-    EXPECT_EQ(outputOf("pdftoppm -r 72 '" + file() + "' '" + temp_.path().string() + "/sheet'"), "");
-    return readPpm(temp_.path() / "sheet-1.ppm");
-  }
-  /// Its words in reading order, one blank between two.
-  std::string words() {
-    std::string flat;
-    std::istringstream in(outputOf("pdftotext -layout '" + file() + "' -"));
-    for (std::string word; in >> word;) flat += flat.empty() ? word : " " + word;
-    return flat;
-  }
-  std::string file() { return (temp_.path() / "out.pdf").string(); }
-
-  TempFolder temp_;
-};
-
-/// As good as the same: a viewer that scales a plain picture may end a step beside its colour.
-bool isAbout(Colour pixel, Colour colour) {
-  for (const int shift : {0, 8, 16}) {
-    if (std::abs((pixel >> shift & 255) - (colour >> shift & 255)) > 1) return false;
-  }
-  return true;
-}
-
-/// The box of all pixels of a colour; empty when `left` is greater than `right`.
-Square boxOf(const Bitmap& picture, Colour colour) {
-  Square box{picture.width, picture.height, -1, -1};
-  for (int y = 0; y < picture.height; ++y) {
-    for (int x = 0; x < picture.width; ++x) {
-      if (!isAbout(picture.at(x, y), colour)) continue;
-      box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
-    }
-  }
-  return box;
-}
+using AWordyPage = PagePrinter;
 
 TEST_F(AWordyPage, HasTheNameAndTheTitleOverThePicture) {
   PageLook look;

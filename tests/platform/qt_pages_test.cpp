@@ -68,16 +68,18 @@ TEST(ThePageSetupPanel, TakesWhatAPersonSets) {
   panel.part<QComboBox>("paper")->setCurrentText("Letter");
   panel.part<QComboBox>("orientation")->setCurrentIndex(1);
   panel.part<QSpinBox>("margin")->setValue(15);
+  panel.part<QSpinBox>("columns")->setValue(3);
+  panel.part<QSpinBox>("rows")->setValue(2);
   panel.part<QPushButton>("use")->click();
   panel.pump(Pace::idle);
-  const PageSetup wanted{paperNamed("letter"), false, allRound(15), "Mazes & more", true, true};
+  const PageSetup wanted{paperNamed("letter"), false, allRound(15), "Mazes & more", true, true, {3, 2}};
   EXPECT_EQ(panel.program.pages.setup, wanted);
 }
 
 TEST(ThePageSetupPanel, GivesBackWhatIsInForceWhenNothingIsChanged) {
   for (const PageSetup& setup :
        {PageSetup{PaperSize{1760, 2500}, true, Margins{100, 200, 300, 50}, "T", true, false},
-        PageSetup{paperNamed("a3"), false, allRound(0), "", false, true},
+        PageSetup{paperNamed("a3"), false, allRound(0), "", false, true, {9, 1}},
         PageSetup{std::nullopt, std::nullopt, Margins{85, 85, 85, 85}, "", false, false}}) {
     Panel panel(setup);
     panel.accept();
@@ -126,6 +128,20 @@ TEST(ThePreview, ShowsThePageInADialogOfQts) {
         const auto* pages = dialog.findChild<QPrintPreviewWidget*>();
         ASSERT_NE(pages, nullptr);
         EXPECT_EQ(dialog.printer()->pageLayout().orientation(), QPageLayout::Portrait);
+        EXPECT_EQ(pages->pageCount(), 1);
+      }));
+}
+
+TEST(ThePreview, ShowsEverySheetOfAPageThatIsSpread) {
+  Session session;
+  session.program.menus.setVisible(Item::filet, true);
+  session.program.pages.setup.tiles = {3, 2};
+  EXPECT_TRUE(seen<QPrintPreviewDialog>(
+      session, [&] { input::menuClick(session.program, Item::printpreview); },
+      [](QPrintPreviewDialog& dialog) {
+        const auto* pages = dialog.findChild<QPrintPreviewWidget*>();
+        ASSERT_NE(pages, nullptr);
+        EXPECT_EQ(pages->pageCount(), 6);
       }));
 }
 

@@ -2,9 +2,11 @@
 
 #include <QPageLayout>
 #include <QPageSize>
+#include <QPainter>
 #include <QPrinter>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -209,6 +211,44 @@ TEST(APrinterForDialogs, IsLaidAsThePageWouldBe) {
   EXPECT_EQ(set->pageLayout().pageSize().id(), QPageSize::A5);
   EXPECT_EQ(marginsOf(set->pageLayout()), allRound(20));
   EXPECT_EQ(set->pageLayout().orientation(), QPageLayout::Portrait);
+}
+
+/// A document but for the moment that it was written in.
+std::string withoutDate(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const auto date = text.find("/CreationDate");
+  if (date != std::string::npos) text.erase(date, text.find('\n', date) - date);
+  return text;
+}
+
+TEST(APrinter, GetsASheetAsPixelsAsQtPaintsAnImage) {
+  Folder folder;
+  const auto plain = printerTo(folder.path() / "plain.pdf")();
+  plain->setPageOrientation(QPageLayout::Landscape);
+  QPainter painter(plain.get());
+  painter.setRenderHint(QPainter::LosslessImageRendering, true);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+  const double scale = std::min(plain->width() / 80.0, plain->height() / 60.0);
+  QRectF place(0, 0, 80 * scale, 60 * scale);
+  place.moveCenter(QRectF(0, 0, plain->width(), plain->height()).center());
+  painter.drawImage(place, imageOf(kPage));
+  painter.end();
+  Printing printing(folder.path(), printerTo(folder.path() / "paper.pdf"));
+  printing.page(kPage);
+  EXPECT_TRUE(printing.endOfPages());
+  EXPECT_EQ(withoutDate(folder.path() / "paper.pdf"), withoutDate(folder.path() / "plain.pdf"));
+}
+
+TEST(APrinter, GetsEverySheetOfAPageThatIsSpreadAndDrawsIt) {
+  Folder folder;
+  Printing printing(folder.path(), printerTo(folder.path() / "paper.pdf"));
+  PageLook look;
+  look.setup.tiles = {3, 2};
+  printing.page(kPage, look);
+  EXPECT_TRUE(printing.endOfPages());
+  EXPECT_EQ(folder.pagesIn("paper.pdf"), 6);
+  EXPECT_EQ(withoutDate(folder.path() / "paper.pdf").find("/Subtype /Image"), std::string::npos);
 }
 
 }  // namespace

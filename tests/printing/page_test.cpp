@@ -106,5 +106,41 @@ TEST(AJobsPages, HaveTheWhiteGroundToo) {
   for (const Colour pixel : page.pixels) ASSERT_NE(pixel, kYellow);
 }
 
+TEST(APage, KnowsHowManyCellsItsMazeHasWhereThatMayMatter) {
+  Bitmap maze = plainBitmap(400, 400, kNavy);
+  for (int y = 10; y < 390; y += 10)
+    for (int x = 10; x < 390; ++x)
+      for (int v = y + 1; v < y + 4; ++v) pixelAt(maze, x, v) = kWhite;
+  World w(maze, 5);
+  w.state.phase = Phase::placing;
+  w.state.start = squareOf(2, 2, 5);
+  EXPECT_EQ(pageOf(w.program).look().cells, 38 * 76) << "every other row has corridors";
+  w.program.pictures.save("drawing1.bmp", maze);
+  EXPECT_EQ(pageOf(w.program).look().cells, 0) << "what looked like one before is none";
+  w.state.phase = Phase::drawing;
+  EXPECT_EQ(pageOf(w.program).look().cells, 0);
+}
+
+TEST(APage, SaysItsTitleItsSettingsAndItsSeed) {
+  World w(drawing({"......", "......"}), 10);
+  w.program.random.seed(77);
+  EXPECT_EQ(pageOf(w.program).look().about.title, "Gridwright");
+  EXPECT_EQ(pageOf(w.program).look().about.settings, "kind regular; wall 10; patterns own");
+  EXPECT_EQ(pageOf(w.program).look().about.seed, 77U);
+  EXPECT_EQ(pageOf(w.program).look().about.maze, MazeInRun());
+  w.program.pages.setup.title = "Mazes";
+  w.state.mazeKind = MazeKind::threeD;
+  w.state.pathSize = 2;
+  w.program.menus.setChecked(Item::crnd1, true);
+  EXPECT_EQ(pageOf(w.program).look().about.title, "Mazes");
+  EXPECT_EQ(pageOf(w.program).look().about.settings,
+            "kind 3d; wall 10; difficulty 4; paths large; patterns random:5");
+  w.state.mazeKind = MazeKind::pipe;
+  w.program.menus.setChecked(Item::pthin, true);
+  w.program.menus.setChecked(Item::dontusepattern, true);
+  EXPECT_EQ(pageOf(w.program).look().about.settings,
+            "kind pipe; wall 10; difficulty 4; paths large; underpasses long; patterns none");
+}
+
 }  // namespace
 }  // namespace gridwright::test

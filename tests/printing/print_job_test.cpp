@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 #include "session/input.h"
 #include "state/key_codes.h"
@@ -73,6 +75,20 @@ TEST_P(EveryEndPoint, AJobWithAnswersPrintsTwoPagesAMaze) {
       ASSERT_TRUE(blank.pixels[i] != kNavy && blank.pixels[i] != kBlue) << "the answer crosses no wall";
     }
   }
+}
+
+TEST(AJobsPages, KnowWhichMazeOfTheRunTheyShowAndAPageAloneKnowsThatItIsNone) {
+  Job w(Item::printwithsolutions, "2");
+  w.desktop.look([](Program& p) { EXPECT_EQ(p.random.lastSeed(), 1U) << "drawn on leaving the title"; });
+  w.desktop.menu(Item::newmaze);
+  w.untilNoJob();
+  w.desktop.menu(Item::printfff);
+  w.desktop.pumpsPass(1);
+  EXPECT_EQ(w.run(), "");
+  std::vector<MazeInRun> shown;
+  std::transform(w.desktop.looks.begin(), w.desktop.looks.end(), std::back_inserter(shown),
+                 [](const PageLook& look) { return look.about.maze; });
+  EXPECT_EQ(shown, (std::vector<MazeInRun>{{1, false}, {1, true}, {2, false}, {2, true}, {0, false}}));
 }
 
 TEST(AJob, WithSearchedFinishesOfEveryOtherChoiceRunsInThe3dKinds) {

@@ -86,14 +86,16 @@ TEST(APageSetup, IsTakenFromNobodyWhileThePanelIsClosed) {
   EXPECT_FALSE(w.program.pages.setup.nameLine);
 }
 
-TEST(APageSetup, KeepsItsTitleInOneLineAndItsMarginsOnThePaper) {
+TEST(APageSetup, KeepsItsTitleInOneLineItsMarginsOnThePaperAndItsSheetsWithinMeasure) {
   OverAMaze w;
   PageSetup setup;
   setup.title = " My \n\t mazes ";
   setup.margins = Margins{-1, 20, 501, 500};
+  setup.tiles = {0, 12};
   input::pageSetupEntered(w.program, setup);
   EXPECT_EQ(w.program.pages.setup.title, "My mazes");
   EXPECT_EQ(w.program.pages.setup.margins, (Margins{0, 20, 500, 500}));
+  EXPECT_EQ(w.program.pages.setup.tiles, (PageTiles{1, 9}));
 }
 
 TEST(WordsBesideTheEnds, AreOnPagesOfAMazeWithBothEndsAlone) {

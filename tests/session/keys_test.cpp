@@ -265,7 +265,8 @@ TEST(TheKeysOfTheMenus, ChooseOneItemEachAndF5TheTickedKind) {
                                                                   {"Ctrl+D", "Workshop…"},
                                                                   {"Ctrl+Z", "Undo"},
                                                                   {"Ctrl+Shift+Z", "Redo"},
-                                                                  {"Ctrl+Y", "Redo"}};
+                                                                  {"Ctrl+Y", "Redo"},
+                                                                  {"Ctrl+C", "Copy"}};
   for (const Shortcut& shortcut : kShortcuts) {
     const auto item = itemOfKeys(menus, shortcut.keys);
     ASSERT_TRUE(item) << shortcut.keys;

@@ -9,6 +9,7 @@
 
 #include "menus/enable_table.h"
 #include "menus/panels.h"
+#include "session/book_panel.h"
 #include "session/input.h"
 #include "session/workshop.h"
 #include "support/world.h"
@@ -72,6 +73,9 @@ const std::array kRows = {
     Row{Item::whiteground, ".xxxxx"},
     Row{Item::pagesetup, ".xxxxx", false, false, true},
     Row{Item::printpreview, ".xxxxx", false, false, true},
+    Row{Item::exportmaze, ".x.xxx", false, false, true},
+    Row{Item::copymaze, ".x.xxx", false, false, true},
+    Row{Item::makebook, ".x...."},
     Row{Item::showregions, ".x...."},
     Row{Item::undo, ".xx..."},
     Row{Item::redo, ".x...."},
@@ -96,6 +100,9 @@ bool wanted(const Program& p, const Row& row) {
   if (row.item == Item::undo && phase == 0 && !p.undoMarks.canUndo) return false;
   if (row.item == Item::undo && phase == 1 && s.creationMode != CreationMode::user) return false;
   if (row.item == Item::redo && !p.undoMarks.canRedo) return false;
+  const bool takesPicture = row.item == Item::exportmaze || row.item == Item::copymaze;
+  const bool searches = phase == 3 && s.finishMethod != FinishMethod::user && !s.finishFound;
+  if (takesPicture && searches) return false;
   const bool setsUpARun = row.item == Item::printwithsolutions || row.item == Item::printnosolutions;
   return (row.inARun && !setsUpARun) || s.print.printTotal == 0;
 }
@@ -229,6 +236,8 @@ class Fidget {
     seen_.insert(p.state.phase);
     fault_ = fault_.empty() ? disagreement(p) : fault_;
     if (p.workshop.open && below(8) == 0) return atWorkshop(p);
+    if (p.book.open && below(2) == 0) return atBook(p);
+    if (p.book.making.underWay && below(80) == 0) return bookGoesOn(p);
     switch (below(12)) {
       case 0:
       case 1:
@@ -241,6 +250,7 @@ class Fidget {
       case 7:
         return input::menuClick(p, item());
       case 8:
+        if (p.exporting.open) return atExport(p);
         return p.pages.open ? atPageSetup(p) : box(p);
       case 9:
         return swatch(p);
@@ -286,6 +296,14 @@ class Fidget {
       return input::escapePressed(p, id);
     }
   }
+  void atExport(Program& p) {
+    static constexpr std::array kFiles = {"a.png", "a.svg", "a.pdf", "a", "", "none/a.png"};
+    ExportWish wish{kFiles[static_cast<std::size_t>(below(static_cast<int>(kFiles.size())))]};
+    if (below(2) == 0) wish.answer = below(2) == 0;
+    wish.clear = below(2) == 0;
+    if (below(3) == 0) return input::exportEscaped(p);
+    input::exportEntered(p, wish);
+  }
   void atPageSetup(Program& p) {
     PageSetup setup = p.pages.setup;
     setup.endWords = below(2) == 0;
@@ -293,6 +311,20 @@ class Fidget {
     if (below(2) == 0) setup.margins = allRound(below(99));
     if (below(3) == 0) return input::pageSetupEscaped(p);
     input::pageSetupEntered(p, setup);
+  }
+  void atBook(Program& p) {
+    BookWish wish = p.book.wish;
+    wish.drawing = below(3) != 0;
+    wish.sheet = below(3) == 0;
+    if (below(3) == 0) return input::bookEscaped(p);
+    if (below(3) == 0) return input::bookFilled(p, wish);
+    input::bookAccepted(p, wish);
+  }
+  void bookGoesOn(Program& p) {
+    if (below(3) == 0) return input::bookCancelled(p);
+    BookNews news{1, 2, {{1, plainBitmap(3, 3, 0)}}, {}};
+    if (below(3) == 0) news.end = BookEnd{static_cast<std::size_t>(below(2)), below(2) == 0, {}};
+    bookNews(p, news);
   }
   void preparation(Program& p) {
     PrepareSettings settings = p.prepare.settings;
@@ -409,6 +441,8 @@ bool isAtRest(const Program& p) {
 void leadBack(Program& p, int turn) {
   if (p.workshop.open) return leaveWorkshop(p);
   if (p.pages.open) return input::pageSetupEscaped(p);
+  if (p.exporting.open) return input::exportEscaped(p);
+  if (p.book.open) return input::bookEscaped(p);
   for (const ControlId id : {ControlId::Text2, ControlId::Text7, ControlId::text1, ControlId::Text4,
                              ControlId::Text5, ControlId::Text6, ControlId::Text3, ControlId::Text8}) {
     if (p.controls[id].visible) return input::escapePressed(p, id);

@@ -87,11 +87,28 @@ class BareDesktop : public Platform {
     previews.push_back(picture.copied());
   }
   UsualPaper usualPaper() override { return usual; }
+  Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) override {
+    if (savesFail) return Fault{Fault::Kind::notWritable, path.string()};
+    pictureFiles.push_back(
+        {path, wanted.picture.copied(), wanted.format, wanted.scale, wanted.dpi, wanted.look});
+    return Done{};
+  }
+  bool copyPicture(const BitmapView& picture, const std::string& svg) override {
+    if (!hasClipboard) return false;
+    copied.push_back({picture.copied(), svg});
+    return true;
+  }
   Outcome<PagesWent> endOfPages() override {
     ++documents;
     return went;
   }
   std::uint32_t clockSeed() override { return seed; }
+  Outcome<Done> makeBook(Program& /*program*/, const BookOrder& order) override {
+    if (bookBegins) books.push_back(order);
+    return bookBegins;
+  }
+  void stopBook() override { ++booksStopped; }
+  void endBook(Program& /*program*/) override { ++booksEnded; }
   std::string remembered(std::string_view key) override {
     const auto found = memory.find(key);
     return found == memory.end() ? std::string() : found->second;
@@ -119,7 +136,25 @@ class BareDesktop : public Platform {
   std::vector<WindowState> states;   ///< As the program set them.
   std::vector<Bitmap> pages, previews;
   std::vector<PageLook> looks;  ///< Of the pages.
+  /// What was written for other programs.
+  struct Exported {
+    std::filesystem::path path;
+    Bitmap picture;  ///< Without what is see-through.
+    PictureFormat format;
+    int scale, dpi;
+    PageLook look;
+  };
+  std::vector<Exported> pictureFiles;
+  struct Copied {
+    Bitmap picture;
+    std::string svg;
+  };
+  std::vector<Copied> copied;
+  bool hasClipboard = true;
   UsualPaper usual;
+  std::vector<BookOrder> books;       ///< That were begun; a test tells how they go on.
+  Outcome<Done> bookBegins = Done{};  ///< What is said of one.
+  int booksStopped = 0, booksEnded = 0;
   int documents = 0, alone = 0, raised = 0, maximised = 0;
   std::uint32_t seed = 1;
   Outcome<PagesWent> went = PagesWent{};                            ///< What is said of pages.

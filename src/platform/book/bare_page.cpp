@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QtGlobal>
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -15,7 +14,6 @@ namespace gridwright::book {
 
 namespace {
 
-constexpr std::size_t kMostPatches = 20000, kMostPatchesACell = 4;
 constexpr std::size_t kMostPaletteColours = 256;
 constexpr int kPacking = 5;  // in half the time of the usual 6, and a hundredth longer
 
@@ -150,8 +148,7 @@ std::optional<BarePage> inVectors(const MadeMaze& made, bool withAnswer, std::si
 }  // namespace
 
 BarePage barePageOf(const MadeMaze& made, MazeFormat format, bool withAnswer) {
-  const auto cells = static_cast<std::size_t>(std::max(0, made.record.cells));
-  const std::size_t most = std::max(kMostPatches, kMostPatchesACell * cells);
+  const std::size_t most = mostPatches(made.record.cells);
   if (format == MazeFormat::vector) {
     if (auto page = inVectors(made, withAnswer, most)) return *std::move(page);
   }

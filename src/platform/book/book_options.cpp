@@ -11,6 +11,7 @@
 #include "platform/book/book_words.h"
 #include "platform/book/maze_counts.h"
 #include "platform/book/page_plan.h"
+#include "state/export_panel.h"
 
 namespace gridwright::book {
 
@@ -67,6 +68,17 @@ bool putAnswers(const std::string& word, BookLine& line) {
   }
   line.run.answersFile.clear();
   return word != wordOf(Answers::file) && put(answersOf(word), line.plan.answers);
+}
+
+/// A folder, and how many dots an inch its pictures have where it ends in a colon and a number.
+bool putPngFolder(const std::string& word, BookLine& line) {
+  const auto colon = word.rfind(':');
+  const std::string behind = colon == std::string::npos ? "" : word.substr(colon + 1);
+  const bool isNumber = !behind.empty() && behind.find_first_not_of("0123456789") == std::string::npos;
+  line.run.pngFolder = isNumber ? word.substr(0, colon) : word;
+  if (isNumber && !put(wholeNumberOf(behind, kLeastDpi, kMostDpi), line.run.pngDpi)) return false;
+  if (!isNumber) line.run.pngDpi = kUsualDpi;
+  return !line.run.pngFolder.empty();
 }
 
 /// With what an option goes: the making of a book, its making again from a list, the joining of its parts.
@@ -165,6 +177,9 @@ std::vector<Option> runOptions() {
   return {
       {"-o", "FILE.pdf", "a file has a name", kMaking | kAgain | kJoining, path(&BookRun::output)},
       {"--list", "FILE.json", "a file has a name", kMaking | kAgain | kJoining, path(&BookRun::list)},
+      {"--svg", "DIR", "a folder has a name", kMaking | kAgain, path(&BookRun::svgFolder)},
+      {"--png", "DIR[:72..1200]", "it is a folder, and behind a colon 72 to 1200 dots an inch",
+       kMaking | kAgain, putPngFolder},
       {"--from", "FILE.json", "a file has a name", kMaking | kAgain, path(&BookRun::from)},
       {"--jobs", "N", "there are 1 to 1024 jobs", kMaking | kAgain | kJoining,
        [](const std::string& w, BookLine& l) { return put(wholeNumberOf(w, 1, kMostJobs), l.run.jobs); }},

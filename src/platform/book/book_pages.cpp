@@ -9,6 +9,7 @@
 
 #include "platform/book/book_list.h"
 #include "platform/book/book_options.h"
+#include "platform/book/book_pictures.h"
 #include "platform/book/joined_list.h"
 #include "platform/book/new_files.h"
 #include "platform/book/page_plan.h"
@@ -96,9 +97,13 @@ class Writing {
 
 }  // namespace
 
-BookPages::BookPages(BookPlan plan, const fs::path& folder) : plan_(std::move(plan)), store_(folder) {}
+BookPages::BookPages(BookPlan plan, const fs::path& folder, BookPictures* pictures)
+    : plan_(std::move(plan)), store_(folder), pictures_(pictures) {}
 
 Outcome<Done> BookPages::take(const MadeMaze& made) {
+  if (pictures_ != nullptr) {
+    if (auto taken = pictures_->take(made); !taken) return taken;
+  }
   return store_.put(made.record.number, barePageOf(made, plan_.format, plan_.answers != Answers::none));
 }
 
@@ -120,7 +125,12 @@ Outcome<Done> BookPages::finish(BookList& list, const BookRun& run, const IsStop
   if (done && !run.list.empty()) done = writing.list(files);
   if (!done) return done;
   if (isStopped && isStopped()) return Fault{Fault::Kind::notWritable, "stopped"};
-  return files.takeNames();
+  if (pictures_ != nullptr) done = pictures_->takeNames();
+  if (done) {
+    done = files.takeNames();
+    if (!done && pictures_ != nullptr) pictures_->giveBack();
+  }
+  return done;
 }
 
 Outcome<BookList> joinBook(const BookRun& run, const IsStopped& isStopped) {

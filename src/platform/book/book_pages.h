@@ -14,12 +14,14 @@
 
 namespace gridwright::book {
 
+class BookPictures;
 class PartDocument;
 
 class BookPages {
  public:
   /// Bare pages wait in a file without a name in `folder`, which is that of the book.
-  BookPages(BookPlan plan, const std::filesystem::path& folder);
+  /// \param pictures take each maze too, and their names with the files of the book; null for none.
+  BookPages(BookPlan plan, const std::filesystem::path& folder, BookPictures* pictures = nullptr);
 
   /// Turns a maze into its bare page and keeps that. Threads may do so at once, and do the work beside each
   /// other. \returns a Fault where the disk takes no more.
@@ -35,6 +37,7 @@ class BookPages {
  private:
   const BookPlan plan_;
   BareStore store_;
+  BookPictures* pictures_;
 };
 
 /// Lays out the book of all parts that `run.join` names.

@@ -105,12 +105,15 @@ struct BookPlan {
 
 /// What is done with the plan in this run: none of it changes a byte of the book.
 struct BookRun {
+  std::filesystem::path folder;  ///< Where names without a whole path lie; empty for the present one.
   std::filesystem::path output = "book.pdf";
   std::filesystem::path answersFile;  ///< With `Answers::file` alone.
   std::filesystem::path list;         ///< Empty for none.
   std::filesystem::path from;         ///< The list that the plan comes from; empty for none.
   std::vector<std::filesystem::path>
       join;  ///< The parts of a book that is to be laid out; no maze is made then.
+  std::filesystem::path svgFolder, pngFolder;  ///< Of pictures of each maze and answer; empty for none.
+  int pngDpi = 300;                            ///< 72 to 1200.
   std::optional<Part> part;
   int jobs = 1;
   bool mayReplace = false;  ///< `--force`

@@ -83,8 +83,10 @@ std::string bytesOf(const std::string& name, const fs::path& path, std::vector<P
 /// A picture's file, as a bitmap that makes a maze.
 class PictureFile {
  public:
-  PictureFile(const std::string& name, const ReadyGround& ground, const std::vector<ColourPair>& mazeColours)
-      : name_(name), path_(name), ground_(ground), mazeColours_(mazeColours) {}
+  /// \param name as it is told and listed; a name without a whole path lies in the folder.
+  PictureFile(const std::string& name, const fs::path& folder, const ReadyGround& ground,
+              const std::vector<ColourPair>& mazeColours)
+      : name_(name), path_(folder / name), ground_(ground), mazeColours_(mazeColours) {}
 
   /// \throws Refused
   ReadPicture read() {
@@ -106,7 +108,7 @@ class PictureFile {
     if (!drawing) throw Refused{fault(path_, "it is no Gridwright drawing")};
     const fs::path folder = path_.parent_path().empty() ? fs::path(".") : path_.parent_path();
     const fs::path beside = WorkFolder(folder).resolve(path_.stem().string() + ".bmp");
-    const std::string bytes = bytesOf(fs::path(path_).replace_extension(".bmp").string(), beside, read_.sums);
+    const std::string bytes = bytesOf(fs::path(name_).replace_extension(".bmp").string(), beside, read_.sums);
     const auto bitmap = decodeBitmapFile(bytes, Canvas::kSide);
     if (!bitmap) throw Refused{fault(beside, "it cannot be read, so that " + name_ + " has no picture")};
     read_.picture.drawing = text;
@@ -187,7 +189,7 @@ std::vector<ReadyGround> groundsOf(const BookPlan& plan, std::size_t pictures) {
 /// Reads the pictures' files, as many at once as there are jobs.
 /// \throws Refused for the first of them that cannot be taken.
 std::vector<ReadPicture> readPictureFiles(const BookPlan& plan, const std::vector<ReadyGround>& grounds,
-                                          int jobs, const IsStopped& isStopped) {
+                                          const BookRun& run, const IsStopped& isStopped) {
   const NobodyHears quiet;
   std::vector<ReadPicture> read(plan.pictures.size());
   std::vector<std::optional<Fault>> faults(plan.pictures.size());
@@ -195,7 +197,7 @@ std::vector<ReadPicture> readPictureFiles(const BookPlan& plan, const std::vecto
   const std::function<void()> work = [&] {
     for (std::size_t i = next++; i < read.size() && !isStopped(); i = next++) {
       try {
-        read[i] = PictureFile(plan.pictures[i], grounds[i], plan.wished.mazeColours).read();
+        read[i] = PictureFile(plan.pictures[i], run.folder, grounds[i], plan.wished.mazeColours).read();
       } catch (Refused& refused) {
         faults[i] = std::move(refused.fault);
       } catch (const std::bad_alloc&) {
@@ -203,7 +205,7 @@ std::vector<ReadPicture> readPictureFiles(const BookPlan& plan, const std::vecto
       }
     }
   };
-  const auto useful = std::clamp(read.size(), std::size_t{1}, static_cast<std::size_t>(jobs));
+  const auto useful = std::clamp(read.size(), std::size_t{1}, static_cast<std::size_t>(run.jobs));
   std::vector<std::jthread> threads = beginThreads(useful - 1, work);
   work();
   threads.clear();  // they are joined
@@ -217,17 +219,17 @@ std::vector<ReadPicture> readPictureFiles(const BookPlan& plan, const std::vecto
 }  // namespace
 
 /// \throws Refused
-void BookSources::readAll(const BookPlan& plan, int jobs, const IsStopped& isStopped) {
+void BookSources::readAll(const BookPlan& plan, const BookRun& run, const IsStopped& isStopped) {
   std::vector<PictureSum> sumOfNames;
   std::vector<std::string> names;
   if (!plan.words.empty()) {
-    names = namesIn(bytesOf(plan.words, plan.words, sumOfNames));
-    if (names.empty()) throw Refused{fault(plan.words, "there is no name in it")};
+    names = namesIn(bytesOf(plan.words, run.folder / plan.words, sumOfNames));
+    if (names.empty()) throw Refused{fault(run.folder / plan.words, "there is no name in it")};
   }
   const std::size_t pictures = plan.pictures.size() + names.size();
   if (auto why = whyTooMany(plan, pictures)) throw Refused{{Fault::Kind::malformed, *std::move(why)}};
   const std::vector<ReadyGround> grounds = groundsOf(plan, pictures);
-  for (ReadPicture& read : readPictureFiles(plan, grounds, jobs, isStopped)) {
+  for (ReadPicture& read : readPictureFiles(plan, grounds, run, isStopped)) {
     pictures_.push_back(std::move(read.picture));
     sums_.insert(sums_.end(), read.sums.begin(), read.sums.end());
     warnings_.insert(warnings_.end(), read.warnings.begin(), read.warnings.end());
@@ -238,11 +240,11 @@ void BookSources::readAll(const BookPlan& plan, int jobs, const IsStopped& isSto
     pictures_.push_back(painted(name, grounds[pictures_.size()]));
   }
   for (std::size_t i = 0; i < pictures_.size(); ++i) starts_.push_back(std::make_unique<RegionStarts>());
-  readSets(plan);
+  readSets(plan, run.folder);
 }
 
 /// Each set of patterns in the files of all kinds that mazes with it have. \throws Refused
-void BookSources::readSets(const BookPlan& plan) {
+void BookSources::readSets(const BookPlan& plan, const fs::path& folder) {
   const int asked = mazesAsked(plan, count());
   for (int i = 0; i < asked; ++i) {
     const MazeWish wish = wishOf(plan.wished, i);
@@ -254,16 +256,16 @@ void BookSources::readSets(const BookPlan& plan) {
       if (base.ends_with(setEnding(kind))) base.resize(base.size() - setEnding(kind).size());
     }
     const std::string file = base + std::string(setEnding(set.second));
-    std::string text = bytesOf(file, file, sums_);
-    if (!parseSet(text)) throw Refused{fault(file, "it is no set of patterns")};
+    std::string text = bytesOf(file, folder / file, sums_);
+    if (!parseSet(text)) throw Refused{fault(folder / file, "it is no set of patterns")};
     sets_[set] = std::move(text);
   }
 }
 
-Outcome<BookSources> BookSources::read(const BookPlan& plan, int jobs, const IsStopped& isStopped) {
+Outcome<BookSources> BookSources::read(const BookPlan& plan, const BookRun& run, const IsStopped& isStopped) {
   BookSources sources;
   try {
-    sources.readAll(plan, jobs, isStopped);
+    sources.readAll(plan, run, isStopped);
   } catch (Refused& refused) {
     return std::move(refused.fault);
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
@@ -21,10 +22,10 @@ namespace gridwright::book {
 class BookSources {
  public:
   /// Reads all files of the plan. Pictures that are no bitmaps, and words, are made ready for the largest
-  /// wall of their mazes, several pictures at once. Needs an application object, for fonts. \returns a Fault
-  /// with one line that names the file: it is gone, no picture, no set of patterns, or no list of names; and
-  /// with no words when it is stopped.
-  static Outcome<BookSources> read(const BookPlan& plan, int jobs, const IsStopped& isStopped);
+  /// wall of their mazes, as many pictures at once as the run has jobs; names lie in its folder. Needs an
+  /// application object, for fonts. \returns a Fault with one line that names the file: it is gone, no
+  /// picture, no set of patterns, or no list of names; and with no words when it is stopped.
+  static Outcome<BookSources> read(const BookPlan& plan, const BookRun& run, const IsStopped& isStopped);
 
   [[nodiscard]] std::size_t count() const { return pictures_.size(); }
   /// Sums of all files that were read, in the order in which the plan names them.
@@ -39,8 +40,8 @@ class BookSources {
 
  private:
   using SetName = std::pair<std::string, MazeKind>;
-  void readAll(const BookPlan& plan, int jobs, const IsStopped& isStopped);
-  void readSets(const BookPlan& plan);
+  void readAll(const BookPlan& plan, const BookRun& run, const IsStopped& isStopped);
+  void readSets(const BookPlan& plan, const std::filesystem::path& folder);
 
   std::vector<SourcePicture> pictures_;
   std::vector<std::unique_ptr<RegionStarts>> starts_;  // one a picture

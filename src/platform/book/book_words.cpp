@@ -7,15 +7,14 @@
 #include <utility>
 
 #include "canvas/colour.h"
+#include "state/setting_words.h"
 
 namespace gridwright::book {
 namespace {
 
 template <class Value, std::size_t kCount>
-using Words = std::array<std::pair<Value, std::string_view>, kCount>;
+using Words = SettingWords<Value, kCount>;
 
-constexpr Words<MazeKind, 3> kKinds = {
-    {{MazeKind::regular, "regular"}, {MazeKind::threeD, "3d"}, {MazeKind::pipe, "pipe"}}};
 constexpr Words<Ends, 4> kEnds = {{{Ends::set, "set"},
                                    {Ends::farthest, "farthest"},
                                    {Ends::farthestUnderpasses, "farthest-underpasses"},
@@ -23,9 +22,6 @@ constexpr Words<Ends, 4> kEnds = {{{Ends::set, "set"},
 constexpr Words<Answers, 4> kAnswers = {
     {{Answers::none, "none"}, {Answers::after, "after"}, {Answers::end, "end"}, {Answers::file, "file"}}};
 constexpr Words<MazeFormat, 2> kFormats = {{{MazeFormat::vector, "vector"}, {MazeFormat::pixels, "pixels"}}};
-
-constexpr Words<bool, 2> kPaths = {{{false, "normal"}, {true, "large"}}};
-constexpr Words<bool, 2> kUnderpasses = {{{true, "short"}, {false, "long"}}};
 /// What people call three of the palette's colours besides.
 constexpr Words<int, 3> kOtherNames = {{{8, "grey"}, {11, "aqua"}, {13, "fuchsia"}}};
 
@@ -44,12 +40,6 @@ constexpr std::array<NamedPaper, 5> kPapers = {{{"a3", 297, 420},
                                                 {"a5", 148, 210},
                                                 {"letter", 215.9, 279.4},
                                                 {"legal", 215.9, 355.6}}};
-
-template <class Value, std::size_t kCount>
-std::string_view wordIn(const Words<Value, kCount>& words, Value value) {
-  return std::find_if(words.begin(), words.end(), [&](const auto& pair) { return pair.first == value; })
-      ->second;
-}
 
 template <class Value, std::size_t kCount>
 std::optional<Value> valueIn(const Words<Value, kCount>& words, std::string_view word) {
@@ -83,13 +73,13 @@ double takeUnit(std::string_view& word) {
 
 }  // namespace
 
-std::string_view wordOf(MazeKind kind) { return wordIn(kKinds, kind); }
+std::string_view wordOf(MazeKind kind) { return wordIn(kMazeKindWords, kind); }
 std::string_view wordOf(Ends ends) { return wordIn(kEnds, ends); }
 std::string_view wordOf(Answers answers) { return wordIn(kAnswers, answers); }
 std::string_view wordOf(MazeFormat format) { return wordIn(kFormats, format); }
 
-std::string_view pathsWord(bool large) { return wordIn(kPaths, large); }
-std::string_view underpassesWord(bool isShort) { return wordIn(kUnderpasses, isShort); }
+std::string_view pathsWord(bool large) { return wordIn(kPathsWords, large); }
+std::string_view underpassesWord(bool isShort) { return wordIn(kUnderpassesWords, isShort); }
 
 std::string wordOf(const Part& part) { return std::to_string(part.number) + "/" + std::to_string(part.of); }
 
@@ -108,13 +98,13 @@ std::string wordOf(const PatternWish& patterns) {
   return "random:" + std::to_string(patterns.size);
 }
 
-std::optional<MazeKind> kindOf(std::string_view word) { return valueIn(kKinds, word); }
+std::optional<MazeKind> kindOf(std::string_view word) { return valueIn(kMazeKindWords, word); }
 std::optional<Ends> endsOf(std::string_view word) { return valueIn(kEnds, word); }
 std::optional<Answers> answersOf(std::string_view word) { return valueIn(kAnswers, word); }
 std::optional<MazeFormat> formatOf(std::string_view word) { return valueIn(kFormats, word); }
 
-std::optional<bool> pathsOf(std::string_view word) { return valueIn(kPaths, word); }
-std::optional<bool> underpassesOf(std::string_view word) { return valueIn(kUnderpasses, word); }
+std::optional<bool> pathsOf(std::string_view word) { return valueIn(kPathsWords, word); }
+std::optional<bool> underpassesOf(std::string_view word) { return valueIn(kUnderpassesWords, word); }
 
 std::optional<Part> partOf(std::string_view word) {
   const auto slash = word.find('/');
@@ -132,6 +122,14 @@ std::optional<ColourPair> colourPairOf(std::string_view word) {
   const auto corridor = colourOf(word.substr(equals + 1));
   if (!ground || !corridor || ground == corridor) return std::nullopt;
   return ColourPair{*ground, *corridor};
+}
+
+// What prints numbers for people asks their language, and a page has its words from no desktop.
+std::string pointNumber(double number, int digits) {
+  std::array<char, 400> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, digits).ptr;
+  return {text.data(), end};
 }
 
 std::optional<int> wholeNumberOf(std::string_view word, int least, int most) {

@@ -42,6 +42,9 @@ std::optional<Paper> paperOf(std::string_view word);
 /// A length with its unit, `15mm` or `0.5in`, or a bare `0`, in thousandths of a point.
 std::optional<int> lengthOf(std::string_view word);
 
+/// A number with so many digits, at most 9, behind a point, whatever the language of the desktop puts there.
+std::string pointNumber(double number, int digits);
+
 /// Whether every brace of a caption opens or closes one of the five names.
 bool isCaption(std::string_view words);
 

@@ -20,8 +20,9 @@ namespace {
 /// The threads that make mazes, and what they have in common.
 class Makers {
  public:
-  Makers(const BookPlan& plan, const BookRun& run, const BookSources& sources, BookPages& pages)
-      : plan_(plan), run_(run), sources_(sources), pages_(pages) {
+  Makers(const BookPlan& plan, const BookRun& run, const BookSources& sources, BookPages& pages,
+         const MazeTaken& mazeTaken)
+      : plan_(plan), run_(run), sources_(sources), pages_(pages), mazeTaken_(mazeTaken) {
     const Part part = run.part.value_or(Part{});
     for (int i = part.number - 1; i < mazesAsked(plan, sources.count()); i += part.of) indices_.push_back(i);
   }
@@ -73,6 +74,7 @@ class Makers {
     auto made = makeMaze(order, sources_.startsOf(plan_, index), stop_);
     if (!made && made.fault().words.empty()) return;  // stopped
     const auto taken = made ? pages_.take(made.value()) : Outcome<Done>(Done{});
+    if (made && taken && mazeTaken_) mazeTaken_(made.value());
     const std::scoped_lock lock(mutex_);
     ++done_;
     if (!made) {
@@ -121,6 +123,7 @@ class Makers {
   const BookRun& run_;
   const BookSources& sources_;
   BookPages& pages_;
+  const MazeTaken& mazeTaken_;
   std::vector<int> indices_;
   std::atomic<std::size_t> next_ = 0;
   std::atomic<int> last_ = std::numeric_limits<int>::max();  // no maze after this one is begun
@@ -136,8 +139,8 @@ class Makers {
 }  // namespace
 
 MadeMazes makeMazes(const BookPlan& plan, const BookRun& run, const BookSources& sources, BookPages& pages,
-                    const Progress& progress, const IsStopped& isStopped) {
-  return Makers(plan, run, sources, pages).run(progress, isStopped);
+                    const Progress& progress, const MazeTaken& mazeTaken, const IsStopped& isStopped) {
+  return Makers(plan, run, sources, pages, mazeTaken).run(progress, isStopped);
 }
 
 }  // namespace gridwright::book

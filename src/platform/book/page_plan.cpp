@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <tuple>
 #include <utility>
+
+#include "platform/book/book_words.h"
 
 namespace gridwright::book {
 
@@ -109,12 +110,6 @@ class Filling {
   std::vector<MazeRecord>& mazes_;
 };
 
-std::string oneDigitBehindThePoint(double number) {
-  std::array<char, 32> digits{};
-  const int count = std::snprintf(digits.data(), digits.size(), "%.1f", number);
-  return {digits.data(), static_cast<std::size_t>(count)};
-}
-
 }  // namespace
 
 std::optional<std::string> whyNoPages(const BookPlan& plan) {
@@ -129,6 +124,12 @@ std::optional<std::string> whyNoPages(const BookPlan& plan) {
            (isAnswers ? "an answer" : "a maze");
   }
   return std::nullopt;
+}
+
+Size pictureArea(const BookPlan& plan) {
+  const Box area = areaOf(plan, 1);
+  const auto tenths = [](double points) { return static_cast<int>(points / kPointsAMillimetre * 10); };
+  return {tenths(area.width), tenths(area.height)};
 }
 
 void putInOrder(std::vector<MazeRecord>& mazes, const BookPlan& plan) {
@@ -170,7 +171,7 @@ std::string captionOf(const std::string& format, const MazeRecord& maze) {
        {"{picture}", maze.picture},
        {"{seed}", std::to_string(maze.seed)},
        {"{cells}", std::to_string(maze.cells)},
-       {"{difficulty}", oneDigitBehindThePoint(maze.difficulty)}}};
+       {"{difficulty}", pointNumber(maze.difficulty, 1)}}};
   std::string text;
   for (std::size_t at = 0; at < format.size();) {
     const auto word = std::find_if(words.begin(), words.end(), [&](const auto& known) {

@@ -51,6 +51,9 @@ inline constexpr double kNumberRow = 8 * kPointsAMillimetre;
 /// little for the tiles. Nothing when mazes can be laid out by it.
 std::optional<std::string> whyNoPages(const BookPlan& plan);
 
+/// What the margins leave of a sheet for pictures, in tenths of a millimetre.
+Size pictureArea(const BookPlan& plan);
+
 /// Puts the records into the order of the book: by their numbers, or the easiest first and of those that are
 /// as difficult the lower number.
 void putInOrder(std::vector<MazeRecord>& mazes, const BookPlan& plan);

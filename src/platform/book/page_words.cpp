@@ -10,6 +10,8 @@
 #include <QPdfWriter>
 #include <algorithm>
 
+#include "platform/pictures/plain_font.h"
+
 namespace gridwright::book {
 
 namespace {
@@ -23,7 +25,7 @@ constexpr double kCaptionPart = 0.55;  // of its row that letters take
 constexpr double kSmallestTitle = 0.4;
 
 QFont letters(double height, bool bold = false) {
-  QFont font;
+  QFont font = plainFont();
   font.setPixelSize(std::max(1, qRound(height * kDots)));
   font.setBold(bold);
   return font;
@@ -86,6 +88,7 @@ std::string wordPagesOf(const PlannedDocument& document, const BookPlan& plan,
   writer.setPageLayout(QPageLayout(size, QPageLayout::Portrait, QMarginsF(), QPageLayout::Point));
   const double below = writer.pageLayout().fullRectPoints().height() - document.height;
   QPainter painter(&writer);
+  painter.setLayoutDirection(Qt::LeftToRight);
   painter.translate(0, below * kDots);
   for (const PlannedPage& page : document.pages) {
     if (&page != &document.pages.front()) writer.newPage();

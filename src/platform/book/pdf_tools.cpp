@@ -4,13 +4,13 @@
 #include <QCryptographicHash>
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <optional>
 #include <stdexcept>
 #include <utility>
 
+#include "platform/book/book_words.h"
 #include "platform/book/qpdf_headers.h"
 
 namespace gridwright::book {
@@ -85,9 +85,7 @@ QPDFObjectHandle PlacedStreams::of(const StoredDrawing& drawing) {
 }
 
 std::string pdfNumber(double number) {
-  std::array<char, 40> digits{};
-  const int count = std::snprintf(digits.data(), digits.size(), "%.4f", number);
-  std::string text(digits.data(), static_cast<std::size_t>(count));
+  std::string text = pointNumber(number, 4);
   text.erase(text.find_last_not_of('0') + 1);
   if (text.ends_with('.')) text.pop_back();
   return text;

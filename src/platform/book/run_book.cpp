@@ -8,8 +8,8 @@
 
 #include "files/plain_file.h"
 #include "platform/book/book_list.h"
-#include "platform/book/book_options.h"
 #include "platform/book/book_pages.h"
+#include "platform/book/book_pictures.h"
 #include "platform/book/make_mazes.h"
 #include "platform/book/new_files.h"
 #include "platform/book/progress_bar.h"
@@ -18,11 +18,11 @@
 
 namespace gridwright::book {
 
+namespace fs = std::filesystem;
+
 namespace {
 
 constexpr int kEndedBySignal = 128;  // and the signal's number, as shells say it
-
-bool isAskedToEnd() { return endSignal() != 0; }
 
 std::uint32_t seedOfClock() {
   const auto now = std::chrono::system_clock::now().time_since_epoch();
@@ -41,14 +41,15 @@ std::string changedSince(const std::vector<PictureSum>& then, const std::vector<
 
 class Run {
  public:
-  Run(BookLine line, const BookTalk& talk) : line_(std::move(line)), talk_(talk) {}
+  Run(BookLine line, const BookEars& ears) : line_(std::move(line)), ears_(ears) {}
 
-  int run() {
+  BookEnd run() {
     try {
-      return runAll();
+      end_.status = runAll();
     } catch (const std::bad_alloc&) {
-      return complain(kNoMemory);
+      end_.status = complain(kNoMemory);
     }
+    return end_;
   }
 
  private:
@@ -61,30 +62,34 @@ class Run {
     if (line_.run.part || !line_.run.list.empty()) {
       if (const auto why = whyNoList(line_.plan)) return complain(*why);
     }
-    const auto sources = BookSources::read(line_.plan, line_.run.jobs, isAskedToEnd);
-    if (!sources) return isAskedToEnd() ? ended() : complain(sources.fault().words);
+    const auto sources = BookSources::read(line_.plan, line_.run, ears_.isStopped);
+    if (!sources) return ears_.isStopped() ? ended() : complain(sources.fault().words);
     if (list_) {
       const std::string changed = changedSince(list_->sums, sources.value().sums());
       if (!changed.empty()) return complain(changed + " has changed since the list was written");
     }
     for (const std::string& warning : sources.value().warnings()) complain(warning);
-    if (fromClock && !(talk_.out << "seed " << line_.plan.seed << std::endl))
+    if (fromClock && !ears_.say("seed " + std::to_string(line_.plan.seed)))
       return complain("the seed can't be told: standard output takes no more");
     return make(sources.value());
   }
 
   int complain(const std::string& words) {
-    talk_.err << "gridwright-book: " << words << std::endl;
+    ears_.complain(words);
     return kNotAllDone;
   }
 
   /// Nothing was written.
-  static int ended() { return kEndedBySignal + endSignal(); }
+  int ended() {
+    end_.stopped = true;
+    return kNotAllDone;
+  }
 
   void sayWritten(std::size_t mazes) {
+    end_.mazes = mazes;
     if (line_.run.quiet) return;
-    talk_.out << line_.run.output.string() << ": " << mazes << (mazes == 1 ? " maze" : " mazes") << ", seed "
-              << line_.plan.seed << std::endl;
+    ears_.say(line_.run.output.string() + ": " + std::to_string(mazes) + (mazes == 1 ? " maze" : " mazes") +
+              ", seed " + std::to_string(line_.plan.seed));
   }
 
   /// The options of the list take the place of those of the command line.
@@ -106,14 +111,13 @@ class Run {
   }
 
   int make(const BookSources& sources) {
-    BookPages pages(line_.plan, line_.run.output.parent_path());
-    MadeMazes made;
-    {
-      ProgressBar bar(talk_.err, talk_.errIsTerminal && !line_.run.quiet);
-      made = makeMazes(
-          line_.plan, line_.run, sources, pages,
-          [&](std::size_t done, std::size_t all) { bar.show(done, all); }, isAskedToEnd);
-    }
+    BookPictures pictures(line_.plan, line_.run);
+    if (const auto begun = pictures.begin(mazesAsked(line_.plan, sources.count())); !begun)
+      return complain(begun.fault().words);
+    BookPages pages(line_.plan, line_.run.output.parent_path(), &pictures);
+    MadeMazes made =
+        makeMazes(line_.plan, line_.run, sources, pages, ears_.progress, ears_.mazeTaken, ears_.isStopped);
+    ears_.mazesEnd();
     if (made.stopped) return ended();
     for (const MissedMaze& missed : made.missed)
       complain(missed.picture + ": maze " + std::to_string(missed.number) + " can't be made: " + missed.why);
@@ -126,8 +130,8 @@ class Run {
                   std::move(made.records),
                   {}};
     for (const MissedMaze& missed : made.missed) list.notMade.push_back(missed.number);
-    const auto done = pages.finish(list, line_.run, isAskedToEnd);
-    if (isAskedToEnd() && !done) return ended();
+    const auto done = pages.finish(list, line_.run, ears_.isStopped);
+    if (ears_.isStopped() && !done) return ended();
     if (!done) return complain(done.fault().words);
     sayWritten(list.mazes.size());
     return made.missed.empty() ? kDone : kNotAllDone;
@@ -135,8 +139,8 @@ class Run {
 
   int join() {
     if (const auto may = mayWrite(line_.run); !may) return complain(may.fault().words);
-    const auto list = joinBook(line_.run, isAskedToEnd);
-    if (!list) return isAskedToEnd() ? ended() : complain(list.fault().words);
+    const auto list = joinBook(line_.run, ears_.isStopped);
+    if (!list) return ears_.isStopped() ? ended() : complain(list.fault().words);
     line_.plan.seed = list.value().plan.seed;
     sayWritten(list.value().mazes.size());
     for (const int number : list.value().notMade)
@@ -145,21 +149,48 @@ class Run {
   }
 
   BookLine line_;
-  const BookTalk& talk_;
+  const BookEars& ears_;
+  BookEnd end_;
   std::optional<BookList> list_;  ///< What the book is made from again.
 };
 
 }  // namespace
 
+void placeFiles(BookRun& run) {
+  for (fs::path* path : {&run.output, &run.answersFile, &run.list, &run.from, &run.svgFolder, &run.pngFolder})
+    if (!path->empty()) *path = run.folder / *path;
+  for (fs::path& path : run.join) path = run.folder / path;
+}
+
+BookEnd makeBook(BookLine line, const BookEars& ears) { return Run(std::move(line), ears).run(); }
+
+std::optional<std::string> whyNoBook(const Outcome<BookLine>& line) {
+  return line ? whyOneFile(line.value().run) : line.fault().words;
+}
+
 int runBook(const std::vector<std::string>& words, const BookTalk& talk) {
   auto line = readBookLine(words);
-  const auto wrong = line ? whyOneFile(line.value().run) : line.fault().words;
-  if (wrong) {
-    talk.err << "gridwright-book: " << *wrong << std::endl;
+  const auto complain = [&](const std::string& told) {
+    talk.err << "gridwright-book: " << told << std::endl;
+  };
+  if (const auto wrong = whyNoBook(line)) {
+    complain(*wrong);
     return kWrongUse;
   }
   const EndSignals asked;
-  return Run(std::move(line.value()), talk).run();
+  std::optional<ProgressBar> bar;
+  BookEars ears;
+  ears.say = [&](const std::string& told) { return static_cast<bool>(talk.out << told << std::endl); };
+  ears.complain = complain;
+  ears.progress = [&, shown = talk.errIsTerminal && !line.value().run.quiet](std::size_t done,
+                                                                             std::size_t all) {
+    if (!bar) bar.emplace(talk.err, shown);
+    bar->show(done, all);
+  };
+  ears.mazesEnd = [&] { bar.reset(); };
+  ears.isStopped = [] { return endSignal() != 0; };
+  const BookEnd end = makeBook(line.value(), ears);
+  return end.stopped ? kEndedBySignal + endSignal() : end.status;
 }
 
 }  // namespace gridwright::book

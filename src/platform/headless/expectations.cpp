@@ -29,6 +29,8 @@ HeadlessDesktop::Turn HeadlessDesktop::expect(Program& program, const ScriptLine
     compare("what is heard", ears_.listen(program), text());
   } else if (what == "pixel") {
     expectPixel(program);
+  } else if (what == "copied") {
+    expectCopied();
   } else if (what == "pages") {
     if (pages_ != number(2)) fail("it is " + std::to_string(pages_));
   } else if (what == "file") {
@@ -47,6 +49,14 @@ HeadlessDesktop::Turn HeadlessDesktop::expect(Program& program, const ScriptLine
 void HeadlessDesktop::expectPixel(const Program& program) {
   const Colour colour = program.canvas.shownPoint(static_cast<int>(number(2)), static_cast<int>(number(3)));
   if (colour != number(4)) fail("it is " + std::to_string(colour));
+}
+
+void HeadlessDesktop::expectCopied() const {
+  const auto size = sizeWord(word(2));
+  if (!size) refuse(size.fault().words);
+  const auto [width, height] = size.value();
+  if (copied_ != Size{width, height})
+    fail("it is " + std::to_string(copied_.width) + "x" + std::to_string(copied_.height));
 }
 
 void HeadlessDesktop::expectMenu(const Program& program) {

@@ -78,7 +78,10 @@ class HeadlessDesktop : public Platform {
   Outcome<Done> printForm(const BitmapView& picture, const PageLook& look) override;
   Outcome<PagesWent> printAlone(const BitmapView& picture, const PageLook& look) override;
   Outcome<PagesWent> endOfPages() override { return PagesWent{}; }
+  Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) override;
+  bool copyPicture(const BitmapView& picture, const std::string& svg) override;
   std::uint32_t clockSeed() override { return seed_; }
+  Outcome<Done> makeBook(Program& program, const BookOrder& order) override;
 
   /// Writes the collected pages, if a document was asked for.
   Outcome<Done> writeDocument();
@@ -120,6 +123,8 @@ class HeadlessDesktop : public Platform {
   Turn asitis(Program& program, const ScriptLine& line);
   Turn cancel(Program& program, const ScriptLine& line);
   Turn pagesetup(Program& program, const ScriptLine& line);
+  Turn exportPicture(Program& program, const ScriptLine& line);
+  Turn book(Program& program, const ScriptLine& line);
   Turn newsheet(Program& program, const ScriptLine& line);
   Turn tool(Program& program, const ScriptLine& line);
   Turn press(Program& program, const ScriptLine& line);
@@ -139,6 +144,7 @@ class HeadlessDesktop : public Platform {
   void expectMenu(const Program& program);
   void expectControl(const Program& program);
   void expectText(Program& program);
+  void expectCopied() const;
 
   // Refuse an input (2) or fail an expectation (1) at the present line.
   [[noreturn]] void refuse(const std::string& reason) const;
@@ -166,6 +172,7 @@ class HeadlessDesktop : public Platform {
   std::string lastMessage_;
   Listener ears_;
   std::filesystem::path clipboard_;  // the picture that the script pasted last
+  Size copied_;                      // of the picture that the program copied last; 0 by 0 for none
   LeptonicaWork pictureWork_;
   QtInk ink_;
   std::uint32_t seed_ = 0;

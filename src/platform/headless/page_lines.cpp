@@ -1,5 +1,6 @@
-// The line of a script that says how pages look.
+// The lines of a script that say how pages look, and that take the picture elsewhere.
 #include "platform/headless/headless_desktop.h"
+#include "platform/shared/picture_files.h"
 #include "session/input.h"
 #include "state/program.h"
 
@@ -26,11 +27,26 @@ bool readPage(const ScriptSetting& setting, PageSetup& page) {
     page.landscape = understood ? std::optional(lies) : std::nullopt;
     return asUsual || understood;
   }
+  if (name == "tiles") {
+    const auto tiles = asUsual ? std::optional(PageTiles{}) : tilesNamed(value);
+    page.tiles = tiles.value_or(page.tiles);
+    return tiles.has_value();
+  }
   int margin = 0;
   if (name != "margin") return false;
   const bool understood = readNumber(value, 0, kMostMargin, margin);
   page.margins = understood ? std::optional(allRound(margin)) : std::nullopt;
   return asUsual || understood;
+}
+
+bool readExport(const ScriptSetting& setting, ExportWish& wish) {
+  const auto [name, value] = setting;
+  if (name == "dpi") return readNumber(value, kLeastDpi, kMostDpi, wish.dpi);
+  if (name == "clear") return readFlag(value, wish.clear);
+  bool answer = false;
+  if (name != "answer" || !readFlag(value, answer)) return false;
+  wish.answer = answer;
+  return true;
 }
 
 }  // namespace
@@ -45,6 +61,27 @@ HeadlessDesktop::Turn HeadlessDesktop::pagesetup(Program& program, const ScriptL
   if (!program.pages.open) input::menuClick(program, Item::pagesetup);
   input::pageSetupEntered(program, setup);
   return Turn::givePump;
+}
+
+// What a person does with the panel, whether it is open or not: what is against it is told in a line.
+HeadlessDesktop::Turn HeadlessDesktop::exportPicture(Program& program, const ScriptLine& line) {
+  const std::vector<std::string> words = quotedWords(line.whole);
+  if (words.size() < 2 || words[1].empty()) refuse("a word is missing");
+  ExportWish wish;
+  wish.file = words[1];
+  holdUnderstood(readAll(words, 2, [&](const ScriptSetting& s) { return readExport(s, wish); }));
+  input::exportEntered(program, wish);
+  return Turn::givePump;
+}
+
+Outcome<Done> HeadlessDesktop::writePicture(const PictureFile& wanted, const std::filesystem::path& path) {
+  if (wanted.format == PictureFormat::pdf) options_.beforePictures();
+  return writePictureFile(wanted, path);
+}
+
+bool HeadlessDesktop::copyPicture(const BitmapView& picture, const std::string& /*svg*/) {
+  copied_ = {picture.width, picture.height};
+  return true;
 }
 
 }  // namespace gridwright

@@ -134,6 +134,10 @@ HeadlessDesktop::Turn HeadlessDesktop::prepare(Program& program, const ScriptLin
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::accept(Program& program, const ScriptLine&) {
+  if (program.book.open) {
+    input::bookAccepted(program, program.book.wish);
+    return Turn::givePump;
+  }
   holdWorkshopOpen(program);
   input::preparedAccepted(program);
   return Turn::givePump;
@@ -147,8 +151,12 @@ HeadlessDesktop::Turn HeadlessDesktop::asitis(Program& program, const ScriptLine
 }
 
 HeadlessDesktop::Turn HeadlessDesktop::cancel(Program& program, const ScriptLine&) {
-  if (program.pages.open) {
-    input::pageSetupEscaped(program);
+  if (program.pages.open || program.book.open) {
+    program.pages.open ? input::pageSetupEscaped(program) : input::bookEscaped(program);
+    return Turn::givePump;
+  }
+  if (program.exporting.open) {
+    input::exportEscaped(program);
     return Turn::givePump;
   }
   holdWorkshopOpen(program);

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "pictures/stamps.h"
+#include "platform/pictures/plain_font.h"
 
 namespace gridwright {
 
@@ -23,10 +24,10 @@ namespace {
 constexpr int kShapedAt = 1000;  ///< Pixels: outlines are taken at this size and scaled.
 
 QFont qtFont(const LetterFont& font) {
-  QFont made(QString::fromStdString(font.name));
+  QFont made = plainFont();
+  made.setFamily(QString::fromStdString(font.name));
   made.setBold(font.bold);
   made.setPixelSize(kShapedAt);
-  made.setHintingPreference(QFont::PreferNoHinting);
   return made;
 }
 

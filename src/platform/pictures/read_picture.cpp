@@ -19,6 +19,7 @@
 #include "pictures/fit.h"
 #include "platform/pictures/gif_shape.h"
 #include "platform/pictures/jpeg_shape.h"
+#include "platform/pictures/plain_font.h"
 #include "platform/pictures/reduced_image.h"
 #include "platform/pictures/svg_cleaner.h"
 
@@ -31,6 +32,7 @@ constexpr int kMegabytesForOne = 256;        // 32 million pixels of 16 bits a c
 constexpr qint64 kLargestSvg = 16 << 20;     // bytes
 constexpr qint64 kLargestBitmap = 64 << 20;  // bytes: beyond, a bitmap goes the way of all formats
 constexpr qint64 kEnoughToTell = 4096;       // bytes, of what a file is
+constexpr int kDotsAMetre = 3780;            // 96 to the inch, whatever a desktop's screen has
 constexpr int kJpegEighths = 8;              // a JPEG is decoded at so many eighths of its size
 
 Fault noPicture(const std::string& name, const char* why) {
@@ -156,7 +158,11 @@ Layer rendered(QSvgRenderer& renderer, Size size, const QRect& part) {
   QImage image(part.size(), QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return {};
   image.fill(Qt::transparent);
+  image.setDotsPerMeterX(kDotsAMetre);
+  image.setDotsPerMeterY(kDotsAMetre);
   QPainter painter(&image);
+  painter.setFont(plainFont());  // for words that name none
+  painter.setLayoutDirection(Qt::LeftToRight);
   renderer.render(&painter, QRectF(-part.left(), -part.top(), size.width, size.height));
   painter.end();
   return layerOf(image, image.rect());

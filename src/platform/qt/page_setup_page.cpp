@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -54,7 +55,9 @@ PageSetupPage::PageSetupPage(QWidget* parent)
       endWords_(new QCheckBox("The &words Start and Finish beside the ends", this)),
       paper_(new QComboBox(this)),
       orientation_(new QComboBox(this)),
-      margin_(new MarginBox(this)) {
+      margin_(new MarginBox(this)),
+      columns_(new QSpinBox(this)),
+      rows_(new QSpinBox(this)) {
   title_->setObjectName("title");
   title_->setMaxLength(kLongestTitle);
   title_->setPlaceholderText("none");
@@ -72,8 +75,31 @@ PageSetupPage::PageSetupPage(QWidget* parent)
   form->addRow("P&aper", paper_);
   form->addRow("Ori&entation", orientation_);
   form->addRow("Mar&gins in mm", margin_);
+  form->addRow("T&iles", buildTiles());
   column->addLayout(form);
   column->addWidget(buildButtons());
+}
+
+/// Sheets beside each other, and one below the other.
+QWidget* PageSetupPage::buildTiles() {
+  auto* part = new QWidget(this);
+  auto* row = new QHBoxLayout(part);
+  row->setContentsMargins(0, 0, 0, 0);
+  columns_->setObjectName("columns");
+  rows_->setObjectName("rows");
+  columns_->setAccessibleName("Sheets across");
+  rows_->setAccessibleName("Sheets down");
+  for (QSpinBox* box : {columns_, rows_}) {
+    box->setRange(1, kMostTiles);
+    box->setToolTip("a poster: the page is spread over so many sheets, with marks where they are cut");
+  }
+  row->addWidget(columns_);
+  row->addWidget(new QLabel("sheets across,", part));
+  row->addWidget(rows_);
+  row->addWidget(new QLabel("down", part));
+  row->addStretch(1);
+  part->setFocusProxy(columns_);
+  return part;
 }
 
 QWidget* PageSetupPage::buildButtons() {
@@ -125,6 +151,8 @@ void PageSetupPage::show(const PageSetup& setup) {
   nameLine_->setChecked(setup.nameLine);
   endWords_->setChecked(setup.endWords);
   orientation_->setCurrentIndex(!setup.landscape ? 0 : *setup.landscape ? 2 : 1);
+  columns_->setValue(setup.tiles.columns);
+  rows_->setValue(setup.tiles.rows);
   showPapers(setup);
   showMargins(setup);
 }
@@ -175,6 +203,7 @@ PageSetup PageSetupPage::setup() const {
   if (orientation_->currentIndex() > 0) setup.landscape = orientation_->currentIndex() == 2;
   if (margin_->value() >= 0) setup.margins = allRound(margin_->value());
   if (margin_->value() == kUnequalMargin) setup.margins = unequal_;
+  setup.tiles = {columns_->value(), rows_->value()};
   return setup;
 }
 

@@ -34,6 +34,7 @@ class PageSetupPage : public QWidget {
   [[nodiscard]] QWidget* first() const;
 
  private:
+  QWidget* buildTiles();
   QWidget* buildButtons();
   void showPapers(const PageSetup& setup);
   void showMargins(const PageSetup& setup);
@@ -41,7 +42,7 @@ class PageSetupPage : public QWidget {
   QLineEdit* title_;
   QCheckBox *nameLine_, *endWords_;
   QComboBox *paper_, *orientation_;
-  QSpinBox* margin_;
+  QSpinBox *margin_, *columns_, *rows_;
   UsualPaper usual_;
   std::optional<Margins> unequal_;  // margins that the one number cannot say
   std::uint64_t shown_ = 0;

@@ -13,6 +13,7 @@
 #include "platform/shared/growing_file.h"
 #include "platform/shared/image_files.h"
 #include "platform/shared/page_paint.h"
+#include "platform/shared/page_sheets.h"
 
 namespace gridwright {
 
@@ -92,7 +93,10 @@ std::unique_ptr<QPrinter> Printing::printerFor(const BitmapView& picture, const 
   if (printer == nullptr) {
     printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setOutputFormat(QPrinter::PdfFormat);
-    layPage(*printer, printer->pageLayout(), picture, {pdfPaper_.size, std::nullopt, pdfPaper_.margins, {}});
+    PageSetup pdf;
+    pdf.paper = pdfPaper_.size;
+    pdf.margins = pdfPaper_.margins;
+    layPage(*printer, printer->pageLayout(), picture, pdf);
   }
   layPage(*printer, printer->pageLayout(), picture, setup);
   return printer;
@@ -110,7 +114,8 @@ UsualPaper Printing::usualPaper() const {
 bool Printing::toPrinter(const BitmapView& picture, const PageLook& look) {
   layPage(*printer_, printersOwn_, picture, look.setup);
   if (painter_.isActive() ? !printer_->newPage() : !painter_.begin(printer_.get())) return false;
-  paintPage(painter_, picture, look);
+  if (!paintSheets(painter_, picture, look, PictureInk::pixels, [this] { return printer_->newPage(); }))
+    return false;
   return printer_->printerState() != QPrinter::Error;
 }
 

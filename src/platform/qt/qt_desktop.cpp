@@ -13,6 +13,7 @@
 #include <iostream>
 
 #include "menus/status_words.h"
+#include "platform/book/book_maker.h"
 #include "platform/shared/image_files.h"
 #include "session/input.h"
 #include "session/remembered.h"
@@ -42,12 +43,19 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
       workshop_(new WorkshopPanel(&window_.view(), inputs_, ink_)),
       pageFrame_(new PanelFrame(&window_.view())),
       pageSetup_(new PageSetupPage(pageFrame_)),
+      exportFrame_(new PanelFrame(&window_.view())),
+      exportPage_(new ExportPage(exportFrame_)),
+      bookStrip_(new BookStrip(&window_.view())),
+      bookFrame_(new PanelFrame(&window_.view())),
+      bookPage_(new BookPage(bookFrame_)),
       keysPage_(new KeysPage(&window_.view())),
       ears_(window_.centralWidget()) {
   controls_.setHolder(workshop_, workshop_->first());
   controls_.addGuest(&window_.runCancel());
   listenToArrivals();
   listenToPages();
+  listenToExport();
+  listenToBook();
   listenToWindow();
   autosave_.setSingleShot(true);
   autosave_.setInterval(std::chrono::seconds(input::kAutosaveSeconds));
@@ -61,12 +69,16 @@ QtDesktop::QtDesktop(const std::filesystem::path& workFolder)
   window_.open();
 }
 
+QtDesktop::~QtDesktop() = default;
+
 void QtDesktop::listenToWindow() {
   window_.onClose = [this] { closing_ = true; };
   window_.view().onPlaced = [this] {
     controls_.place();
     workshop_->setGeometry(window_.view().rect());
-    placePageFrame();
+    placeInMiddle(*pageFrame_);
+    placeInMiddle(*exportFrame_);
+    placeBook();
     keysPage_->setGeometry(window_.view().rect());
   };
   window_.view().onKey = [this](int code, KeyGo go) {
@@ -99,6 +111,7 @@ void QtDesktop::shortcut(std::string_view keys) {
     const std::optional<Item> item = itemOfKeys(program.menus, keys);
     if (!item) return;
     if (item == Item::pastepicture) return input::pasteAsked(program);
+    if (item == Item::copymaze) return input::copyAsked(program);
     const bool atTitle = program.state.phase == Phase::title;
     if (item == Item::wholescreen && atTitle) return program.platform.switchWholeScreen();
     input::menuClick(program, *item);
@@ -120,11 +133,13 @@ void QtDesktop::endBy(const EndSignals& asked) {
 void QtDesktop::doEvents(Program& program, Pace pace) {
   program_ = &program;
   if (pace != Pace::housekeeping && finishWork(program)) return;
+  hearOfBook(program);
   if (pace == Pace::working && !isDue(program)) return;
   bringInLine(program);
   const auto flags = pace == Pace::housekeeping ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents;
   bool reached = ask(program, flags);
   while (pace == Pace::idle && !reached && !mustEnd() && !(beside_ && beside_->hasOutcome())) {
+    hearOfBook(program);
     bringInLine(program);
     ears_.whileWaiting(program);
     describe(program);  // after it: Orca 43 stumbles over a new description of what has the keyboard for it
@@ -149,6 +164,8 @@ bool QtDesktop::isDue(Program& program) {
     return true;
   if (workshop_->isBehind(program) || program.regions.revision != regionsShown_) return true;
   if (program.pages.revision != pagesShown_ || program.keys.revision != keysShown_) return true;
+  if (program.exporting.revision != exportShown_) return true;
+  if (isBehindBook(program)) return true;
   if (program.canvas.isDirty() && showCanvas(program)) return true;
   return --passesLeft_ <= 0 && clockSaysDue();
 }
@@ -185,6 +202,8 @@ void QtDesktop::bringInLine(Program& program) {
   mirrorRegions(program);
   waitForAutosave(program);
   mirrorPages(program);
+  mirrorExport(program);
+  mirrorBook(program);
   mirrorKeys(program);
   mirrorMarks(program);
   window_.view().setAtTitle(program.state.phase == Phase::title);

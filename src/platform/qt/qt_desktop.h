@@ -12,8 +12,11 @@
 
 #include "platform/pictures/leptonica_work.h"
 #include "platform/pictures/qt_ink.h"
+#include "platform/qt/book_page.h"
+#include "platform/qt/book_strip.h"
 #include "platform/qt/control_mirror.h"
 #include "platform/qt/ears.h"
+#include "platform/qt/export_page.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/keys_page.h"
 #include "platform/qt/memory.h"
@@ -28,10 +31,15 @@
 
 namespace gridwright {
 
+namespace book {
+class BookMaker;
+}
+
 class QtDesktop : public Platform {
  public:
   /// Opens the window. \param workFolder where a PDF goes when there is no printer.
   explicit QtDesktop(const std::filesystem::path& workFolder);
+  ~QtDesktop() override;
 
   void doEvents(Program& program, Pace pace) override;
   std::int64_t quietPumps(const Program& program) override;
@@ -64,7 +72,12 @@ class QtDesktop : public Platform {
   void previewPage(const BitmapView& picture, const PageLook& look) override;
   UsualPaper usualPaper() override;
   Outcome<PagesWent> endOfPages() override;
+  Outcome<Done> writePicture(const PictureFile& wanted, const std::filesystem::path& path) override;
+  bool copyPicture(const BitmapView& picture, const std::string& svg) override;
   std::uint32_t clockSeed() override;
+  Outcome<Done> makeBook(Program& program, const BookOrder& order) override;
+  void stopBook() override;
+  void endBook(Program& program) override;
   std::string remembered(std::string_view key) override;
   void remember(std::string_view key, const std::string& value) override;
 
@@ -96,6 +109,9 @@ class QtDesktop : public Platform {
   [[nodiscard]] WorkshopPanel& workshop() const { return *workshop_; }
   [[nodiscard]] const PreparePage& preparePage() const { return workshop_->preparePage(); }
   [[nodiscard]] const PageSetupPage& pageSetup() const { return *pageSetup_; }
+  [[nodiscard]] const ExportPage& exportPage() const { return *exportPage_; }
+  [[nodiscard]] BookPage& bookPage() const { return *bookPage_; }
+  [[nodiscard]] const BookStrip& bookStrip() const { return *bookStrip_; }
   [[nodiscard]] const KeysPage& keysPage() const { return *keysPage_; }
 
  private:
@@ -118,8 +134,17 @@ class QtDesktop : public Platform {
   void waitForAutosave(const Program& program);
   void listenToPages();
   void mirrorPages(const Program& program);
-  void placePageFrame();
+  void placeInMiddle(PanelFrame& frame);
   void askForPaper();
+  void listenToExport();
+  void mirrorExport(const Program& program);
+  void askForExportName(const Program& program);
+  void listenToBook();
+  [[nodiscard]] bool isBehindBook(const Program& program) const;
+  void mirrorBook(const Program& program);
+  void placeBook();
+  void hearOfBook(Program& program);
+  std::vector<std::filesystem::path> askForFiles(const char* title, const char* kinds, bool many);
   void mirrorKeys(const Program& program);
   void mirrorMarks(const Program& program);
   void shortcut(std::string_view keys);
@@ -134,14 +159,21 @@ class QtDesktop : public Platform {
   WorkshopPanel* workshop_;
   PanelFrame* pageFrame_;
   PageSetupPage* pageSetup_;
+  PanelFrame* exportFrame_;
+  ExportPage* exportPage_;
+  BookStrip* bookStrip_;
+  PanelFrame* bookFrame_;
+  BookPage* bookPage_;
   KeysPage* keysPage_;
   Ears ears_;
-  std::uint64_t regionsShown_ = 0, pagesShown_ = 0, keysShown_ = 0;
+  std::uint64_t regionsShown_ = 0, pagesShown_ = 0, keysShown_ = 0, exportShown_ = 0, bookShown_ = 0;
+  std::uint64_t makingShown_ = 0;
   LeptonicaWork pictureWork_;
-  std::unique_ptr<WorkThread> beside_;  // begun with the first work
-  std::unique_ptr<Memory> memory_;      // null while nothing is remembered
-  QTimer autosave_;                     // runs since the last change of what it keeps
-  std::string placeKnown_;              // as it is remembered
+  std::unique_ptr<WorkThread> beside_;      // begun with the first work
+  std::unique_ptr<book::BookMaker> books_;  // begun with the first book
+  std::unique_ptr<Memory> memory_;          // null while nothing is remembered
+  QTimer autosave_;                         // runs since the last change of what it keeps
+  std::string placeKnown_;                  // as it is remembered
   std::uint64_t drawingSeen_ = 0, sheetSeen_ = 0;
   std::unique_ptr<QSocketNotifier> asked_;
   Program* program_ = nullptr;  // the one in the pump, for what a message box leaves behind it

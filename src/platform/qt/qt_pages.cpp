@@ -6,6 +6,7 @@
 
 #include "platform/qt/qt_desktop.h"
 #include "platform/shared/page_paint.h"
+#include "platform/shared/page_sheets.h"
 #include "session/input.h"
 
 namespace gridwright {
@@ -34,18 +35,18 @@ void QtDesktop::mirrorPages(const Program& program) {
   if (pagesShown_ == program.pages.revision) return;
   pagesShown_ = program.pages.revision;
   pageSetup_->mirror(program.pages);
-  if (program.pages.open) placePageFrame();
+  if (program.pages.open) placeInMiddle(*pageFrame_);
   pageFrame_->setVisible(program.pages.open);
   pageFrame_->raise();
   controls_.keepFocus(program.controls);
 }
 
 /// In the middle of the Canvas, as large as it needs to be.
-void QtDesktop::placePageFrame() {
+void QtDesktop::placeInMiddle(PanelFrame& frame) {
   const QRect view = window_.view().rect();
-  QRect place({}, pageFrame_->sizeHint().boundedTo(view.size()));
+  QRect place({}, frame.sizeHint().boundedTo(view.size()));
   place.moveCenter(view.center());
-  pageFrame_->setGeometry(place);
+  frame.setGeometry(place);
 }
 
 /// Qt's own page setup changes what the panel shows, and nothing is in force before that is accepted.
@@ -65,7 +66,9 @@ void QtDesktop::previewPage(const BitmapView& picture, const PageLook& look) {
   QPrintPreviewDialog dialog(printer.get(), &window_);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* onto) {
     QPainter painter(onto);
-    paintPage(painter, picture, look);
+    const PictureInk ink =
+        onto->outputFormat() == QPrinter::PdfFormat ? PictureInk::rectangles : PictureInk::pixels;
+    paintSheets(painter, picture, look, ink, [onto] { return onto->newPage(); });
   });
   run(dialog);
 }

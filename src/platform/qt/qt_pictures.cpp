@@ -37,6 +37,7 @@ constexpr auto kNothingToPaste = "there is no picture to paste";
 void QtDesktop::listenToArrivals() {
   window_.onDrop = [this](const std::vector<std::filesystem::path>& files) {
     if (files.empty()) return inputs_.byPerson(input::nothingBrought);
+    if (bookPage_->isVisible()) return bookPage_->add(files);
     bring(files);
   };
 }

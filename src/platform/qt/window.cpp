@@ -35,6 +35,7 @@ Window::Window()
   auto* row = new QHBoxLayout;
   row->setSpacing(0);
   row->addWidget(statusLine_, 1);
+  bookBar_ = new BookBar(inside_, row);
   runCancel_ = new RunCancel(inside_, row);
   column->addLayout(row);
   setCentralWidget(inside_);
@@ -46,7 +47,7 @@ Window::Window()
   setMinimumSize(kSmallestWindow);
 }
 
-// The standard keys for pasting and opening are more than the ones that the menu shows.
+// The standard keys for copying, pasting and opening are more than the ones that the menu shows.
 void Window::listenToShortcuts() {
   const auto listen = [this](const QKeySequence& pressed, std::string_view keys) {
     connect(new QShortcut(pressed, this), &QShortcut::activated, this, [this, keys] {
@@ -60,7 +61,7 @@ void Window::listenToShortcuts() {
     if (!heard.insert(shortcut.keys).second) continue;
     const QKeySequence written(qString(shortcut.keys));
     QList<QKeySequence> all = {written};
-    for (const auto standard : {QKeySequence::Paste, QKeySequence::Open}) {
+    for (const auto standard : {QKeySequence::Copy, QKeySequence::Paste, QKeySequence::Open}) {
       const QList<QKeySequence> known = QKeySequence::keyBindings(standard);
       if (known.contains(written)) all = known;
     }

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/qt/book_bar.h"
 #include "platform/qt/canvas_view.h"
 #include "platform/qt/run_cancel.h"
 #include "platform/qt/status_line.h"
@@ -39,6 +40,7 @@ class Window : public QMainWindow {
   [[nodiscard]] CanvasView& view() const { return *view_; }
   [[nodiscard]] StatusLine& statusLine() const { return *statusLine_; }
   [[nodiscard]] RunCancel& runCancel() const { return *runCancel_; }
+  [[nodiscard]] BookBar& bookBar() const { return *bookBar_; }
   QMenu* createPopupMenu() override { return nullptr; }
 
  protected:
@@ -53,6 +55,7 @@ class Window : public QMainWindow {
   QWidget* inside_;
   CanvasView* view_;
   StatusLine* statusLine_;
+  BookBar* bookBar_ = nullptr;
   RunCancel* runCancel_ = nullptr;
 };
 

@@ -8,6 +8,9 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#include <algorithm>
+#include <optional>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -17,6 +20,8 @@
 #include "canvas/canvas.h"
 #include "platform/shared/growing_file.h"
 #include "platform/shared/page_paint.h"
+#include "platform/shared/page_sheets.h"
+#include "platform/shared/pdf_amendment.h"
 
 namespace gridwright {
 
@@ -57,9 +62,9 @@ Outcome<Done> writePngFile(const BitmapView& picture, const std::filesystem::pat
 }
 
 struct PdfDocument::Writer {
-  Writer(const std::filesystem::path& path, const UsualPaper& paper) : file(path) {
+  Writer(const std::filesystem::path& path, const UsualPaper& paper) : file(path), amended(file) {
     if (!file.isOpen()) return;
-    pdf = std::make_unique<QPdfWriter>(&file);
+    pdf = std::make_unique<QPdfWriter>(&amended);
     pdf->setCreator("Gridwright");
     pdf->setTitle("Gridwright");
     pdf->setPageSize(qtPaper(paper.size));
@@ -68,11 +73,30 @@ struct PdfDocument::Writer {
     pdf->setPageMargins(
         {millimetres(m.left), millimetres(m.top), millimetres(m.right), millimetres(m.bottom)},
         QPageLayout::Millimeter);
-    pdf->setResolution(600);
+    pdf->setResolution(1200);
     usual = pdf->pageLayout();
   }
 
+  /// What the document will say of this page.
+  void note(const PageLook& look) {
+    if (!first) first = look.about;
+    mazes = std::max(mazes, look.about.maze.number);
+    const int sheets = look.setup.tiles.count();
+    for (int sheet = 1; sheet <= sheets; ++sheet) labels.add(look.about.maze, sheets == 1 ? 0 : sheet);
+  }
+  [[nodiscard]] PdfAbout about() const {
+    const PageAbout page = first.value_or(PageAbout{});
+    const std::string what =
+        mazes == 0 ? "A page" : std::to_string(mazes) + (mazes == 1 ? " maze" : " mazes");
+    const std::string seed = std::to_string(page.seed);
+    return {page.title, what + " from seed " + seed, "seed " + seed + "; " + page.settings};
+  }
+
   GrowingFile file;
+  AmendedPdf amended;
+  PageLabels labels;
+  std::optional<PageAbout> first;
+  int mazes = 0;  // the highest number of the run
   std::unique_ptr<QPdfWriter> pdf;
   QPageLayout usual;
   QPainter painter;  // ends before the writer and the file do
@@ -91,7 +115,10 @@ Outcome<Done> PdfDocument::addPage(const BitmapView& picture, const PageLook& lo
   const bool begun =
       writer_->painter.isActive() ? writer_->pdf->newPage() : writer_->painter.begin(writer_->pdf.get());
   if (!begun) return fault;
-  paintPage(writer_->painter, picture, look);
+  const bool painted = paintSheets(writer_->painter, picture, look, PictureInk::rectangles,
+                                   [this] { return writer_->pdf->newPage(); });
+  if (!painted) return fault;
+  writer_->note(look);
   if (!writer_->file.isWhole()) return fault;
   return Done{};
 }
@@ -101,6 +128,8 @@ Outcome<Done> PdfDocument::finish() {
   if (writer_ == nullptr || writer_->pdf == nullptr) return fault;
   const bool ended = writer_->painter.end();
   writer_->pdf.reset();  // writes what makes a document of the pages
+  // A document that says less of itself is whole all the same.
+  static_cast<void>(writer_->amended.amend(writer_->about(), writer_->labels));
   const bool taken = ended && writer_->file.takeName(path_);
   writer_.reset();
   if (!taken) return fault;

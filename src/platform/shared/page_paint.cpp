@@ -1,6 +1,5 @@
 #include "platform/shared/page_paint.h"
 
-#include <QFont>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QMarginsF>
@@ -8,7 +7,6 @@
 #include <QPageSize>
 #include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -16,6 +14,10 @@
 #include <vector>
 
 #include "platform/shared/image_files.h"
+#include "platform/shared/layer_paint.h"
+#include "platform/shared/page_letters.h"
+#include "platform/shared/page_sheets.h"
+#include "printing/taken_picture.h"
 
 namespace gridwright {
 
@@ -29,29 +31,9 @@ constexpr double kRim = 0.5;  // of white round a word, where it stands over lin
 
 constexpr double kMostHead = 0.25;      // of the page's height
 constexpr double kSmallestTitle = 0.4;  // of its letters; what is longer still ends in dots
-constexpr int kTenthsInAnInch = 254;
 constexpr double kInTenths = 10;
 
 int tenths(double millimetres) { return static_cast<int>(std::lround(millimetres * kInTenths)); }
-
-/// Text of so many pixels in the application's own fonts.
-QFont letters(double height, bool bold = false) {
-  QFont font;
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(height))));
-  font.setBold(bold);
-  return font;
-}
-
-/// What of the pages' parts is measured on paper.
-class Ruler {
- public:
-  explicit Ruler(const QPaintDevice& device)
-      : perMillimetre_(device.logicalDpiY() * kInTenths / kTenthsInAnInch) {}
-  [[nodiscard]] double operator()(double millimetres) const { return millimetres * perMillimetre_; }
-
- private:
-  double perMillimetre_;
-};
 
 /// The head of a page: a line for a name, a title under it. \returns what is left of the paper.
 QRectF paintHead(QPainter& painter, QRectF paper, const PageSetup& setup, const Ruler& ruler) {
@@ -148,16 +130,6 @@ std::optional<QRectF> bestOf(const std::array<QRectF, 8>& places, const Placed& 
   return best;
 }
 
-void paintWord(QPainter& painter, const QRectF& place, const QString& word, const QFont& font, double rim) {
-  const QPointF at(place.left(), place.top() + QFontMetricsF(font).ascent());
-  QPainterPath outline;
-  outline.addText(at, font, word);
-  painter.strokePath(outline, QPen(Qt::white, 2 * rim, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.setFont(font);
-  painter.setPen(Qt::black);
-  painter.drawText(at, word);
-}
-
 void paintEndWords(QPainter& painter, const Placed& placed, const QRectF& paper,
                    const std::vector<EndWord>& ends, const Ruler& ruler) {
   std::vector<QRectF> taken(ends.size());
@@ -174,6 +146,52 @@ void paintEndWords(QPainter& painter, const Placed& placed, const QRectF& paper,
     taken.push_back(*place);
     paintWord(painter, *place, word, font, ruler(kRim));
   }
+}
+
+QImage imageOfTaken(const BitmapView& picture) {
+  QImage image = imageOf(picture);
+  if (!hasHoles(picture)) return image;
+  image.convertTo(QImage::Format_ARGB32);
+  for (int y = 0; y < picture.height; ++y) {
+    auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+    std::transform(picture.row(y), picture.row(y) + picture.width, row, row,
+                   [](Colour raw, QRgb seen) { return isSeeThrough(raw) ? 0 : seen; });
+  }
+  return image;
+}
+
+/// A page as its sheets are laid, upright or lying.
+QPageLayout laid(const QPageLayout& usual, const PageSetup& setup, bool lies) {
+  QPageLayout layout = usual;
+  if (setup.paper) layout.setPageSize(qtPaper(*setup.paper), layout.minimumMargins());
+  layout.setOrientation(lies ? QPageLayout::Landscape : QPageLayout::Portrait);
+  if (!setup.margins && !setup.paper) return layout;
+  const Margins wanted = setup.margins.value_or(marginsOf(usual));
+  layout.setUnits(QPageLayout::Millimeter);
+  const QRectF sheet = layout.fullRect();
+  const QMarginsF least = layout.minimumMargins();
+  const auto held = [](int margin, double atLeast, double side) {
+    return std::max(atLeast, heldMargin(margin / kInTenths, side));
+  };
+  layout.setMargins({held(wanted.left, least.left(), sheet.width()),
+                     held(wanted.top, least.top(), sheet.height()),
+                     held(wanted.right, least.right(), sheet.width()),
+                     held(wanted.bottom, least.bottom(), sheet.height())});
+  return layout;
+}
+
+/// One sheet lies as its picture does, several so that the picture becomes largest.
+bool liesAsUsual(const QPageLayout& usual, const BitmapView& picture, const PageSetup& setup) {
+  const bool lies = picture.width > picture.height;
+  if (setup.tiles.count() == 1 || picture.isEmpty()) return lies;
+  const auto scale = [&](bool lying) {
+    const QRectF printable = laid(usual, setup, lying).paintRect(QPageLayout::Millimeter);
+    const QSizeF page = Sheets(printable.size(), setup.tiles, kSheetOverlap).page().size();
+    return std::min(page.width() / picture.width, page.height() / picture.height);
+  };
+  const double lying = scale(true);
+  const double upright = scale(false);
+  return lying == upright ? lies : lying > upright;
 }
 
 }  // namespace
@@ -202,23 +220,8 @@ PageSetup withChanges(PageSetup setup, const QPageLayout& before, const QPageLay
 
 void layPage(QPagedPaintDevice& device, const QPageLayout& usual, const BitmapView& picture,
              const PageSetup& setup) {
-  QPageLayout layout = usual;
-  if (setup.paper) layout.setPageSize(qtPaper(*setup.paper), layout.minimumMargins());
-  const bool lies = setup.landscape.value_or(picture.width > picture.height);
-  layout.setOrientation(lies ? QPageLayout::Landscape : QPageLayout::Portrait);
-  if (setup.margins || setup.paper) {
-    const Margins wanted = setup.margins.value_or(marginsOf(usual));
-    layout.setUnits(QPageLayout::Millimeter);
-    const QRectF sheet = layout.fullRect();
-    const QMarginsF least = layout.minimumMargins();
-    const auto held = [](int margin, double atLeast, double side) {
-      return std::max(atLeast, std::min(margin / kInTenths, side / 4));
-    };
-    layout.setMargins({held(wanted.left, least.left(), sheet.width()),
-                       held(wanted.top, least.top(), sheet.height()),
-                       held(wanted.right, least.right(), sheet.width()),
-                       held(wanted.bottom, least.bottom(), sheet.height())});
-  }
+  const bool lies = setup.landscape.has_value() ? *setup.landscape : liesAsUsual(usual, picture, setup);
+  const QPageLayout layout = laid(usual, setup, lies);
   QPageLayout turned = device.pageLayout();
   turned.setOrientation(layout.orientation());
   if (turned.isEquivalentTo(layout)) {
@@ -228,18 +231,28 @@ void layPage(QPagedPaintDevice& device, const QPageLayout& usual, const BitmapVi
   }
 }
 
-void paintPage(QPainter& painter, const BitmapView& picture, const PageLook& look) {
-  if (picture.isEmpty()) return;
+PagePaint::PagePaint(const BitmapView& picture, const PageLook& look, PictureInk ink)
+    : picture_(picture), look_(look) {
+  if (ink == PictureInk::rectangles && !picture.isEmpty())
+    layers_ = layersOfTaken(picture, mostPatches(look.cells));
+  if (!layers_ && !picture.isEmpty()) image_ = imageOfTaken(picture);
+}
+
+void PagePaint::paint(QPainter& painter, const QRectF& paper, double enlarged) const {
+  if (picture_.isEmpty()) return;
   painter.setRenderHint(QPainter::LosslessImageRendering, true);
   painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-  const Ruler ruler(*painter.device());
-  const QRectF paper(0, 0, painter.device()->width(), painter.device()->height());
-  const QRectF left = paintHead(painter, paper, look.setup, ruler);
-  const double scale = std::min(left.width() / picture.width, left.height() / picture.height);
-  QRectF place(0, 0, picture.width * scale, picture.height * scale);
+  const Ruler ruler(*painter.device(), enlarged);
+  const QRectF left = paintHead(painter, paper, look_.setup, ruler);
+  const double scale = std::min(left.width() / picture_.width, left.height() / picture_.height);
+  QRectF place(0, 0, picture_.width * scale, picture_.height * scale);
   place.moveCenter(left.center());
-  painter.drawImage(place, imageOf(picture));
-  paintEndWords(painter, {picture, place}, left, look.ends, ruler);
+  if (layers_) {
+    paintLayers(painter, place, {picture_.width, picture_.height}, *layers_);
+  } else {
+    painter.drawImage(place, image_);
+  }
+  paintEndWords(painter, {picture_, place}, left, look_.ends, ruler);
 }
 
 }  // namespace gridwright
