@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -45,6 +46,16 @@ bool isNoPlainFile(const std::filesystem::path& path);
 /// \returns a Fault: notFound where no plain file is, notReadable, or malformed when it has more than
 /// `most` bytes.
 Outcome<std::string> readPlainFile(const std::filesystem::path& path, std::uintmax_t most = UINTMAX_MAX);
+
+/// How many bytes of a file are wanted, by those that it begins with and by its length; or why none are.
+using WantedBytes = std::function<Outcome<std::uint64_t>(std::string_view beginning, std::uint64_t length)>;
+
+/// A plain file as far as it is wanted: no more of it comes into memory.
+/// \param beginning as many of its first bytes are shown to `wanted`, or all that there are.
+/// \returns the bytes, fewer than wanted where the file has become shorter; or a Fault as above, or that of
+/// `wanted`.
+Outcome<std::string> readWantedBytes(const std::filesystem::path& path, std::size_t beginning,
+                                     const WantedBytes& wanted);
 
 /// Opens a file for new content; it is empty, and made when nothing was there. A file that has another name
 /// too keeps its content under that one.

@@ -86,7 +86,7 @@ void editPattern(Program& program, int direction) {
 }
 
 void endEditor(Program& program) {
-  ProgramState& s = program.state;
+  const ProgramState& s = program.state;
   closeOpenPattern(program);
   leaveField(program);
   program.canvas.setAutoRedraw(s.editor.editorAutoRedraw);

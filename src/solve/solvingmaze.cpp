@@ -212,7 +212,7 @@ void arrive(Program& program) {
 
 /// A pass up to its yield, or several. \returns whether the loop has ended, and else its pace.
 Pass passToYield(Program& program, Repetition& repetition) {
-  ProgramState& s = program.state;
+  const ProgramState& s = program.state;
   if (follow(program, repetition)) return Pass::works;
   if (!beforeStep(program)) return Pass::ended;
   if (standsOnFinish(s)) {

@@ -14,6 +14,7 @@
 #include <system_error>
 #include <utility>
 
+#include "canvas/bitmap_check.h"
 #include "canvas/bitmap_decode.h"
 #include "canvas/bitmap_encode.h"
 #include "canvas/canvas.h"
@@ -24,14 +25,8 @@
 
 namespace gridwright {
 
-namespace {
-
-constexpr std::uintmax_t kLargestFile = 512U << 20;  // 100 million pixels of 32 bits, and some
-
-}  // namespace
-
 Outcome<Bitmap> readBitmapFile(const std::filesystem::path& path) {
-  const auto bytes = readPlainFile(path, kLargestFile);
+  const auto bytes = readWantedBytes(path, kBitmapHead, bytesOfBitmap);
   if (!bytes) return bytes.fault();
   return decodeBitmapFile(bytes.value(), Canvas::kSide);
 }
