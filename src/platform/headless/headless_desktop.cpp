@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <iostream>
+#include <limits>
 #include <utility>
 
 #include "menus/enable_table.h"
@@ -17,7 +18,8 @@ namespace gridwright {
 
 namespace {
 constexpr std::int64_t kPatience = 50'000'000;  // pumps that `until` waits
-}
+constexpr int kRefused = 2;                     // the status of a line that cannot be done
+}  // namespace
 
 HeadlessDesktop::HeadlessDesktop(std::string scriptName, std::string_view source, HeadlessOptions options)
     : scriptName_(std::move(scriptName)),
@@ -36,9 +38,22 @@ void HeadlessDesktop::doEvents(Program& program, Pace pace) {
   if (pace == Pace::housekeeping) return;
   if (endSignal() != 0) throw ProgramEnd{};
   while (waits(program, pace) == Turn::again) {
-    if (next_ == lines_.size()) throw ProgramEnd{};
-    line_ = &lines_[next_++];
-    if (runLine(program, *line_) == Turn::givePump) return;
+    if (lineTaken(program) == Turn::givePump) return;
+  }
+}
+
+const ScriptLine* HeadlessDesktop::nextLine(Program&) {
+  return next_ == lines_.size() ? nullptr : &lines_[next_++];
+}
+
+HeadlessDesktop::Turn HeadlessDesktop::lineTaken(Program& program) {
+  line_ = nextLine(program);
+  if (line_ == nullptr) throw ProgramEnd{};
+  try {
+    return runLine(program, *line_);
+  } catch (const ScriptStop& stop) {
+    if (stop.status != kRefused || !goesOnAfter(stop)) throw;
+    return Turn::again;
   }
 }
 
@@ -59,7 +74,10 @@ HeadlessDesktop::Turn HeadlessDesktop::waits(Program& program, Pace pace) {
     return Turn::givePump;
   }
   if (keysLeft_ > 0) return pressKey(program);
-  if (settling_ && pace != Pace::idle) return Turn::givePump;
+  if (settling_ && pace != Pace::idle) {
+    if (--settlePumps_ < 0) fail("it does not come to rest");
+    return Turn::givePump;
+  }
   settling_ = false;
   return Turn::again;
 }
@@ -69,7 +87,12 @@ std::int64_t HeadlessDesktop::quietPumps(const Program& program) {
   if (awaited_ != nullptr)
     return isSteady(*awaited_) && awaited_->read(program) != awaitedValue_ ? pumpsLeft_ : 0;
   if (pumpsLeft_ > 0) return pumpsLeft_;
-  return settling_ && keysLeft_ == 0 ? kPatience : 0;
+  return settling_ && keysLeft_ == 0 ? std::min(settlePumps_, kPatience) : 0;
+}
+
+void HeadlessDesktop::passOver(std::int64_t pumps) {
+  std::int64_t& left = settling_ ? settlePumps_ : pumpsLeft_;
+  left -= std::min(pumps, left);
 }
 
 struct HeadlessDesktop::Verb {
@@ -101,7 +124,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"place", &HeadlessDesktop::place},       {"undo", &HeadlessDesktop::undo},
       {"redo", &HeadlessDesktop::redo},         {"sheet", &HeadlessDesktop::sheet},
       {"copyfile", &HeadlessDesktop::copyfile}, {"editelsewhere", &HeadlessDesktop::editelsewhere},
-      {"startat", &HeadlessDesktop::startat},
+      {"startat", &HeadlessDesktop::startat},   {"removefile", &HeadlessDesktop::removefile},
   });
   applyEnableTableIfChanged(program);
   const auto* verb =
@@ -111,7 +134,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
 }
 
 void HeadlessDesktop::refuse(const std::string& reason) const {
-  throw ScriptStop{2, scriptName_ + ":" + std::to_string(line_->number) + ": " + reason};
+  throw ScriptStop{kRefused, scriptName_ + ":" + std::to_string(line_->number) + ": " + reason};
 }
 
 void HeadlessDesktop::fail(const std::string& reason) const {
@@ -282,7 +305,10 @@ HeadlessDesktop::Turn HeadlessDesktop::pumps(Program&, const ScriptLine&) {
   return Turn::again;
 }
 
-HeadlessDesktop::Turn HeadlessDesktop::settle(Program&, const ScriptLine&) {
+// With a number of pumps within which it must come to rest; a loop that waits for nothing would go on for
+// ever.
+HeadlessDesktop::Turn HeadlessDesktop::settle(Program&, const ScriptLine& line) {
+  settlePumps_ = line.words.size() > 1 ? number(1) : std::numeric_limits<std::int64_t>::max();
   settling_ = true;
   return Turn::again;
 }
