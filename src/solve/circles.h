@@ -31,7 +31,9 @@ class Repetition {
   struct State {
     WalkMark walk;
     Square cur;
-    int pathLength = 0;  ///< In a search for a finish, where a longer trail is something new.
+    /// In a search for a finish, where a longer trail is something new, as long as the picture has cells for
+    /// it.
+    int pathLength = 0;
     friend bool operator==(const State&, const State&) = default;
   };
   State kept_;

@@ -57,9 +57,30 @@ TEST(ACircle, IsFoundWithinAFewRoundsOfIt) {
   }
 }
 
+/// In the start, on a Canvas of ten by eight cells.
+ProgramState inStartOfTen() {
+  ProgramState s = inStart();
+  s.wallWidth = s.wallHeight = 10;
+  s.canvasWidth = 100;
+  s.canvasHeight = 80;
+  return s;
+}
+
+TEST(ATrailLongerThanThePictureHasCells, IsNothingNew) {
+  for (const int grows : {1, -1}) {
+    ProgramState s = inStartOfTen();
+    s.finishMethod = FinishMethod::largest;
+    Repetition repetition;
+    int pass = 0;
+    for (; pass < 5'000 && !repetition.isComplete(s); ++pass) s.solver.pathLength += grows;
+    EXPECT_GE(pass, 2 * 10 * 8) << "each cell counts twice, over and under";
+    EXPECT_LT(pass, 5'000) << "a search that circles along the edge ends for want of cells";
+  }
+}
+
 TEST(ALongerTrail, IsSomethingNewToASearchAlone) {
   for (const bool searching : {false, true}) {
-    ProgramState s = inStart();
+    ProgramState s = inStartOfTen();
     s.finishMethod = searching ? FinishMethod::largest : FinishMethod::user;
     Repetition repetition;
     bool found = false;
