@@ -5,7 +5,8 @@ build_packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 qt6-im
   libqpdf-dev libpng-dev libgl1-mesa-dev python3)
 test_packages=(locales poppler-utils qt6-base-private-dev libgtest-dev libbenchmark-dev clang-format clang-tidy
   desktop-file-utils appstream man-db xvfb openbox xdotool x11-utils imagemagick python3-pil xclip
-  fonts-dejavu-core mandoc qpdf parallel librsvg2-bin)
+  fonts-dejavu-core mandoc qpdf parallel librsvg2-bin shellcheck)
+coverage_packages=(gcovr)
 ear_packages=(orca at-spi2-core dbus-daemon)
 
 is_installed() {

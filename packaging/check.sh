@@ -89,6 +89,7 @@ words=$(started_in env -u DISPLAY "$start" one two || true)
 [[ $words == "gridwright: one picture"* ]] || complain "gridwright-start takes two pictures: $words"
 [[ -z $(ls -A "$home") ]] || complain "gridwright-start makes a folder for nothing"
 # Where gridwright-start has the program work: something that tells the folder stands in for the program.
+# shellcheck disable=SC2016 # the script that is written fills them in
 printf '#!/bin/sh\nif [ "$1" = --work ]; then printf "%%s\\n" "$2"; fi\n' >"$root/usr/bin/gridwright"
 cp "$root/usr/bin/gridwright" "$root/folder-teller"
 starts_in "$(started_in "$start")" "$home/Documents/Gridwright" "makes the folder of documents"

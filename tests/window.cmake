@@ -35,3 +35,10 @@ add_test(NAME window.book
     $<TARGET_FILE:gridwright-book>
   WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 set_tests_properties(window.book PROPERTIES TIMEOUT 300)
+
+# A short form of what tests/long/window.sh does.
+add_test(NAME window.flood
+  COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/window/flood.py $<TARGET_FILE:gridwright>
+    $<TARGET_FILE:drag-source> 1 25 1
+  WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set_tests_properties(window.flood PROPERTIES TIMEOUT 300)

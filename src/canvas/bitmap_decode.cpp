@@ -78,6 +78,7 @@ class Decoder {
     }
   }
 
+  /// Only a pixel of a row's padding, which is put nowhere, has an index that the palette lacks.
   [[nodiscard]] Colour paletteColour(std::uint32_t index) const {
     return index < palette_.size() ? palette_[index] : 0;
   }
@@ -107,20 +108,10 @@ class Decoder {
   }
 
   [[nodiscard]] Colour pixelAt(std::size_t row, std::size_t x) const {
-    if (h_.bits <= 8) {
-      const std::size_t bit = x * h_.bits;
-      const std::uint32_t shift = 8 - h_.bits - static_cast<std::uint32_t>(bit % 8);
-      return paletteColour(file_.byte(row + bit / 8) >> shift & ((1U << h_.bits) - 1));
-    }
+    if (h_.bits <= 8) return paletteColour(file_.index(row, x, h_.bits));
     const std::size_t at = row + x * (h_.bits / 8);
     const std::uint32_t pixel = file_.number(at, static_cast<int>(h_.bits / 8));
     return red_.in(pixel) | green_.in(pixel) << 8 | blue_.in(pixel) << 16;
-  }
-
-  /// The index of pixel `i` of a run whose bytes begin at `at`.
-  [[nodiscard]] std::uint32_t runPixel(std::size_t at, std::size_t i) const {
-    if (h_.bits == 8) return file_.byte(at + i);
-    return file_.byte(at + i / 2) >> (i % 2 == 0 ? 4 : 0) & 15U;
   }
 
   // The check has walked the same runs: they lie inside the file, and inside the picture and its padding.
@@ -134,7 +125,7 @@ class Decoder {
       at += 2;
       if (count != 0) {
         for (std::size_t i = 0; i < count; ++i)
-          put(x++, y, paletteColour(runPixel(at - 1, h_.bits == 8 ? 0 : i % 2)));
+          put(x++, y, paletteColour(file_.index(at - 1, h_.bits == 8 ? 0 : i % 2, h_.bits)));
       } else if (value == 0) {
         x = 0;
         --y;
@@ -145,7 +136,7 @@ class Decoder {
         y -= file_.byte(at + 1);
         at += 2;
       } else {
-        for (std::size_t i = 0; i < value; ++i) put(x++, y, paletteColour(runPixel(at, i)));
+        for (std::size_t i = 0; i < value; ++i) put(x++, y, paletteColour(file_.index(at, i, h_.bits)));
         const std::size_t length = h_.bits == 8 ? value : (value + 1U) / 2;
         at += length + (length & 1U);
       }

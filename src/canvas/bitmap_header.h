@@ -20,6 +20,12 @@ class BitmapBytes {
     for (int i = bytes - 1; i >= 0; --i) value = value << 8 | byte(at + static_cast<std::size_t>(i));
     return value;
   }
+  /// Pixel `i` of those that are packed from there on, the first in the highest of so many bits, 8 at most.
+  [[nodiscard]] std::uint32_t index(std::size_t from, std::size_t i, std::uint32_t bits) const {
+    const std::size_t bit = i * bits;
+    const auto shift = 8 - bits - static_cast<std::uint32_t>(bit % 8);
+    return static_cast<std::uint32_t>(byte(from + bit / 8)) >> shift & ((1U << bits) - 1);
+  }
 
  private:
   std::string_view bytes_;
@@ -28,7 +34,8 @@ class BitmapBytes {
 struct BitmapHeader {
   enum Coding : std::uint32_t { plain = 0, rle8 = 1, rle4 = 2, masks = 3, masksWithAlpha = 6 };
   /// `kOs2` may be cut after the depth, to `kOs2Short`: what is left out counts as 0.
-  static constexpr std::uint32_t kFileHeader = 14, kShort = 12, kOs2Short = 16, kWithMasks = 52, kOs2 = 64;
+  static constexpr std::uint32_t kFileHeader = 14, kShort = 12, kOs2Short = 16, kUsual = 40;
+  static constexpr std::uint32_t kWithMasks = 52, kOs2 = 64, kLongest = 256;
   static constexpr std::size_t kMasksAt = 54;  ///< Behind a header of 40 bytes, inside a longer one.
 
   std::uint32_t pixelsAt = 0, size = 0, bits = 0, coding = plain, colours = 0;

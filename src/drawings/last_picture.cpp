@@ -180,12 +180,11 @@ void lastpicture(Program& program) {
     program.notices.tell("Nothing to bring back: there is no drawing before this one");
     return;
   }
-  LastPicture& last = program.lastPicture;
   const bool isBlank = !pictureAtStake(program);
   Bitmap here = program.canvas.image();
   takePicture(program, picture.value());
   if (isBlank) {
-    last.before = std::move(here);  // no file is spent on it
+    program.lastPicture.before = std::move(here);  // no file is spent on it
   } else {
     keepLastDrawing(program);  // killed from here on, the program has left this one
   }

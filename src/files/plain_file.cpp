@@ -73,6 +73,32 @@ std::string freshLetters() {
   return letters;
 }
 
+/// A plain file, also one that a link leads to.
+Outcome<OpenFile> openForReading(const FilePlace& place) {
+  OpenFile file(::openat(place.folder(), place.name(), O_RDONLY | kOwnWay));
+  if (!file) {
+    return Fault{leadsToFile(place) ? Fault::Kind::notReadable : Fault::Kind::notFound,
+                 place.path().string()};
+  }
+  if (!S_ISREG(about(file).st_mode)) return Fault{Fault::Kind::notFound, place.path().string()};
+  return file;
+}
+
+/// Reads on where it stands until there are so many bytes, or no more. \returns false when the system
+/// refuses.
+bool readUpTo(const OpenFile& file, std::uintmax_t most, std::string& bytes) {
+  std::array<char, 65536> block{};
+  while (bytes.size() < most) {
+    const std::uintmax_t wanted = std::min<std::uintmax_t>(block.size(), most - bytes.size());
+    const ssize_t count = ::read(file.descriptor(), block.data(), static_cast<std::size_t>(wanted));
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    if (count == 0) break;
+    bytes.append(block.data(), static_cast<std::size_t>(count));
+  }
+  return true;
+}
+
 /// The pieces that hold anything, as the system takes them.
 std::vector<iovec> ioVectorsOf(Pieces pieces) {
   std::vector<iovec> vectors;
@@ -130,24 +156,29 @@ bool removeFile(const FilePlace& place) {
 }
 
 Outcome<std::string> readPlainFile(const FilePlace& place, std::uintmax_t most) {
-  const OpenFile file(::openat(place.folder(), place.name(), O_RDONLY | kOwnWay));
-  if (!file) {
-    return Fault{leadsToFile(place) ? Fault::Kind::notReadable : Fault::Kind::notFound,
-                 place.path().string()};
-  }
-  const struct stat known = about(file);
-  if (!S_ISREG(known.st_mode)) return Fault{Fault::Kind::notFound, place.path().string()};
+  const auto file = openForReading(place);
+  if (!file) return file.fault();
   std::string bytes;
-  bytes.reserve(std::min(static_cast<std::uintmax_t>(known.st_size), most));
-  std::array<char, 65536> block{};
-  for (;;) {
-    const ssize_t count = ::read(file.descriptor(), block.data(), block.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return Fault{Fault::Kind::notReadable, place.path().string()};
-    if (count == 0) return bytes;
-    bytes.append(block.data(), static_cast<std::size_t>(count));
-    if (bytes.size() > most) return Fault{Fault::Kind::malformed, "too large"};
-  }
+  bytes.reserve(std::min(static_cast<std::uintmax_t>(about(file.value()).st_size), most));
+  // One byte more tells that there are more.
+  if (!readUpTo(file.value(), most == UINTMAX_MAX ? most : most + 1, bytes))
+    return Fault{Fault::Kind::notReadable, place.path().string()};
+  if (bytes.size() > most) return Fault{Fault::Kind::malformed, "too large"};
+  return bytes;
+}
+
+Outcome<std::string> readWantedBytes(const FilePlace& place, std::size_t beginning,
+                                     const WantedBytes& wanted) {
+  const auto file = openForReading(place);
+  if (!file) return file.fault();
+  const Fault notReadable{Fault::Kind::notReadable, place.path().string()};
+  std::string bytes;
+  if (!readUpTo(file.value(), beginning, bytes)) return notReadable;
+  const auto count = wanted(bytes, static_cast<std::uint64_t>(about(file.value()).st_size));
+  if (!count) return count.fault();
+  bytes.reserve(count.value());
+  if (!readUpTo(file.value(), count.value(), bytes)) return notReadable;
+  return bytes;
 }
 
 bool writeAll(const OpenFile& file, Pieces pieces) {

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -34,6 +35,16 @@ bool leadsToFile(const FilePlace& place);
 /// \returns a Fault: notFound where no plain file is, notReadable, or malformed when it has more than
 /// `most` bytes.
 Outcome<std::string> readPlainFile(const FilePlace& place, std::uintmax_t most = UINTMAX_MAX);
+
+/// How many bytes of a file are wanted, by those that it begins with and by its length; or why none are.
+using WantedBytes = std::function<Outcome<std::uint64_t>(std::string_view beginning, std::uint64_t length)>;
+
+/// A plain file as far as it is wanted: no more of it comes into memory.
+/// \param beginning as many of its first bytes are shown to `wanted`, or all that there are.
+/// \returns the bytes, fewer than wanted where the file has become shorter; or a Fault as above, or that of
+/// `wanted`.
+Outcome<std::string> readWantedBytes(const FilePlace& place, std::size_t beginning,
+                                     const WantedBytes& wanted);
 
 /// Bytes that lie in several places, one after the other as a file will hold them.
 using Pieces = std::span<const std::string_view>;

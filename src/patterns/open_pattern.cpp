@@ -5,7 +5,7 @@ namespace gridwright {
 void appendToOpenPattern(Program& program, int code) { program.state.editor.openSteps.push_back(code); }
 
 void closeOpenPattern(Program& program) {
-  EditorState& e = program.state.editor;
+  const EditorState& e = program.state.editor;
   if (e.openDirection != 0) program.steps.write(program.state.mazeKind, e.openDirection, e.openSteps);
   dropOpenPattern(program.state);
 }

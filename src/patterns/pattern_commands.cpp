@@ -67,7 +67,7 @@ void resetpatterns(Program& program) {
 }
 
 void makeidentical(Program& program) {
-  ProgramState& s = program.state;
+  const ProgramState& s = program.state;
   if (s.editedPattern == 0) return;
   finishOpenPattern(program);
   writeImages(program, s.editedPattern);

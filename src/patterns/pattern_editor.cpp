@@ -36,10 +36,6 @@ constexpr auto kNoCaller = static_cast<Phase>(-10);
 /// How the loop over the field was left.
 enum class Left { rebuild, end, quit };
 
-bool runIsComplete(const ProgramState& s) {
-  return s.editor.randomRunning && s.randomPatterns.randomStepsDone >= s.randomPatterns.randomPatternSize - 1;
-}
-
 void chooseStep(Program& program) {
   ProgramState& s = program.state;
   if (s.editor.randomRunning && !s.paused)
@@ -51,6 +47,7 @@ void chooseStep(Program& program) {
 Left editLoop(Program& program) {
   ProgramState& s = program.state;
   bool changed = true;
+  RandomRunWatch watch;
   for (;;) {
     s.prev = s.cur;
     s.stepCode = step::none;
@@ -58,7 +55,7 @@ Left editLoop(Program& program) {
     const bool waits = !changed && !s.editor.randomRunning && !s.walker.sweepActive;
     yield(program, waits || s.paused ? Pace::idle : Pace::working);
     if (s.phase == Phase::quitToTitle) return Left::quit;
-    if (runIsComplete(s)) endRandomRun(s);
+    if (s.editor.randomRunning && watch.isOver(program)) endRandomRun(s);
     if (s.phase == Phase::patternRequest) return Left::rebuild;
     if (s.editedPattern != 0 && s.editedPattern != seen) {
       closeOpenPattern(program);
@@ -89,7 +86,7 @@ void editPattern(Program& program, int direction) {
 }
 
 void endEditor(Program& program) {
-  ProgramState& s = program.state;
+  const ProgramState& s = program.state;
   closeOpenPattern(program);
   leaveField(program);
   program.canvas.setAutoRedraw(s.editor.editorAutoRedraw);
@@ -103,6 +100,19 @@ void endEditor(Program& program) {
 }
 
 }  // namespace
+
+bool RandomRunWatch::isOver(const Program& program) {
+  constexpr std::int64_t kPassesOfACell = 1000;
+  const ProgramState& s = program.state;
+  const int done = s.randomPatterns.randomStepsDone;
+  if (done >= s.randomPatterns.randomPatternSize - 1) return true;
+  if (done != stepsSeen_) passesInVain_ = 0;
+  stepsSeen_ = done;
+  if (s.paused) return false;
+  const std::int64_t columns = program.canvas.scaleWidth() / s.stepX;
+  const std::int64_t rows = program.canvas.scaleHeight() / s.stepY;
+  return ++passesInVain_ > kPassesOfACell * (columns * rows + 1);
+}
 
 void endRandomRun(ProgramState& state) {
   if (!state.editor.randomRunning) return;

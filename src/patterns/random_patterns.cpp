@@ -27,12 +27,13 @@ void beginRandomRun(Program& program) {
 /// \returns false at a quit to the title.
 bool walkByChance(Program& program) {
   ProgramState& s = program.state;
+  RandomRunWatch watch;
   for (;;) {
     s.prev = s.cur;
     s.stepCode = step::none;
     yield(program, Pace::working);
     if (s.phase == Phase::quitToTitle) return false;
-    if (s.randomPatterns.randomStepsDone >= s.randomPatterns.randomPatternSize - 1) return true;
+    if (watch.isOver(program)) return true;
     s.stepCode = program.random.oneTo(s.randomPatterns.randomUsesGo ? 5 : 4);
     fieldSweep(program);
     fieldStep(program);

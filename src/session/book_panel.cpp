@@ -86,6 +86,14 @@ Outcome<std::vector<FilePlace>> savePictures(Program& program, const BookWish& w
   return saved;
 }
 
+/// A name that viewers take for a document, in whatever case.
+bool isDocument(const std::string& name) {
+  std::string ending = fs::path(name).extension().string();
+  std::transform(ending.begin(), ending.end(), ending.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  return ending == kDocument;
+}
+
 /// What no command line would say, or would say by options that the panel does not have; empty for nothing.
 std::string whyNot(const Program& program, const BookWish& wish) {
   const BookPanel& panel = program.book;
@@ -95,9 +103,10 @@ std::string whyNot(const Program& program, const BookWish& wish) {
   if (wish.sheet && !program.workshop.sheet) return "there is no sheet yet; the workshop has it";
   if (wish.seed.empty()) return "a seed is 0 to 4294967295";
   if (wish.file.empty()) return "the book has no name yet";
+  if (!isDocument(wish.file)) return "a book's name ends in .pdf, not so " + wish.file;
   for (const std::string& name : {wish.file, wish.answers}) {
     std::error_code failed;
-    if (name.ends_with(kDocument) && fs::exists(fs::symlink_status(panel.folder / name, failed)))
+    if (isDocument(name) && fs::exists(fs::symlink_status(panel.folder / name, failed)))
       return name + " is there already; another name keeps it";
   }
   return {};

@@ -25,9 +25,12 @@ bool standsInStartAsBefore(ProgramState& state) {
 
 bool Repetition::isComplete(const ProgramState& state) {
   const State now{markOf(state), state.cur, isSearching(state) ? state.solver.pathLength : 0};
-  const bool again = passes_ > 0 && now == kept_;
+  const bool cameAgain = passes_ > 0 && now.walk == kept_.walk && now.cur == kept_.cur;
+  rounds_ += cameAgain;
+  const bool again = cameAgain && (now.pathLength == kept_.pathLength || rounds_ == kRounds);
   if (++passes_ >= nextKept_ && !again) {
     kept_ = now;
+    rounds_ = 0;
     nextKept_ = passes_ * 2;
   }
   return again;

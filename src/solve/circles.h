@@ -14,6 +14,10 @@ bool standsInStartAsBefore(ProgramState& state);
 
 /// The same for a walk that never comes back to the start. It is compared with the state kept at the last
 /// power of two of passes, so that a circle of any length is found within a few rounds of it.
+///
+/// In a search for a finish a longer trail is something new. But round an island, where the ground beside the
+/// maze counts as carved, the trail may be counted longer with every round: what has come as often as that,
+/// but for the trail's length, comes for ever.
 class Repetition {
  public:
   /// To be asked once a pass. \returns whether the state of an earlier pass has come back.
@@ -31,10 +35,12 @@ class Repetition {
   struct State {
     WalkMark walk;
     Square cur;
-    int pathLength = 0;  ///< In a search for a finish, where a longer trail is something new.
+    int pathLength = 0;  ///< In a search for a finish.
     friend bool operator==(const State&, const State&) = default;
   };
+  static constexpr int kRounds = 8;
   State kept_;
+  int rounds_ = 0;  ///< How often the walk came again with another trail, since it was kept.
   std::int64_t passes_ = 0, nextKept_ = 1;
 };
 

@@ -5,7 +5,8 @@
 
 namespace gridwright {
 
-/// Whether the square is placed on carved ground: a maze pixel or the walker's cursor.
+/// Whether the square is placed on carved ground, a maze pixel or the walker's cursor, and lies wholly on the
+/// Canvas: paper in a colour of the corridors may reach its edge.
 bool standsOnCarved(const Program& program, const Square& square);
 
 /// A carved cell searched from the far corner, passing over the start's.

@@ -66,6 +66,12 @@ bool searchEnded(Program& program) {
   if (!isSearching(s) || s.paused) return false;
   const bool repeats = standsInStartAsBefore(s);
   if (!backAtStart(s) && !repeats) return false;
+  endSearch(program);
+  return true;
+}
+
+void endSearch(Program& program) {
+  ProgramState& s = program.state;
   endsolution(program);
   const Colour cover = program.canvas.point(s.finish.left, s.finish.top);
   if (program.colours.isMaze(cover)) s.ends.underFinish = s.ends.finishMazeColor = cover;
@@ -73,7 +79,6 @@ bool searchEnded(Program& program) {
   s.playMode = s.chosenPlayMode;
   s.finishFound = true;
   s.phase = Phase::placing;
-  return true;
 }
 
 void bestCellTest(ProgramState& state) {
@@ -85,6 +90,9 @@ void bestCellTest(ProgramState& state) {
       longer && (!underpassesCount || solver.pathUnderpasses >= solver.bestPathUnderpasses);
   const bool moreWins = (underpassesCount || longer) && solver.pathUnderpasses > solver.bestPathUnderpasses;
   if (!longerWins && !moreWins) return;
+  // On ground in a colour of the corridors the walk comes to cells that the edge of the Canvas cuts off.
+  const Square& q = state.cur;
+  if (q.left < 0 || q.top < 0 || q.right >= state.canvasWidth || q.bottom >= state.canvasHeight) return;
   solver.bestPathUnderpasses = solver.pathUnderpasses;
   solver.bestPathLength = solver.pathLength;
   state.finish = state.cur;

@@ -12,6 +12,9 @@ void endsolution2(Program& program);
 /// Ends the search when the walk is back at the start. \returns whether it did; `phase` is 2 then.
 bool searchEnded(Program& program);
 
+/// Ends the search with the best cell so far, wherever the walk stands; `phase` is 2 then.
+void endSearch(Program& program);
+
 /// The last step of a trail update: is the present cell the best so far?
 void bestCellTest(ProgramState& state);
 

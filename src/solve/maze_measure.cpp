@@ -31,7 +31,7 @@ class Counter {
   }
 
  private:
-  Step& at(int cell) { return steps_[static_cast<std::size_t>(cell)]; }
+  Step& at(int cell) { return steps_.at(static_cast<std::size_t>(cell)); }
 
   /// Cell by cell away from the start, so that each is come to by the shortest way.
   void reachAll(MazeMeasure& m) {

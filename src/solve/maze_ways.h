@@ -47,6 +47,7 @@ class MazeWays {
 
   [[nodiscard]] const Fork& from(int cell) const { return forks_[static_cast<std::size_t>(cell)]; }
   [[nodiscard]] int cells() const { return static_cast<int>(forks_.size()); }
+  [[nodiscard]] int columns() const { return columns_; }
   [[nodiscard]] int start() const { return start_; }    ///< -1 where it lies in no cell.
   [[nodiscard]] int finish() const { return finish_; }  ///< Likewise.
   /// How many cells of the kind are carved, also where no way leads to.

@@ -8,6 +8,7 @@
 #include "solve/firstnoxy.h"
 #include "solve/follow.h"
 #include "solve/placesandf.h"
+#include "solve/plain_way.h"
 #include "solve/play.h"
 #include "solve/probe.h"
 #include "solve/reach_finish.h"
@@ -204,24 +205,33 @@ namespace {
 
 enum class Pass { ended, works, waits };
 
+void arrive(Program& program) {
+  reachFinish(program);
+  if (!answerIsDue(program.state)) waitSolved(program);
+}
+
 /// A pass up to its yield, or several. \returns whether the loop has ended, and else its pace.
 Pass passToYield(Program& program, Repetition& repetition) {
-  ProgramState& s = program.state;
+  const ProgramState& s = program.state;
   if (follow(program, repetition)) return Pass::works;
   if (!beforeStep(program)) return Pass::ended;
   if (standsOnFinish(s)) {
-    reachFinish(program);
-    if (!answerIsDue(s)) waitSolved(program);
+    arrive(program);
     return Pass::ended;
   }
   const bool moved = cellChanged(s);
   walkOn(program);
-  const bool circles = walkCircles(program, repetition);
-  if (circles && !isSearching(s)) {
-    stopWithoutWay(program);
+  if (walkCircles(program, repetition)) {
+    if (isSearching(s)) {
+      endSearch(program);  // what was not met until now never will be
+    } else if (takePlainWay(program)) {
+      arrive(program);
+    } else {
+      stopWithoutWay(program);
+    }
     return Pass::ended;
   }
-  return s.paused || circles || (s.playMode != PlayMode::off && !moved) ? Pass::waits : Pass::works;
+  return s.paused || (s.playMode != PlayMode::off && !moved) ? Pass::waits : Pass::works;
 }
 
 }  // namespace

@@ -359,6 +359,26 @@ TEST_F(ABook, IsNotWrittenOnceItsWriterIsStopped) {
   EXPECT_EQ(asked, 3);
 }
 
+TEST_F(ABook, HasNoWordsSetOnceItsWriterIsStopped) {
+  add(5);
+  const PlannedBook planned = planPages(plan_, records_);
+  int asked = 0;
+  const std::string words = wordPagesOf(planned.book, plan_, records_, [&] { return ++asked > 2; });
+  EXPECT_EQ(asked, 3);
+  EXPECT_LT(words.size(), wordPagesOf(planned.book, plan_, records_).size());
+}
+
+TEST_F(ABook, IsGivenUpBetweenItsPages) {
+  add(3);
+  const PlannedBook planned = planPages(plan_, records_);
+  const std::string words = wordPagesOf(planned.book, plan_, records_);
+  int asked = 0;
+  GrowingFile file(temp_.path() / "book.pdf");
+  ASSERT_TRUE(writeBook(planned.book, records_, words, kAbout, store_, file, [&] { return ++asked < 0; }));
+  const int drawings = 6;  // of three mazes and their answers
+  EXPECT_EQ(asked, static_cast<int>(planned.book.pages.size()) + drawings);
+}
+
 TEST_F(ABook, OfAPartCarriesItsList) {
   add(2);
   const std::string part = asPart().string();

@@ -21,7 +21,7 @@ complain() {
   exit 1
 }
 
-book=("$program" --quiet --seed 4294967290 --total 24 --wall 14,10,8 --kind regular,3d,pipe --title Parts
+book=("$program" --quiet --seed 4294967290 --total 24 --wall "14,10,8" --kind "regular,3d,pipe" --title Parts
   --page-numbers --sort difficulty --caption '{n}. {picture}, {difficulty}' --jobs 1)
 
 # A part that is killed in the middle of its work, which is the case when it is still at it then.

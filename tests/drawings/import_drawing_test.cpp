@@ -5,6 +5,7 @@
 #include "session/input.h"
 #include "session/main_loop.h"
 #include "support/bitmap_files.h"
+#include "support/bitmap_forms.h"
 #include "support/disk_desktop.h"
 #include "support/world.h"
 
@@ -91,6 +92,35 @@ TEST(AFolderATextAndACutOrLyingBitmap, GetTheMessageAndChangeNothing) {
   std::filesystem::create_directory(folder.temp.path() / "cat.bmp");
   folder.import("cat");
   expectRefused(folder);
+}
+
+TEST(ABitmapThatLiesInAnyWay, GetsTheMessageAndChangesNothing) {
+  Importing i;
+  std::size_t lies = 0;
+  i.desktop.click(ControlId::Command2);
+  i.desktop.untilPhase(Phase::drawing);
+  for (BitmapFile form :
+       {BitmapFile{1}, {4}, {8}, {16}, {24}, {32}, {8, false, true}, {8, false, false, true}}) {
+    form.header = form.os2 ? 12 : 40;
+    const Bitmap picture = heldBy(motley(13, 5, form.bits == 1 ? 2 : 11), form);
+    for (const LyingBitmap& lie : liesAbout({"", form, picture, fileOf(picture, form)})) {
+      const std::string name = "lie" + std::to_string(++lies);
+      i.temp.put(name + ".bmp", lie.bytes);
+      i.desktop.menu(Item::importdrawing);
+      i.desktop.enter(ControlId::Text8, name);
+      i.desktop.pumpsPass(2);
+    }
+  }
+  try {
+    runProgram(i.program);
+  } catch (const ProgramEnd&) {
+  }
+  ASSERT_EQ(i.desktop.trouble, "");
+  EXPECT_GT(lies, 300U);
+  EXPECT_EQ(i.desktop.messages, std::vector<std::string>(lies, "Error: can't find bitmap."));
+  EXPECT_TRUE(samePicture(i.program.canvas.image(), plainBitmap(300, 200, kYellow)));
+  EXPECT_FALSE(i.program.state.panelOpen);
+  EXPECT_FALSE(i.program.state.mazeMadeOnce);
 }
 
 TEST(APictureLargerThanTheCanvas, IsToldToBeCut) {

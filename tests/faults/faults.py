@@ -372,7 +372,7 @@ class Machine:
         done = {}
         for name in self.options.sessions.split(","):
             count = self.reference(name)[0]
-            for kind in ("full", "readonly", "once", "kill", "vanish"):
+            for kind in self.options.kinds.split(","):
                 if name == "book" and kind in ("vanish", "once"):
                     continue
                 moments = list(range(1, count + 1))
@@ -403,6 +403,7 @@ def main():
     words.add_argument("--points", type=int, default=0)
     words.add_argument("--kills", type=int)
     words.add_argument("--sessions", default="day,book")
+    words.add_argument("--kinds", default="full,readonly,once,kill")  # and vanish
     words.add_argument("--seed", type=int, default=1)
     options = words.parse_args()
     machine = Machine(options)

@@ -165,6 +165,33 @@ TEST(AReader, RefusesWhatIsLargerThanItMayBe) {
   EXPECT_EQ(readPlainFile(temp.path() / "text", 4).fault().kind, Fault::Kind::malformed);
 }
 
+TEST(AFile, IsReadAsFarAsItsBeginningMakesWanted) {
+  const TempFolder temp;
+  temp.put("text", "3:12345");
+  const auto read = [&temp](std::size_t beginning, const WantedBytes& wanted) {
+    return readWantedBytes(temp.path() / "text", beginning, wanted);
+  };
+  const auto wants = [](std::uint64_t count) {
+    return [count](std::string_view beginning, std::uint64_t length) {
+      EXPECT_EQ(beginning, "3:");
+      EXPECT_EQ(length, 7U);
+      return Outcome<std::uint64_t>(count);
+    };
+  };
+  EXPECT_EQ(read(2, wants(5)).value(), "3:123");
+  EXPECT_EQ(read(2, wants(7)).value(), "3:12345");
+  EXPECT_EQ(read(2, wants(9)).value(), "3:12345") << "as much as there is";
+  EXPECT_EQ(read(2, wants(0)).value(), "3:") << "what was looked at is there";
+  const Fault none{Fault::Kind::malformed, "not wanted"};
+  const auto refused = read(100, [&none](std::string_view beginning, std::uint64_t) {
+    EXPECT_EQ(beginning, "3:12345");
+    return Outcome<std::uint64_t>(none);
+  });
+  EXPECT_EQ(refused.fault().words, "not wanted");
+  EXPECT_EQ(readWantedBytes(temp.path() / "none", 2, wants(5)).fault().kind, kNotFound);
+  EXPECT_EQ(readWantedBytes(temp.path(), 2, wants(5)).fault().kind, kNotFound);
+}
+
 TEST(AFileWithAnotherName, KeepsItsContentUnderThatOne) {
   const TempFolder temp;
   temp.put("mine", "precious");

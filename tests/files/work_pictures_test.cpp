@@ -96,15 +96,15 @@ TEST(TheCopyInMemory, KeepsEveryColourExactly) {
 /// Pictures in a real folder, and how often one was written.
 struct PicturesOnDisk {
   struct Counting : DiskDesktop {
-    Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) override {
+    Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& target, Overwrite how) override {
       ++written;
-      auto saved = DiskDesktop::saveBitmap(picture, place, how);
+      auto saved = DiskDesktop::saveBitmap(picture, target, how);
       if (meanwhile) meanwhile();
       return saved;
     }
-    Outcome<Bitmap> loadBitmap(const FilePlace& place) override {
+    Outcome<Bitmap> loadBitmap(const FilePlace& target) override {
       ++read;
-      auto loaded = DiskDesktop::loadBitmap(place);
+      auto loaded = DiskDesktop::loadBitmap(target);
       if (meanwhile) meanwhile();
       return loaded;
     }
@@ -168,7 +168,7 @@ TEST(AWorkPictureThatAnotherHandReplacedByOneAsLongAndAsOld, IsReadAndIsWrittenA
   EXPECT_EQ(p.save(kOne), 1);
   replace();
   EXPECT_EQ(p.save(kOne), 1);
-  EXPECT_TRUE(samePicture(readBitmapFile(place).value(), kOne));
+  EXPECT_TRUE(samePicture(readBitmapFile(path).value(), kOne));
 }
 
 TEST(AWorkPictureThatAnotherHandReplacesAtOnce, IsNotTakenForTheOneThatWasWritten) {

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Each reader of a format meets bytes by chance for a minute, built with Clang and the sanitizers.
+# Each reader of a format, and the whole program as sessions, meets bytes by chance for a minute, built with Clang and the sanitizers.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 source .ci/steps.sh
@@ -16,8 +16,11 @@ targets() {
 # What libFuzzer finds worth keeping goes to a folder of its own, where the next run begins; the corpus in
 # the tree is only read.
 fuzz() {
+  local longest=()
   mkdir -p "$found/$1"
-  "build/fuzz/fuzz/$1-fuzz" -max_total_time="$seconds" -timeout=20 -print_final_stats=1 \
+  # Longer sessions find little that shorter ones do not, and find it later.
+  if [[ $1 == session ]]; then longest=(-max_len=500); fi
+  "build/fuzz/fuzz/$1-fuzz" -max_total_time="$seconds" -timeout=20 -print_final_stats=1 "${longest[@]}" \
     -artifact_prefix="$found/$1-crash-" "$found/$1" "fuzz/corpus/$1"
 }
 

@@ -28,7 +28,8 @@ int drawsBetween(Random from, Random to) {
 }
 
 struct ByChance : World {
-  ByChance(MazeKind kind, int size, bool varies, std::uint32_t seed) : World(drawing(kRows)) {
+  ByChance(MazeKind kind, int size, bool varies, std::uint32_t seed, const Text& rows = kRows)
+      : World(drawing(rows)) {
     program.steps.resetAll();
     program.random.seed(seed);
     state.mazeKind = kind;
@@ -167,6 +168,31 @@ TEST_P(InEveryKind, AWalkerTrappedByChanceGainsTheCodeThatTurnsBack) {
     trapped += std::count(steps.begin(), steps.end(), step::walkBack) > 0 ? 1 : 0;
   }
   EXPECT_GT(trapped, 0) << "so many squares by chance run into themselves";
+}
+
+TEST_P(InEveryKind, ARunEndsInAFieldThatIsTooSmallForItsSize) {
+  for (std::uint32_t seed = 1; seed <= 5; ++seed) {
+    ByChance w(GetParam(), 99, false, seed, Text(4, "....."));
+    w.desktop.limit = 1'000'000;
+    editrandompat(w.program);
+    EXPECT_EQ(w.state.phase, Phase::making);
+    EXPECT_GT(w.program.steps.steps(GetParam(), step::left).size(), 1U) << "it has what there was room for";
+  }
+}
+
+TEST(ARandomRunInTheEditor, EndsInAFieldThatIsTooSmallForIt) {
+  World w(Size{70, 60});
+  w.begin(drawing(Text(5, "......")));
+  w.desktop.limit = 200'000;
+  w.desktop.menu(Item::create3dpipe);
+  w.desktop.menu(Item::editpatterns);
+  w.desktop.untilPhase(Phase::patternEditing);
+  w.desktop.look([](Program& p) { p.state.randomPatterns.randomPatternSize = 90; });
+  w.desktop.menu(Item::crpattern);
+  w.desktop.until([](const Program& p) { return p.state.editor.randomRunning; });
+  w.desktop.until([](const Program& p) { return !p.state.editor.randomRunning; });
+  w.desktop.look([](Program& p) { EXPECT_EQ(p.state.randomPatterns.randomPatternSize, 90); });
+  EXPECT_EQ(w.run(), "");
 }
 
 TEST(ForEveryMaze, OneRunForTheModeAndOneForEachFlagThenAllDirectionsAlike) {

@@ -30,6 +30,10 @@ TEST(AScriptThatWaits, LooksAtNothingForAsLong) {
   EXPECT_EQ(Waiting("until phase 2 300\n").quiet(), 299);
   EXPECT_GT(Waiting("until phase 2\n").quiet(), 1'000'000);
   EXPECT_GT(Waiting("settle\n").quiet(), 1'000'000);
+  Waiting counted("settle 300\n");
+  EXPECT_EQ(counted.quiet(), 299);
+  counted.desktop.passOver(200);
+  EXPECT_EQ(counted.quiet(), 99) << "pumps that were left out count";
 }
 
 TEST(AScriptThatLooks, SeesEveryPump) {
@@ -178,6 +182,21 @@ TEST(Pumps, PassWithoutInput) {
 TEST(Settling, WaitsUntilTheProgramIsIdle) {
   Twin t;
   EXPECT_EQ(t.run(kDrawing + "menu cgenerate\nmenu newmaze\nsettle\nexpect phase 2\n").words, "");
+}
+
+TEST(Settling, EndsTheRunWhereItTakesMorePumpsThanItMay) {
+  Twin t;
+  EXPECT_EQ(t.run(kDrawing + "menu cgenerate\nmenu newmaze\nsettle 9999999\nexpect phase 2\n").words, "");
+  const Ended ended = t.run(kDrawing + "menu cgenerate\nmenu newmaze\nsettle 9\n");
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.words, "s.txt:7: settle 9 failed: it does not come to rest");
+}
+
+TEST(AFileThatIsTakenAway, IsGone) {
+  Twin t;
+  EXPECT_EQ(t.run("removefile room.bmp\nexpect file room.bmp\n").words,
+            "s.txt:2: expect file room.bmp failed: it is not there");
+  EXPECT_EQ(t.run("removefile room.bmp\n").words, "s.txt:1: could not be removed: room.bmp");
 }
 
 TEST(TheSeed, GivesTheSameMazeAgain) {

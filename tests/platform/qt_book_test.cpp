@@ -68,6 +68,19 @@ struct Book : Session {
   }
 };
 
+TEST(ThePanelOfBooks, IsWalkedThroughByTabFromTopToBottom) {
+  Book b;
+  std::vector<std::string> walked;
+  for (int i = 0; i < 20; ++i) {
+    walked.push_back(b.desktop.window().focusWidget()->objectName().toStdString());
+    QTest::keyClick(b.desktop.window().focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(walked, (std::vector<std::string>{
+                        "number",  "share",          "kinds",  "walls",    "patterns", "paper", "perpage",
+                        "answers", "answersperpage", "title",  "caption",  "seed",     "file",  "line",
+                        "copy",    "make",           "cancel", "pictures", "add",      "remove"}));
+}
+
 TEST(ThePanelOfBooks, IsShownWithTheKeyboardInTheNumberAndGoesWithItsModel) {
   Book b;
   EXPECT_TRUE(b.desktop.bookPage().isVisible());

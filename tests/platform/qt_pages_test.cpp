@@ -51,6 +51,17 @@ TEST(ThePageSetupPanel, IsShownWithTheKeyboardInTheTitleAndGoesWithItsModel) {
   EXPECT_EQ(panel.desktop.window().focusWidget(), &panel.desktop.window().view());
 }
 
+TEST(ThePageSetupPanel, IsWalkedThroughByTab) {
+  Panel panel;
+  std::vector<std::string> walked;
+  for (int i = 0; i < 6; ++i) {
+    walked.push_back(panel.desktop.window().focusWidget()->objectName().toStdString());
+    QTest::keyClick(panel.desktop.window().focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(walked,
+            (std::vector<std::string>{"title", "nameline", "endwords", "paper", "orientation", "margin"}));
+}
+
 TEST(ThePageSetupPanel, ReportsNothingThatNobodyHasSet) {
   Panel panel;
   EXPECT_EQ(panel.part<QComboBox>("paper")->currentText(), "A4, as the desktop has it");
@@ -68,7 +79,8 @@ TEST(ThePageSetupPanel, TakesWhatAPersonSets) {
   panel.part<QComboBox>("paper")->setCurrentText("Letter");
   panel.part<QComboBox>("orientation")->setCurrentIndex(1);
   panel.part<QSpinBox>("margin")->setValue(15);
-  panel.part<QSpinBox>("columns")->setValue(3);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_I, Qt::AltModifier);
+  QTest::keyClicks(QApplication::focusWidget(), "3");
   panel.part<QSpinBox>("rows")->setValue(2);
   panel.part<QPushButton>("use")->click();
   panel.pump(Pace::idle);

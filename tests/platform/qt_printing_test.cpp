@@ -276,7 +276,7 @@ TEST(APrinter, GetsEverySheetOfAPageThatIsSpreadAndDrawsIt) {
   printing.page(kPage, look);
   EXPECT_TRUE(printing.endOfPages());
   EXPECT_EQ(folder.pagesIn("paper.pdf"), 6);
-  EXPECT_EQ(withoutDate(folder.path() / "paper.pdf").find("/Image"), std::string::npos);
+  EXPECT_EQ(withoutDate(folder.path() / "paper.pdf").find("/Subtype /Image"), std::string::npos);
 }
 
 }  // namespace

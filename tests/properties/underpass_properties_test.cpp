@@ -8,6 +8,7 @@
 #include <random>
 
 #include "support/maze_reading.h"
+#include "support/trail_reading.h"
 #include "support/tunnel_reading.h"
 #include "support/world.h"
 
@@ -112,26 +113,6 @@ int pieces(const TunnelReading& maze) {
     for (std::size_t i = 0; i < reach.size(); ++i) seen[i] = seen[i] || reach[i].reached;
   }
   return count;
-}
-
-std::string trailFault(const TunnelReading& maze, const Program& p, int start, int finish) {
-  const auto reach = maze.reachFrom(start);
-  std::vector<bool> onWay(reach.size());
-  for (int cell = finish; cell != -1; cell = reach[static_cast<std::size_t>(cell)].from)
-    onWay[static_cast<std::size_t>(cell)] = true;
-  if (!onWay[static_cast<std::size_t>(start)]) return "no way for the twin";
-  for (const int cell : maze.carvedCells()) {
-    const Square q = maze.squareAt(cell);
-    bool any = false;
-    for (int y = q.top; y <= q.bottom; ++y) {
-      for (int x = q.left; x <= q.right; ++x) any = any || p.canvas.point(x, y) == p.state.startColor;
-    }
-    if (any != onWay[static_cast<std::size_t>(cell)]) {
-      return std::string(any ? "a stub" : "a gap") + " at (" + std::to_string(q.left) + ", " +
-             std::to_string(q.top) + ")";
-    }
-  }
-  return {};
 }
 
 class EverySetting : public ::testing::TestWithParam<Setting> {};

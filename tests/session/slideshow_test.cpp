@@ -263,9 +263,9 @@ TEST(ASlideMissingInTheWorkingFolder, IsTheOneBesideTheProgram) {
   TempFolder work, content;
   class TwoFolders : public BareDesktop {
    public:
-    Outcome<Bitmap> loadBitmap(const FilePlace& place) override {
-      const auto found = pictures.find(place.path().string());
-      if (found == pictures.end()) return Fault{Fault::Kind::notFound, place.path().string()};
+    Outcome<Bitmap> loadBitmap(const FilePlace& target) override {
+      const auto found = pictures.find(target.path().string());
+      if (found == pictures.end()) return Fault{Fault::Kind::notFound, target.path().string()};
       return found->second;
     }
     std::map<std::string, Bitmap> pictures;

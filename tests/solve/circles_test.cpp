@@ -57,17 +57,29 @@ TEST(ACircle, IsFoundWithinAFewRoundsOfIt) {
   }
 }
 
-TEST(ALongerTrail, IsSomethingNewToASearchAlone) {
-  for (const bool searching : {false, true}) {
-    ProgramState s = inStart();
-    s.finishMethod = searching ? FinishMethod::largest : FinishMethod::user;
-    Repetition repetition;
-    bool found = false;
-    for (int pass = 0; pass < 100; ++pass) {
-      ++s.solver.pathLength;
-      found = found || repetition.isComplete(s);
+/// Passes until a walk round the same few pixels is found to go in a circle, its trail longer each time by
+/// this.
+int passesUntilFoundWith(bool searching, int circle, int longer) {
+  ProgramState s = inStart();
+  s.finishMethod = searching ? FinishMethod::largest : FinishMethod::user;
+  Repetition repetition;
+  for (int pass = 0; pass < 10'000; ++pass) {
+    s.solver.probeX = pass % circle;
+    s.solver.pathLength = pass / circle * longer;
+    if (repetition.isComplete(s)) return pass;
+  }
+  return -1;
+}
+
+TEST(ALongerTrail, IsSomethingNewToASearchUntilItHasComeEightTimes) {
+  for (const int circle : {2, 50, 333}) {
+    EXPECT_LE(passesUntilFoundWith(false, circle, 1), 3 * circle + 3) << circle << ", without a search";
+    EXPECT_LE(passesUntilFoundWith(true, circle, 0), 3 * circle + 3) << circle << ", as long as before";
+    for (const int longer : {1, -1, 7}) {
+      const int found = passesUntilFoundWith(true, circle, longer);
+      EXPECT_GE(found, 8 * circle) << circle;
+      EXPECT_LE(found, 24 * circle + 24) << circle;
     }
-    EXPECT_EQ(found, !searching);
   }
 }
 

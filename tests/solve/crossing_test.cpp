@@ -6,6 +6,7 @@
 
 #include "solve/firstnoxy.h"
 #include "solve/play.h"
+#include "solve/trail.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -64,6 +65,24 @@ TEST(ACrossing, JumpsToTheExitInOneMoveInEachDirection) {
     EXPECT_EQ(t.state.solver.underpassLock, 0);
     EXPECT_EQ(t.state.deltaX, dx);
     EXPECT_EQ(t.state.deltaY, dy);
+  }
+}
+
+TEST(AnExit, HasTheProbeOnePixelInAndHalfAStrokeOnTheSideOfArrival) {
+  for (const auto& [dx, dy] : kWays) {
+    Tunnel t("O-O + O-O", dx, dy);
+    t.stand(2);
+    maze3dunderpass(t.program);
+    const Square& q = t.state.cur;
+    const int nearX = dx < 0 ? q.right : q.left;
+    const int nearY = dy < 0 ? q.bottom : q.top;
+    EXPECT_EQ(dx != 0 ? t.state.solver.probeX : t.state.solver.probeY, dx != 0 ? nearX + dx : nearY + dy);
+    const int cx = centreX(t.state, q), cy = centreY(t.state, q);
+    const bool level = dx != 0;
+    EXPECT_EQ(t.canvas.point(level ? nearX : cx, level ? cy : nearY), kFuchsia) << dx << ", " << dy;
+    const int farX = dx < 0 ? q.left : q.right;
+    const int farY = dy < 0 ? q.top : q.bottom;
+    EXPECT_EQ(t.canvas.point(level ? farX : cx, level ? cy : farY), kWhite) << dx << ", " << dy;
   }
 }
 

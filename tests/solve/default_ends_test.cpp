@@ -47,6 +47,13 @@ TEST(AStartWithOnePixelOfItsCellTaken, IsReplaced) {
     placedefaultends(w.program);
     EXPECT_EQ(w.state.start, squareOf(1, 1)) << spot;
   }
+  for (const auto& [x, y] : {std::pair{20, 20}, std::pair{29, 20}, std::pair{20, 29}, std::pair{25, 20}}) {
+    World w(drawing({"....", "....", "...."}));
+    w.state.start = squareOf(2, 2);
+    w.canvas.fill(x, y, x, y, kBlue);
+    placedefaultends(w.program);
+    EXPECT_EQ(w.state.start, squareOf(1, 1)) << x << ", " << y;
+  }
 }
 
 TEST(AStartPutByAPixel, GoesToTheCellThatHoldsIt) {

@@ -274,6 +274,7 @@ TEST(ACell, WinsByTheRulesOfItsOption) {
     ProgramState s;
     s.finishMethod = c.method;
     s.finish = kTakenOff;
+    s.canvasWidth = s.canvasHeight = 100;
     s.cur = squareOf(2, 2);
     s.solver.bestPathLength = 5;
     s.solver.bestPathUnderpasses = 2;
@@ -286,6 +287,21 @@ TEST(ACell, WinsByTheRulesOfItsOption) {
     EXPECT_EQ(s.solver.bestPathLength, c.wins ? c.length : 5) << what;
     EXPECT_EQ(s.solver.bestPathUnderpasses, c.wins ? c.underpasses : 2) << what;
   }
+}
+
+TEST(ACellThatTheEdgeCutsOff, IsNoFinish) {
+  Searching s(kTwoArms, squareOf(2, 2));
+  const int columns = s.state.canvasWidth / 10;
+  const int rows = s.state.canvasHeight / 10;
+  for (const Square& outside : {squareOf(columns, 3), squareOf(3, rows), squareOf(-1, 3), squareOf(3, -1)}) {
+    s.state.solver.pathLength = 5;
+    s.state.cur = outside;
+    bestCellTest(s.state);
+    EXPECT_TRUE(s.state.finish.sameCorner(kTakenOff)) << outside.left << ", " << outside.top;
+  }
+  s.state.cur = squareOf(columns - 1, rows - 1);
+  bestCellTest(s.state);
+  EXPECT_TRUE(s.state.finish.sameCorner(squareOf(columns - 1, rows - 1)));
 }
 
 TEST(APlayMode, IsParkedDuringASearchAndComesBackAtItsEnd) {

@@ -163,6 +163,22 @@ TEST(PipesCells, AreEveryOtherOne) {
   EXPECT_EQ(m.deadEnds, 1);
 }
 
+TEST(PipesCells, LieInLineWithTheStartWhateverTheWidthOfThePicture) {
+  for (const int columns : {5, 6}) {
+    for (const int row : {1, 2}) {
+      const Bitmap picture = plainBitmap(columns * 10, 60, kPalette[15]);
+      const ColourSets sets;
+      const MazeWays ways(
+          {picture, sets, kOutside, kOutside, MazeKind::pipe, 10, squareOf(1, row), squareOf(3, row)});
+      ASSERT_EQ(ways.columns(), columns);
+      for (int cell = 0; cell < ways.cells(); ++cell) {
+        const bool inLine = cell % columns % 2 == 1 && cell / columns % 2 == row % 2;
+        EXPECT_EQ(ways.isOfKind(cell), inLine) << columns << " columns, row " << row << ", cell " << cell;
+      }
+    }
+  }
+}
+
 TEST(AMeasure, IsTheSameInEveryWallSize) {
   const Text lines = {"S-o-o", "  |  ", "o-o-F"};
   const MazeMeasure small = Plan(lines, MazeKind::regular, 5).measure();

@@ -126,6 +126,28 @@ TEST(ATrailThatComesBackAnotherWay, IsAMazeWithoutAWayAllTheSame) {
   EXPECT_EQ(s.state.phase, Phase::placing);
 }
 
+TEST(AWalkRoundAnIsland, IsGivenUpForTheShortestWayToTheFinish) {
+  // The hand lies on the island's wall; the finish hangs on the ring from without.
+  Solving s({".......", ".*****.", ".*...*.", ".*****.", "....*..", "......."}, squareOf(3, 4),
+            squareOf(5, 5));
+  Bitmap expected = s.canvas.image();
+  s.desktop.putFile("drawing2.bmp", expected);
+  const auto stroke = [&](int left, int top, int right, int bottom) {
+    for (int y = top; y <= bottom; ++y) {
+      for (int x = left; x <= right; ++x) pixelAt(expected, x, y) = kFuchsia - 1;
+    }
+  };
+  stroke(39, 45, 55, 45);  // out of the start, which is whole
+  stroke(55, 45, 55, 55);  // and down into the finish
+  s.desktop.limit = 5'000;
+  s.solve();
+  EXPECT_EQ(s.desktop.trouble, "");
+  EXPECT_TRUE(s.desktop.messages.empty());
+  EXPECT_EQ(s.state.phase, Phase::solved);
+  EXPECT_EQ(s.state.solver.pathLength, 3);
+  EXPECT_TRUE(samePicture(s.canvas.image(), expected));
+}
+
 TEST(AWalkThatNeverComesBackToTheStart, IsStoppedToo) {
   Solving s({".......", ".*****.", ".*****.", ".*****.", ".*****.", ".*****.", ".......", "......*"},
             squareOf(4, 4), squareOf(7, 8));
@@ -155,14 +177,32 @@ TEST(AWalkThatHasLeftTheCanvas, IsStoppedAsOneInACircle) {
   EXPECT_EQ(s.state.phase, Phase::placing);
 }
 
-TEST(ASearchThatHasLeftTheCanvas, CostsNothing) {
+TEST(ASearchThatHasLeftTheCanvas, EndsWithTheBestCellSoFar) {
   Solving s({"....", "**.*", "...."}, squareOf(1, 2), squareOf(4, 2));
   s.state.finishMethod = s.state.solver.activeFinishMethod = FinishMethod::largest;
   putBeyondTheCanvas(s);
-  s.desktop.pumpsPass(20);
-  s.desktop.look([&](Program&) { EXPECT_EQ(s.desktop.lastPace, Pace::idle); });
+  s.desktop.limit = 5'000;
   s.solve();
+  EXPECT_EQ(s.desktop.trouble, "");
   EXPECT_TRUE(s.desktop.messages.empty());
+  EXPECT_TRUE(s.state.finishFound);
+  EXPECT_EQ(s.state.phase, Phase::placing);
+}
+
+TEST(AMarkerWithoutATrail, IsGoneWhenTheComputerTakesOverAndThePictureStays) {
+  const Text cells = {"......", ".****.", ".*..*.", "......"};
+  Solving alone(cells, squareOf(2, 2), squareOf(5, 3));
+  alone.solve();
+  Solving takenOver(cells, squareOf(2, 2), squareOf(5, 3));
+  takenOver.canvas.setAutoRedraw(false);
+  takenOver.canvas.fill(squareOf(2, 3), kRed);  // where the person stood, on the screen alone
+  takenOver.canvas.setAutoRedraw(true);
+  takenOver.state.solver.playModeSeen = PlayMode::easy;
+  takenOver.state.solver.trailOffSeen = true;
+  takenOver.solve();
+  EXPECT_EQ(takenOver.state.phase, Phase::solved);
+  EXPECT_TRUE(samePicture(takenOver.canvas.image(), alone.canvas.image()));
+  EXPECT_TRUE(samePicture(takenOver.canvas.shownImage(), alone.canvas.shownImage()));
 }
 
 TEST(AWindowMinimisedForTheWork, IsThereAgainWhenItSaysThatThereIsNoWay) {

@@ -127,6 +127,30 @@ TEST(APassageOfAnotherColour, IsRepairedWhereTheStrokeWentThroughIt) {
   }
 }
 
+TEST(ThePassageOfTwoColours, IsRepairedInTheOneBesideTheCellThatIsEntered) {
+  constexpr Colour kOther = 0x123456, kThird = 0x654321;
+  constexpr auto kMoves = std::to_array<Move>({
+      {"down", 2, 3, 25, 30, 21, 30, 0, -1},
+      {"up", 2, 1, 25, 19, 21, 19, 0, 1},
+      {"right", 3, 2, 30, 25, 30, 21, -1, 0},
+      {"left", 1, 2, 19, 25, 19, 21, 1, 0},
+  });
+  for (const Move& m : kMoves) {
+    Trail t(squareOf(2, 2), squareOf(m.column, m.row));
+    t.program.colours.setMaze(2, kOther);
+    t.program.colours.setMaze(3, kThird);
+    const int acrossX = m.dx != 0 ? 0 : 7;
+    const int acrossY = m.dy != 0 ? 0 : 7;
+    t.canvas.fill(m.sideX, m.sideY, m.sideX + acrossX, m.sideY + acrossY, kOther);
+    t.canvas.fill(m.sideX + m.dx, m.sideY + m.dy, m.sideX + m.dx + acrossX, m.sideY + m.dy + acrossY, kThird);
+    const Square to = squareOf(m.column, m.row);
+    t.canvas.fill(25, 25, centreX(t.state, to), centreY(t.state, to), kFuchsia);
+    updateTrail(t.program);
+    for (int depth = 0; depth < 2; ++depth)
+      EXPECT_EQ(t.canvas.point(m.middleX + depth * m.dx, m.middleY + depth * m.dy), kOther) << m.name;
+  }
+}
+
 TEST(AStrokeThroughAClosedCell, AsksForADistanceWhenLevelAndForNoneWhenUpright) {
   struct Walk {
     int columns, rows;  // gone, from (2, 2)

@@ -74,22 +74,22 @@ Size BareDesktop::maximise() {
   return client_;
 }
 
-Outcome<Bitmap> BareDesktop::loadBitmap(const FilePlace& place) {
-  const Bitmap* found = file(place.filename());
-  if (found == nullptr) return Fault{Fault::Kind::notFound, place.path().string()};
+Outcome<Bitmap> BareDesktop::loadBitmap(const FilePlace& target) {
+  const Bitmap* found = file(target.filename());
+  if (found == nullptr) return Fault{Fault::Kind::notFound, target.path().string()};
   return *found;
 }
 
-Outcome<FileMark> BareDesktop::saveBitmap(const BitmapView& picture, const FilePlace& place,
+Outcome<FileMark> BareDesktop::saveBitmap(const BitmapView& picture, const FilePlace& target,
                                           Overwrite /*how*/) {
-  if (savesFail) return Fault{Fault::Kind::notWritable, place.path().string()};
-  saves.push_back(place.filename());
+  if (savesFail) return Fault{Fault::Kind::notWritable, target.path().string()};
+  saves.push_back(target.filename());
   bitmaps[saves.back()] = picture.copied();
   return FileMark{};
 }
 
-Outcome<Done> BareDesktop::savePng(const BitmapView& picture, const FilePlace& place) {
-  const auto saved = saveBitmap(picture, place, Overwrite::atOnce);
+Outcome<Done> BareDesktop::savePng(const BitmapView& picture, const FilePlace& target) {
+  const auto saved = saveBitmap(picture, target, Overwrite::atOnce);
   if (!saved) return saved.fault();
   return Done{};
 }

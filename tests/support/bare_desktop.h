@@ -61,15 +61,15 @@ class BareDesktop : public Platform {
   Outcome<Picture> readPicture(const std::filesystem::path& file, Size fit) override;
   PictureWork& pictureWork() override { return work; }
   InkWork& inkWork() override { return ink; }
-  Outcome<Done> savePng(const BitmapView& picture, const FilePlace& place) override;
+  Outcome<Done> savePng(const BitmapView& picture, const FilePlace& target) override;
   bool openElsewhere(const std::filesystem::path& file) override {
     openedElsewhere.push_back(file);
     return opensElsewhere;
   }
   std::optional<std::filesystem::path> choosePicture() override { return chosen; }
   Outcome<Pasted> pasted() override { return clipboard; }
-  Outcome<Bitmap> loadBitmap(const FilePlace& place) override;
-  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) override;
+  Outcome<Bitmap> loadBitmap(const FilePlace& target) override;
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& target, Overwrite how) override;
   Outcome<Done> printForm(const BitmapView& picture, const PageLook& look) override {
     if (pages.size() == pagesKept) return Fault{Fault::Kind::notWritable, "page"};
     pages.push_back(picture.copied());
@@ -86,10 +86,10 @@ class BareDesktop : public Platform {
     previews.push_back(picture.copied());
   }
   UsualPaper usualPaper() override { return usual; }
-  Outcome<Done> writePicture(const PictureFile& wanted, const FilePlace& place) override {
-    if (savesFail) return Fault{Fault::Kind::notWritable, place.path().string()};
+  Outcome<Done> writePicture(const PictureFile& wanted, const FilePlace& target) override {
+    if (savesFail) return Fault{Fault::Kind::notWritable, target.path().string()};
     pictureFiles.push_back(
-        {place.path(), wanted.picture.copied(), wanted.format, wanted.scale, wanted.dpi, wanted.look});
+        {target.path(), wanted.picture.copied(), wanted.format, wanted.scale, wanted.dpi, wanted.look});
     return Done{};
   }
   bool copyPicture(const BitmapView& picture, const std::string& svg) override {

@@ -8,11 +8,11 @@ namespace gridwright::test {
 
 class DiskDesktop : public BareDesktop {
  public:
-  Outcome<Bitmap> loadBitmap(const FilePlace& place) override { return readBitmapFile(place); }
-  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& place, Overwrite how) override {
-    const std::filesystem::path path = place.path();
+  Outcome<Bitmap> loadBitmap(const FilePlace& target) override { return readBitmapFile(target); }
+  Outcome<FileMark> saveBitmap(const BitmapView& picture, const FilePlace& target, Overwrite how) override {
+    const std::filesystem::path path = target.path();
     if (path.parent_path() == full) return Fault{Fault::Kind::notWritable, path.string()};
-    return writeBitmapFile(picture, place, how);
+    return writeBitmapFile(picture, target, how);
   }
   std::filesystem::path full;  ///< A folder whose disk has room for small files, but for no picture.
 };

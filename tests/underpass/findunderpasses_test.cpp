@@ -150,6 +150,19 @@ const Row kEdge = {"out of the Canvas",
                     ". . . O"},
                    "nnnnnn"};
 
+TEST(TheTrialSquare, HasItsLeadingEdgeWhereTheStepGoes) {
+  const Square q{21, 31, 28, 38};
+  for (const auto& [dx, dy] : {std::pair{10, 0}, std::pair{-10, 0}, std::pair{0, 10}, std::pair{0, -10}}) {
+    ProgramState s;
+    s.deltaX = dx;
+    s.deltaY = dy;
+    putProbe(s, q);
+    EXPECT_EQ(s.underpass.probe, q);
+    EXPECT_EQ(s.underpass.probeLeadX, dx > 0 ? 28 : 21) << dx << ", " << dy;
+    EXPECT_EQ(s.underpass.probeLeadY, dy > 0 ? 38 : 31) << dx << ", " << dy;
+  }
+}
+
 TEST(TheTableOfDifficulties, SaysForEachFieldInEachDirectionWhetherATunnelMayStart) {
   for (const Row* row : {&kOneCorridor, &kAlong, &kGap, &kBeside, &kDeadEnd, &kWalled, &kEdge}) {
     for (const MazeKind kind : {MazeKind::pipe, MazeKind::threeD}) {

@@ -193,6 +193,9 @@ Outcome<Done> writeBook(const PlannedDocument& document, const std::vector<MazeR
                         const std::string& words, const DocumentWords& about, const BareStore& store,
                         QIODevice& device, const IsStopped& isStopped) {
   return withoutThrowing([&] {
+    const auto holdGoing = [&] {
+      if (isStopped && isStopped()) throw std::runtime_error("stopped");
+    };
     QPDF pdf;
     pdf.setSuppressWarnings(true);
     pdf.processMemoryFile("words", words.data(), words.size());
@@ -201,6 +204,7 @@ Outcome<Done> writeBook(const PlannedDocument& document, const std::vector<MazeR
     CommonResources common(pdf);
     auto planned = document.pages.begin();
     for (QPDFObjectHandle page : pdf.getAllPages()) {
+      holdGoing();
       PageDrawings drawings(streams);
       for (const PlacedMaze& placed : planned->mazes) {
         const MazeRecord& record = mazes[placed.maze];

@@ -13,7 +13,8 @@ class QIODevice;
 
 namespace gridwright::book {
 
-/// Asked before each drawing of a document; once it is true, nothing more is written, and that is a Fault.
+/// Asked before each page and each drawing of a document; once it is true, nothing more is written, and that
+/// is a Fault.
 using IsStopped = std::function<bool()>;
 
 /// What a document says of itself; none of it comes from a clock.

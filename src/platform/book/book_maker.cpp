@@ -27,7 +27,7 @@ Colour meanOf(const Bitmap& picture, int left, int top, int right, int bottom) {
     const Colour* row = picture.row(y);
     for (int x = left; x < right; ++x) {
       for (int c = 0; c < kChannels; ++c)
-        sums.at(static_cast<std::size_t>(c)) += row[x] >> (kBits * c) & 255U;
+        sums.at(static_cast<std::size_t>(c)) += static_cast<unsigned long>(row[x] >> (kBits * c) & 255);
     }
   }
   const auto count = static_cast<unsigned long>(right - left) * static_cast<unsigned long>(bottom - top);

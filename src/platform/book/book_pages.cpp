@@ -44,6 +44,8 @@ Outcome<Done> writeText(const std::string& text, QIODevice& device) {
   return Done{};
 }
 
+Outcome<Done> givenUp() { return Fault{Fault::Kind::notWritable, "stopped"}; }
+
 /// Everything that one run writes, up to where it takes its names.
 class Writing {
  public:
@@ -73,7 +75,8 @@ class Writing {
       DocumentWords about = documentWordsOf(list_.plan, list_.mazes.size());
       about.identity = identityOf(text_);
       about.subject = what + about.subject;
-      const std::string words = wordPagesOf(planned, list_.plan, list_.mazes);
+      const std::string words = wordPagesOf(planned, list_.plan, list_.mazes, isStopped_);
+      if (isStopped_ && isStopped_()) return givenUp();
       return writeBook(planned, list_.mazes, words, about, store_, device, isStopped_);
     });
   }
@@ -124,7 +127,7 @@ Outcome<Done> BookPages::finish(BookList& list, const BookRun& run, const IsStop
   Outcome<Done> done = list.part ? writing.part(files) : writing.book(files, planned);
   if (done && !run.list.empty()) done = writing.list(files);
   if (!done) return done;
-  if (isStopped && isStopped()) return Fault{Fault::Kind::notWritable, "stopped"};
+  if (isStopped && isStopped()) return givenUp();
   if (pictures_ != nullptr) done = pictures_->takeNames();
   if (done) {
     done = files.takeNames();

@@ -17,8 +17,6 @@
 
 namespace gridwright::book {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 constexpr std::string_view kBegin = "maze-", kAnswer = "-answer";
@@ -64,7 +62,7 @@ class BookPictures::Folder : public PicturesOnTheirWay {
   const std::string ending;
 };
 
-BookPictures::BookPictures(const BookPlan& plan, const BookRun& run) : plan_(plan), run_(run) {
+BookPictures::BookPictures(BookPlan plan, const BookRun& run) : plan_(std::move(plan)), run_(run) {
   for (const PictureFolder& wanted : pictureFoldersOf(run))
     folders_.push_back(std::make_unique<Folder>(wanted));
 }

@@ -28,7 +28,7 @@ std::vector<PictureFolder> pictureFoldersOf(const BookRun& run);
 
 class BookPictures {
  public:
-  BookPictures(const BookPlan& plan, const BookRun& run);
+  BookPictures(BookPlan plan, const BookRun& run);
   /// What has no name yet goes, and so does a folder that was made.
   ~BookPictures();
   BookPictures(const BookPictures&) = delete;

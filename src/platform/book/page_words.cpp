@@ -79,7 +79,7 @@ void paintWords(QPainter& painter, const PlannedPage& page, const BookPlan& plan
 }  // namespace
 
 std::string wordPagesOf(const PlannedDocument& document, const BookPlan& plan,
-                        const std::vector<MazeRecord>& mazes) {
+                        const std::vector<MazeRecord>& mazes, const IsStopped& isStopped) {
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter writer(&buffer);
@@ -91,6 +91,7 @@ std::string wordPagesOf(const PlannedDocument& document, const BookPlan& plan,
   painter.setLayoutDirection(Qt::LeftToRight);
   painter.translate(0, below * kDots);
   for (const PlannedPage& page : document.pages) {
+    if (isStopped && isStopped()) break;
     if (&page != &document.pages.front()) writer.newPage();
     paintWords(painter, page, plan, mazes);
   }

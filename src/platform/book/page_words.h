@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/book/book_document.h"
 #include "platform/book/page_plan.h"
 
 namespace gridwright::book {
@@ -12,7 +13,8 @@ namespace gridwright::book {
 /// for a name. It knows nothing of the mazes yet. Qt sets it, so that text of any language is text; that
 /// needs an application object, for its fonts. Its pages are whole points high: measured from their lower
 /// edge everything stands where it is planned.
+/// \param isStopped asked before each page; once it is true, that page and those behind it are left out.
 std::string wordPagesOf(const PlannedDocument& document, const BookPlan& plan,
-                        const std::vector<MazeRecord>& mazes);
+                        const std::vector<MazeRecord>& mazes, const IsStopped& isStopped = {});
 
 }  // namespace gridwright::book

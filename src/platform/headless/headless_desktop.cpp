@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "menus/enable_table.h"
-#include "platform/shared/end_signals.h"
 #include "platform/shared/image_files.h"
 #include "session/input.h"
 #include "session/workshop.h"
@@ -16,8 +15,8 @@
 namespace gridwright {
 
 namespace {
-constexpr std::int64_t kPatience = 50'000'000;  // pumps that `until` waits
-}
+constexpr int kRefused = 2;  // the status of a line that cannot be done
+}  // namespace
 
 HeadlessDesktop::HeadlessDesktop(std::string scriptName, std::string_view source, HeadlessOptions options)
     : scriptName_(std::move(scriptName)),
@@ -30,46 +29,19 @@ Size HeadlessDesktop::maximise() {
   return options_.size;
 }
 
-// The two waits that run through millions of pumps come first: a pump with nothing due costs a few
-// comparisons.
-void HeadlessDesktop::doEvents(Program& program, Pace pace) {
-  if (pace == Pace::housekeeping) return;
-  if (endSignal() != 0) throw ProgramEnd{};
-  while (waits(program, pace) == Turn::again) {
-    if (next_ == lines_.size()) throw ProgramEnd{};
-    line_ = &lines_[next_++];
-    if (runLine(program, *line_) == Turn::givePump) return;
-  }
+const ScriptLine* HeadlessDesktop::nextLine(Program&) {
+  return next_ == lines_.size() ? nullptr : &lines_[next_++];
 }
 
-HeadlessDesktop::Turn HeadlessDesktop::waits(Program& program, Pace pace) {
-  if (awaited_ != nullptr) {
-    if (awaited_->read(program) == awaitedValue_) {
-      awaited_ = nullptr;
-      pumpsLeft_ = 0;
-      return Turn::again;
-    }
-    if (pace == Pace::idle)
-      fail("nothing more happens, and it is " + std::to_string(awaited_->read(program)));
-    if (--pumpsLeft_ < 0) fail("not in time, it is " + std::to_string(awaited_->read(program)));
-    return Turn::givePump;
+HeadlessDesktop::Turn HeadlessDesktop::lineTaken(Program& program) {
+  line_ = nextLine(program);
+  if (line_ == nullptr) throw ProgramEnd{};
+  try {
+    return runLine(program, *line_);
+  } catch (const ScriptStop& stop) {
+    if (stop.status != kRefused || !goesOnAfter(stop)) throw;
+    return Turn::again;
   }
-  if (pumpsLeft_ > 0) {
-    --pumpsLeft_;
-    return Turn::givePump;
-  }
-  if (keysLeft_ > 0) return pressKey(program);
-  if (settling_ && pace != Pace::idle) return Turn::givePump;
-  settling_ = false;
-  return Turn::again;
-}
-
-// While the script waits it looks at nothing but the field it waits for.
-std::int64_t HeadlessDesktop::quietPumps(const Program& program) {
-  if (awaited_ != nullptr)
-    return isSteady(*awaited_) && awaited_->read(program) != awaitedValue_ ? pumpsLeft_ : 0;
-  if (pumpsLeft_ > 0) return pumpsLeft_;
-  return settling_ && keysLeft_ == 0 ? kPatience : 0;
 }
 
 struct HeadlessDesktop::Verb {
@@ -86,6 +58,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"type", &HeadlessDesktop::type},
       {"pagesetup", &HeadlessDesktop::pagesetup},
       {"export", &HeadlessDesktop::exportPicture},
+      {"book", &HeadlessDesktop::book},
       {"enter", &HeadlessDesktop::enter},
       {"escape", &HeadlessDesktop::escape},
       {"pick", &HeadlessDesktop::pick},
@@ -123,7 +96,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
       {"copyfile", &HeadlessDesktop::copyfile},
       {"editelsewhere", &HeadlessDesktop::editelsewhere},
       {"startat", &HeadlessDesktop::startat},
-      {"book", &HeadlessDesktop::book},
+      {"removefile", &HeadlessDesktop::removefile},
   });
   applyEnableTableIfChanged(program);
   const auto* verb =
@@ -133,7 +106,7 @@ HeadlessDesktop::Turn HeadlessDesktop::runLine(Program& program, const ScriptLin
 }
 
 void HeadlessDesktop::refuse(const std::string& reason) const {
-  throw ScriptStop{2, scriptName_ + ":" + std::to_string(line_->number) + ": " + reason};
+  throw ScriptStop{kRefused, scriptName_ + ":" + std::to_string(line_->number) + ": " + reason};
 }
 
 void HeadlessDesktop::fail(const std::string& reason) const {
@@ -296,24 +269,6 @@ HeadlessDesktop::Turn HeadlessDesktop::seed(Program& program, const ScriptLine&)
   if (value < 0 || value > 0xFFFFFFFFLL) refuse("not a 32-bit number: " + word(1));
   seed_ = static_cast<std::uint32_t>(value);
   program.random.seed(seed_);
-  return Turn::again;
-}
-
-HeadlessDesktop::Turn HeadlessDesktop::pumps(Program&, const ScriptLine&) {
-  pumpsLeft_ = number(1);
-  return Turn::again;
-}
-
-HeadlessDesktop::Turn HeadlessDesktop::settle(Program&, const ScriptLine&) {
-  settling_ = true;
-  return Turn::again;
-}
-
-HeadlessDesktop::Turn HeadlessDesktop::until(Program&, const ScriptLine& line) {
-  awaited_ = fieldNamed(word(1));
-  if (awaited_ == nullptr) refuse("no such field: " + word(1));
-  awaitedValue_ = number(2);
-  pumpsLeft_ = line.words.size() > 3 ? number(3) : kPatience;
   return Turn::again;
 }
 

@@ -50,7 +50,7 @@ class HeadlessDesktop : public Platform {
 
   void doEvents(Program& program, Pace pace) override;
   std::int64_t quietPumps(const Program& program) override;
-  void passOver(std::int64_t pumps) override { pumpsLeft_ -= std::min(pumps, pumpsLeft_); }
+  void passOver(std::int64_t pumps) override;
   Size clientSize() override { return options_.size; }
   std::filesystem::path contentFolder() override { return options_.contentFolder; }
   WindowPlace normalPlace() override { return {0, 0, options_.size.width, options_.size.height}; }
@@ -86,11 +86,19 @@ class HeadlessDesktop : public Platform {
   /// Writes the collected pages, if a document was asked for.
   Outcome<Done> writeDocument();
 
+ protected:
+  /// The line that comes next; null ends the program. Asked for when the program has taken the input before,
+  /// so that somebody who makes up lines as the program goes on sees what came of the last.
+  virtual const ScriptLine* nextLine(Program& program);
+  /// A line was refused, and nothing came of it. \returns whether the run goes on with the next.
+  virtual bool goesOnAfter(const ScriptStop& /*refusal*/) { return false; }
+
  private:
   enum class Turn { again, givePump };  // whether the script goes on within this pump
   struct Verb;
 
   Turn runLine(Program& program, const ScriptLine& line);
+  Turn lineTaken(Program& program);
   Turn waits(Program& program, Pace pace);
 
   Turn click(Program& program, const ScriptLine& line);
@@ -138,6 +146,7 @@ class HeadlessDesktop : public Platform {
   Turn sheet(Program& program, const ScriptLine& line);
   Turn editelsewhere(Program& program, const ScriptLine& line);
   Turn copyfile(Program& program, const ScriptLine& line);
+  Turn removefile(Program& program, const ScriptLine& line);
   Turn startat(Program& program, const ScriptLine& line);
 
   void expectPixel(const Program& program);
@@ -183,6 +192,7 @@ class HeadlessDesktop : public Platform {
   KeyGo keyGo_ = KeyGo::fresh;  // the passes of one line are one key held
   std::int64_t pumpsLeft_ = 0;  // of `pumps` or of `until`
   bool settling_ = false;
+  std::int64_t settlePumps_ = 0;  // that are left of `settle`
   const FieldName* awaited_ = nullptr;
   std::int64_t awaitedValue_ = 0;
 

@@ -111,8 +111,14 @@ Outcome<Picture> readJpeg(QIODevice& device, std::int64_t most, const std::strin
 /// Bitmaps have exact colours that mean something, so they are read as an import reads them.
 Outcome<Picture> readBitmap(QIODevice& device, std::int64_t most, const std::string& name) {
   device.seek(0);
-  const QByteArray bytes = device.readAll();
-  const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+  const auto viewOf = [](const QByteArray& bytes) {
+    return std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+  };
+  const QByteArray head = device.peek(kBitmapHead);
+  const auto wanted = bytesOfBitmap(viewOf(head), static_cast<std::uint64_t>(device.size()));
+  if (!wanted) return notWhole(name);
+  const QByteArray bytes = device.read(static_cast<qint64>(wanted.value()));
+  const std::string_view view = viewOf(bytes);
   const auto size = checkBitmapFile(view);
   if (!size) return notWhole(name);
   const int longest = std::max(size.value().width, size.value().height);

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "files/work_folder.h"
 #include "platform/qt/book_strip.h"
 #include "platform/qt/panels.h"
 
@@ -66,26 +67,26 @@ class FormArea : public QScrollArea {
 
 BookPage::BookPage(QWidget* parent)
     : QWidget(parent),
+      pictures_(new QListWidget(this)),
       drawing_(new QCheckBox("The dra&wing on the Canvas", this)),
       sheet_(new QCheckBox("The s&heet of the workshop", this)),
-      pictures_(new QListWidget(this)),
       names_(box("names", "none; a text with a name in each line")),
       number_(box("number", "1")),
-      walls_(box("walls", "10; or 14,10,8 in turn")),
-      title_(box("title", "none")),
-      caption_(box("caption", "none; {n} {picture} {seed} {cells} {difficulty}")),
-      seed_(box("seed", "0 to 4294967295")),
-      file_(box("file", "the book")),
       share_(new QComboBox(this)),
       kinds_(choices("kinds", "as each picture has it", {"regular", "3d", "pipe", "regular,3d,pipe"})),
+      walls_(box("walls", "10; or 14,10,8 in turn")),
       patterns_(choices("patterns", "each picture's own", {"none", "random", "random:8", "none,random"})),
       paper_(choices("paper", "a4", {"a4", "a3", "a5", "letter", "legal", "180x240mm"})),
       perPage_(choices("perpage", "1x1", {"1x1", "1x2", "2x2", "2x3", "3x4"})),
       answers_(choices("answers", "end", {"end", "after", "none", "answers.pdf"})),
       answersPerPage_(
           choices("answersperpage", "3x4; behind each as the mazes", {"1x1", "1x2", "2x2", "3x4", "4x6"})),
-      why_(new QLabel(this)),
+      title_(box("title", "none")),
+      caption_(box("caption", "none; {n} {picture} {seed} {cells} {difficulty}")),
+      seed_(box("seed", "0 to 4294967295")),
+      file_(box("file", "the book")),
       line_(new QLineEdit(this)),
+      why_(new QLabel(this)),
       strip_(new BookStrip(this)) {
   drawing_->setObjectName("drawing");
   sheet_->setObjectName("sheet");
@@ -108,39 +109,14 @@ BookPage::BookPage(QWidget* parent)
   orderTabs();
 }
 
-/// From top to bottom, as they stand.
+/// Buttons beside what they belong to; all else is made in its order, which Tab follows.
 void BookPage::orderTabs() {
-  QWidget* before = nullptr;
-  const auto next = [&before](QWidget* part) {
-    if (before != nullptr) setTabOrder(before, part);
-    before = part;
-  };
   const auto named = [this](const char* name) { return findChild<QWidget*>(name); };
-  for (QWidget* part : {static_cast<QWidget*>(pictures_),
-                        named("add"),
-                        named("remove"),
-                        static_cast<QWidget*>(drawing_),
-                        static_cast<QWidget*>(sheet_),
-                        static_cast<QWidget*>(names_),
-                        named("choosenames"),
-                        static_cast<QWidget*>(number_),
-                        static_cast<QWidget*>(share_),
-                        static_cast<QWidget*>(kinds_),
-                        static_cast<QWidget*>(walls_),
-                        static_cast<QWidget*>(patterns_),
-                        static_cast<QWidget*>(paper_),
-                        static_cast<QWidget*>(perPage_),
-                        static_cast<QWidget*>(answers_),
-                        static_cast<QWidget*>(answersPerPage_),
-                        static_cast<QWidget*>(title_),
-                        static_cast<QWidget*>(caption_),
-                        static_cast<QWidget*>(seed_),
-                        static_cast<QWidget*>(file_),
-                        static_cast<QWidget*>(line_),
-                        named("copy"),
-                        named("make"),
-                        named("cancel")})
-    next(part);
+  setTabOrder(pictures_, named("add"));
+  setTabOrder(named("add"), named("remove"));
+  setTabOrder(named("remove"), drawing_);
+  setTabOrder(names_, named("choosenames"));
+  setTabOrder(named("choosenames"), number_);
 }
 
 QLineEdit* BookPage::box(const char* name, const char* placeholder) {
@@ -341,7 +317,7 @@ void BookPage::showLine() {
 
 void BookPage::add(const std::vector<std::filesystem::path>& files) {
   for (const std::filesystem::path& file : files) {
-    if (file.extension() == ".txt") {
+    if (inLowerCase(file.extension().string()) == ".txt") {
       setNames(file);
     } else {
       pictures_->addItem(nameOf(file));

@@ -58,12 +58,15 @@ class BookPage : public QWidget {
   void show(const BookWish& wish);
   void showLine();
 
-  QCheckBox *drawing_, *sheet_;
+  // As they stand, since in this order Tab goes through them.
   QListWidget* pictures_;
-  QLineEdit *names_, *number_, *walls_, *title_, *caption_, *seed_, *file_;
-  QComboBox *share_, *kinds_, *patterns_, *paper_, *perPage_, *answers_, *answersPerPage_;
+  QCheckBox *drawing_, *sheet_;
+  QLineEdit *names_, *number_;
+  QComboBox *share_, *kinds_;
+  QLineEdit* walls_;
+  QComboBox *patterns_, *paper_, *perPage_, *answers_, *answersPerPage_;
+  QLineEdit *title_, *caption_, *seed_, *file_, *line_;
   QLabel* why_;
-  QLineEdit* line_;
   BookStrip* strip_;
   BookFiles files_;
   std::filesystem::path folder_;

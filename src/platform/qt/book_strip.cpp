@@ -2,24 +2,13 @@
 
 #include <QPainter>
 
+#include "platform/shared/image_files.h"
+
 namespace gridwright {
 
 namespace {
 
 constexpr int kGap = 6;  // round each picture
-
-QImage imageOf(const Bitmap& picture) {
-  QImage image(picture.width, picture.height, QImage::Format_RGB32);
-  for (int y = 0; y < picture.height; ++y) {
-    auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-    for (int x = 0; x < picture.width; ++x) {
-      const Colour colour = picture.at(x, y);
-      row[x] = qRgb(static_cast<int>(colour & 255U), static_cast<int>(colour >> 8 & 255U),
-                    static_cast<int>(colour >> 16 & 255U));
-    }
-  }
-  return image;
-}
 
 }  // namespace
 

@@ -77,9 +77,11 @@ class CanvasView : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
-  /// Tab leads nowhere, but to what can have the keyboard beside the Canvas just now.
+  /// Tab leads nowhere from the Canvas, but to what can have the keyboard beside it just now. From a part of
+  /// a panel that stands on it, it goes on.
   bool focusNextPrevChild(bool next) override {
-    return focusPolicy() != Qt::NoFocus && QWidget::focusNextPrevChild(next);
+    return (window()->focusWidget() != this || focusPolicy() != Qt::NoFocus) &&
+           QWidget::focusNextPrevChild(next);
   }
 
  private:

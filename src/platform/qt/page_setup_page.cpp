@@ -75,7 +75,9 @@ PageSetupPage::PageSetupPage(QWidget* parent)
   form->addRow("P&aper", paper_);
   form->addRow("Ori&entation", orientation_);
   form->addRow("Mar&gins in mm", margin_);
-  form->addRow("T&iles", buildTiles());
+  auto* tiles = buildTiles();
+  form->addRow("T&iles", tiles);
+  static_cast<QLabel*>(form->labelForField(tiles))->setBuddy(columns_);
   column->addLayout(form);
   column->addWidget(buildButtons());
 }
@@ -98,7 +100,6 @@ QWidget* PageSetupPage::buildTiles() {
   row->addWidget(rows_);
   row->addWidget(new QLabel("down", part));
   row->addStretch(1);
-  part->setFocusProxy(columns_);
   return part;
 }
 

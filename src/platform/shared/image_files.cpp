@@ -13,6 +13,7 @@
 #include <system_error>
 #include <utility>
 
+#include "canvas/bitmap_check.h"
 #include "canvas/bitmap_decode.h"
 #include "canvas/bitmap_encode.h"
 #include "canvas/canvas.h"
@@ -23,14 +24,8 @@
 
 namespace gridwright {
 
-namespace {
-
-constexpr std::uintmax_t kLargestFile = 512U << 20;  // 100 million pixels of 32 bits, and some
-
-}  // namespace
-
 Outcome<Bitmap> readBitmapFile(const FilePlace& place) {
-  const auto bytes = readPlainFile(place, kLargestFile);
+  const auto bytes = readWantedBytes(place, kBitmapHead, bytesOfBitmap);
   if (!bytes) return bytes.fault();
   return decodeBitmapFile(bytes.value(), Canvas::kSide);
 }

@@ -103,8 +103,9 @@ bool AmendedPdf::amend(const PdfAbout& about, const PageLabels& labels) {
   std::string places = "xref\n";
   for (const auto& [number, object] : objects) {
     std::array<char, 40> place{};
+    const std::int64_t at = written_ + static_cast<std::int64_t>(text.size());
     std::snprintf(place.data(), place.size(), "%lld 1\n%010lld 00000 n \n", static_cast<long long>(number),
-                  static_cast<long long>(written_ + static_cast<std::int64_t>(text.size())));
+                  static_cast<long long>(at));
     places += place.data();
     text.append(std::to_string(number)).append(" 0 obj\n").append(object).append("\nendobj\n");
   }
