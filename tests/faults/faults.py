@@ -5,7 +5,7 @@ faults.py --headless PROGRAM --book PROGRAM --disk LIBRARY [--points N] [--kills
 
 A session saves, replaces, prints and keeps. It is run once as it is, which tells how often it changes anything on
 the disk, and what each file holds after each save. Then again and again, and from the n-th change on the disk is
-full, or read-only; or the n-th alone fails; or all files are gone before it; or the program is killed there. After
+full, or read-only; or the n-th alone fails; or the program is killed there (or, if asked for, all files vanish). After
 each the program is started once more on a sound disk, and then:
 
   what was saved before is there whole, or what was saved over it, and of a pair both;
@@ -403,7 +403,8 @@ def main():
     words.add_argument("--points", type=int, default=0)
     words.add_argument("--kills", type=int)
     words.add_argument("--sessions", default="day,book")
-    words.add_argument("--kinds", default="full,readonly,once,kill")  # and vanish
+    words.add_argument("--kinds", default="full,readonly,once,kill",
+                       help="vanish is known too")
     words.add_argument("--seed", type=int, default=1)
     options = words.parse_args()
     machine = Machine(options)

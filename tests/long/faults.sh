@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A disk that fails at each change that a session and a book make, a printer at each page, and two thousand kills.
+# A disk that fails at each change that a session and a book make, and two thousand kills.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 source .ci/steps.sh
