@@ -16,7 +16,7 @@ bool carvesAnything(const ColourSets& sets, const Patches& patches) {
     const Colour colour = Canvas::colourOf(raw);
     return sets.isMaze(colour) || colour == kCursorColour;
   };
-  for (const Patch& patch : patches) {
+  for (const KeptPatch& patch : patches) {
     const auto before = unpacked(patch.before);
     const auto after = unpacked(patch.after);
     for (std::size_t i = 0; i < before.size(); ++i) {

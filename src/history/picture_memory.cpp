@@ -6,8 +6,8 @@
 namespace gridwright {
 
 std::size_t bytesOf(const Patches& patches) {
-  std::size_t bytes = patches.capacity() * sizeof(Patch);
-  for (const Patch& patch : patches) bytes += patch.before.capacity() + patch.after.capacity();
+  std::size_t bytes = patches.capacity() * sizeof(KeptPatch);
+  for (const KeptPatch& patch : patches) bytes += patch.before.capacity() + patch.after.capacity();
   return bytes;
 }
 
@@ -72,12 +72,12 @@ void PictureMemory::takeBox(const Canvas& canvas, const Canvas::Dirty& box, Patc
 
 void PictureMemory::putBefore(Canvas& canvas, const Patches& patches) {
   std::for_each(patches.rbegin(), patches.rend(),
-                [&](const Patch& patch) { put(canvas, patch.box, patch.before); });
+                [&](const KeptPatch& patch) { put(canvas, patch.box, patch.before); });
   takeOver(canvas);
 }
 
 void PictureMemory::putAfter(Canvas& canvas, const Patches& patches) {
-  for (const Patch& patch : patches) put(canvas, patch.box, patch.after);
+  for (const KeptPatch& patch : patches) put(canvas, patch.box, patch.after);
   takeOver(canvas);
 }
 

@@ -12,11 +12,11 @@
 namespace gridwright {
 
 /// A box of the persistent plane that has changed, with the marks of what was covered.
-struct Patch {
+struct KeptPatch {
   Canvas::Dirty box;
   Runs before, after;
 };
-using Patches = std::vector<Patch>;
+using Patches = std::vector<KeptPatch>;
 
 /// How many bytes patches take.
 std::size_t bytesOf(const Patches& patches);
