@@ -55,7 +55,10 @@ Left editLoop(Program& program) {
     const bool waits = !changed && !s.editor.randomRunning && !s.walker.sweepActive;
     yield(program, waits || s.paused ? Pace::idle : Pace::working);
     if (s.phase == Phase::quitToTitle) return Left::quit;
-    if (s.editor.randomRunning && watch.isOver(program)) endRandomRun(s);
+    if (s.editor.randomRunning && watch.isOver(program)) {
+      endRandomRun(s);
+      watch = {};  // the next run is looked at from its own beginning
+    }
     if (s.phase == Phase::patternRequest) return Left::rebuild;
     if (s.editedPattern != 0 && s.editedPattern != seen) {
       closeOpenPattern(program);

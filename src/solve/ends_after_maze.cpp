@@ -73,9 +73,7 @@ void readCover(const Program& program, const Square& square, Colour endColour, C
 }  // namespace
 
 bool standsOnCarved(const Program& program, const Square& square) {
-  const bool isWhole =
-      square.right < program.canvas.scaleWidth() && square.bottom < program.canvas.scaleHeight();
-  return isPlaced(square) && isWhole && program.pixels().carved(square.left, square.top);
+  return isPlaced(square) && program.pixels().carved(square.left, square.top);
 }
 
 Square searchCarvedFinish(const Program& program) {

@@ -5,8 +5,7 @@
 
 namespace gridwright {
 
-/// Whether the square is placed on carved ground, a maze pixel or the walker's cursor, and lies wholly on the
-/// Canvas: paper in a colour of the corridors may reach its edge.
+/// Whether the square is placed on carved ground: a maze pixel or the walker's cursor.
 bool standsOnCarved(const Program& program, const Square& square);
 
 /// A carved cell searched from the far corner, passing over the start's.

@@ -90,9 +90,6 @@ void bestCellTest(ProgramState& state) {
       longer && (!underpassesCount || solver.pathUnderpasses >= solver.bestPathUnderpasses);
   const bool moreWins = (underpassesCount || longer) && solver.pathUnderpasses > solver.bestPathUnderpasses;
   if (!longerWins && !moreWins) return;
-  // On ground in a colour of the corridors the walk comes to cells that the edge of the Canvas cuts off.
-  const Square& q = state.cur;
-  if (q.left < 0 || q.top < 0 || q.right >= state.canvasWidth || q.bottom >= state.canvasHeight) return;
   solver.bestPathUnderpasses = solver.pathUnderpasses;
   solver.bestPathLength = solver.pathLength;
   state.finish = state.cur;

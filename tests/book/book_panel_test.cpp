@@ -302,12 +302,13 @@ TEST_F(AShopWithATwin, SaysInOneLineWhyThereIsNoBook) {
     EXPECT_EQ(files(), before) << options;
   };
   folder.put("there.pdf", "mine");
-  fs::create_directory(folder.path() / "a.folder");
+  fs::create_directory(folder.path() / "folder.pdf");
   twin("");  // what the program leaves behind of itself
   goneAndWhy("--wall 3", "--wall 3: a wall is 5 to 50 pixels");
   goneAndWhy("-n 0", "-n 0: a picture has 1 to 1000000 mazes");
   goneAndWhy("-o there.pdf", "there.pdf is there already; another name keeps it");
-  goneAndWhy("-o a.folder", in("a.folder") + " is no plain file");
+  goneAndWhy("-o folder.pdf", "folder.pdf is there already; another name keeps it");
+  goneAndWhy("-o a.folder", "a book's name ends in .pdf, not so a.folder");
   goneAndWhy("-o gone/b.pdf", in("gone/b.pdf") + " can't be written: no such folder");
   goneAndWhy("gone.png", "no book is made: " + in("gone.png") + ": there is no such file");
   goneAndWhy("closet.bmp",

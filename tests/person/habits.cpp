@@ -144,6 +144,24 @@ std::string pageDeed(Choices& choices) {
   return "pagesetup " + std::string(choices.oneOf(kWords)) + " " + std::string(choices.oneOf(kWords));
 }
 
+std::string exportDeed(Choices& choices) {
+  static constexpr auto kFiles = std::to_array<std::string_view>(
+      {"a.png", "b.svg", "c.pdf", "A.PNG", "room.png", "none", "x.gif", "gone/a.png", ".png", "a.png"});
+  static constexpr auto kWords = std::to_array<std::string_view>(
+      {"", " dpi=72", " answer=0", " answer=1", " clear=1", " dpi=100 clear=1"});
+  return "export " + std::string(choices.oneOf(kFiles)) + std::string(choices.oneOf(kWords));
+}
+
+std::string bookDeed(Choices& choices) {
+  static constexpr auto kOptions = std::to_array<std::string_view>(
+      {"--drawing", "--drawing -n 2", "--sheet", "room.png", "gone.png", "--words numbers.txt",
+       "--drawing --wall 3", "--drawing --kind 3d,pipe --total 2", "--drawing -o a.txt",
+       "--drawing --answers none --paper a6", "--drawing --patterns random:5 --per-page 1x2 --title Mia"});
+  if (choices.oneIn(2)) return "cancel";
+  if (choices.oneIn(4)) return "accept";
+  return "book " + inQuotes(choices.oneOf(kOptions));
+}
+
 /// What somebody chooses who wants to see a maze solved, and then another.
 Item nextGoal(const Program& program, Choices& choices) {
   switch (program.state.phase) {
@@ -237,6 +255,7 @@ std::string workDeed(const Program& program, Choices& choices) {
   if (what < 9) return keyDeed(program, choices);
   if (what < 15) return menuDeed(program, choices);
   if (what < 19) return waitDeed(program, choices);
+  if (choices.oneIn(4)) return exportDeed(choices);
   return program.state.phase == Phase::drawing
              ? "startat " + choices.numberBetween(0, 300) + " " + choices.numberBetween(0, 300)
              : keyDeed(program, choices);
@@ -264,6 +283,8 @@ std::string nextDeed(const Program& program, Choices& choices) {
   }
   if (program.workshop.open) return workshopDeed(program, choices);
   if (program.pages.open) return pageDeed(choices);
+  if (program.exporting.open) return choices.oneIn(2) ? "cancel" : exportDeed(choices);
+  if (program.book.open) return bookDeed(choices);
   for (const ControlId box : kBoxes) {
     if (isShown(program, box)) return boxDeed(program, box, choices);
   }

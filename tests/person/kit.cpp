@@ -114,7 +114,7 @@ void makeSteps(const fs::path& folder) {
   put(folder / "turns.pat", formatSet({{{5}, {5, 5}, {5}, {5}}}));
   put(folder / "good.steps", formatSteps({1, 3, 1, 1, 4, 2}));
   put(folder / "turns.steps", formatSteps({5, 5, 5}));
-  put(folder / "long.steps", formatSteps(Steps(5000, 3)));
+  put(folder / "long.steps", formatSteps(Steps(200, 3)));
   put(folder / "words.steps", "one\r\ntwo,,,,\r\n99999999999999999999\r\n-7\r\n");
   put(folder / "empty.steps", "");
 }

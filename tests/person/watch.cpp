@@ -101,7 +101,8 @@ std::string itemsAgainstTable(const Program& program) {
 
 std::string lockedPanel(const Program& program) {
   const ProgramState& s = program.state;
-  const bool hasOther = program.workshop.open || program.pages.open || s.editedPattern != 0;
+  const bool hasOther = program.workshop.open || program.pages.open || program.exporting.open ||
+                        program.book.open || s.editedPattern != 0;
   if (!s.panelOpen || hasOther) return {};
   for (std::size_t row = 0; row < kControlCount; ++row) {
     const ControlId id = controlAt(row);

@@ -128,19 +128,6 @@ TEST(InThe3dKind, TheEightNeighboursOfTheStartAreTriedFromTheLeftAndAboveOn) {
   }
 }
 
-TEST(ANeighbourThatTheEdgeCutsOff, IsNoPlaceForAnEnd) {
-  Text cells(3, "....");
-  After a(cells);
-  a.canvas.resize({45, 40});  // of the last column half is there
-  a.canvas.fill(41, 0, 44, 39, kWhite);
-  a.canvas.fill(squareOf(3, 1), kWhite);
-  a.state.mazeKind = MazeKind::threeD;
-  a.state.cur = squareOf(1, 1);
-  a.state.finish = squareOf(3, 2);
-  makeEndsGood(a.program);
-  EXPECT_EQ(a.state.finish, squareOf(3, 1));
-}
-
 TEST(TheCoverColours, AreReadUnderTheEndsAndKeptWhereAnEndShowsItself) {
   After a({"****", "****"});
   a.state.finish = squareOf(3, 2);

@@ -289,21 +289,6 @@ TEST(ACell, WinsByTheRulesOfItsOption) {
   }
 }
 
-TEST(ACellThatTheEdgeCutsOff, IsNoFinish) {
-  Searching s(kTwoArms, squareOf(2, 2));
-  const int columns = s.state.canvasWidth / 10;
-  const int rows = s.state.canvasHeight / 10;
-  for (const Square& outside : {squareOf(columns, 3), squareOf(3, rows), squareOf(-1, 3), squareOf(3, -1)}) {
-    s.state.solver.pathLength = 5;
-    s.state.cur = outside;
-    bestCellTest(s.state);
-    EXPECT_TRUE(s.state.finish.sameCorner(kTakenOff)) << outside.left << ", " << outside.top;
-  }
-  s.state.cur = squareOf(columns - 1, rows - 1);
-  bestCellTest(s.state);
-  EXPECT_TRUE(s.state.finish.sameCorner(squareOf(columns - 1, rows - 1)));
-}
-
 TEST(APlayMode, IsParkedDuringASearchAndComesBackAtItsEnd) {
   Searching s(kTwoArms, squareOf(2, 2));
   s.desktop.pumpsPass(5);

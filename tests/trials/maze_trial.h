@@ -46,7 +46,7 @@ struct TrialOutcome {
 
 /// How many passes a maze takes at most with search and answer: so many for each cell of the grid, more where
 /// the drawing shows colours of the corridors, and so many besides.
-inline constexpr std::int64_t kMostPassesOfACell = 2'000, kMostPassesOfACellOnPaper = 200'000;
+inline constexpr std::int64_t kMostPassesOfACell = 5'000, kMostPassesOfACellOnPaper = 200'000;
 inline constexpr std::int64_t kMostPassesBesides = 200'000;
 
 /// Makes the maze in a program of its own, in any thread.

@@ -1,10 +1,13 @@
 #include "platform/qt/book_bar.h"
 
+#include <algorithm>
+
 namespace gridwright {
 
 namespace {
 
-constexpr int kBarLetters = 16;  // wide
+constexpr int kBarLetters = 16;  // wide at least
+constexpr int kRoundWords = 3;   // letters that stay free beside its words
 
 }  // namespace
 
@@ -24,7 +27,6 @@ BookBar::BookBar(QWidget* parent, QBoxLayout* row)
   progress_->setObjectName("BookProgress");
   progress_->setAccessibleName("mazes of the book that are made");
   progress_->setFormat("%v of %m");
-  progress_->setFixedWidth(kBarLetters * fontMetrics().averageCharWidth());
   pages_->setObjectName("BookPages");
   pages_->setCheckable(true);
   pages_->setToolTip("the pages made so far, as small pictures");
@@ -46,6 +48,10 @@ void BookBar::mirror(const BookMaking& making, bool alone) {
     shown_ = making.revision;
     progress_->setRange(0, static_cast<int>(making.all));  // 0 of 0 moves to and fro: files are read
     progress_->setValue(static_cast<int>(making.done));
+    const QFontMetrics letters = progress_->fontMetrics();
+    const int words = letters.horizontalAdvance(QString("%1 of %1").arg(making.all));
+    progress_->setFixedWidth(
+        std::max(kBarLetters * letters.averageCharWidth(), words + kRoundWords * letters.averageCharWidth()));
     pages_->setChecked(making.pagesShown);
     cancel_->setEnabled(!making.stopping);
     setVisible(making.underWay);

@@ -222,16 +222,8 @@ QWidget* BookPage::buildButtons() {
   const auto accept = [this] { onAccept(wish()); };
   connect(make, &QPushButton::clicked, this, accept);
   connect(cancel, &QPushButton::clicked, this, [this] { onCancel(); });
-  const auto enter = [this, accept] {
-    auto* pressed = dynamic_cast<QPushButton*>(window()->focusWidget());
-    if (pressed == nullptr) return accept();
-    pressed->click();
-  };
-  for (const auto code : {Qt::Key_Return, Qt::Key_Enter})
-    connect(new QShortcut(code, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, enter);
-  connect(new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-          &QShortcut::activated, this, [this] { onCancel(); });
+  onEnter(*this, accept);
+  onEscape(*this, [this] { onCancel(); });
   connect(new QShortcut(Qt::Key_Delete, pictures_, nullptr, nullptr, Qt::WidgetShortcut),
           &QShortcut::activated, this, [this] { removePictures(); });
   return part;

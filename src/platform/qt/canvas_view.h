@@ -78,10 +78,11 @@ class CanvasView : public QWidget {
   void keyReleaseEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   /// Tab leads nowhere from the Canvas, but to what can have the keyboard beside it just now. From a part of
-  /// a panel that stands on it, it goes on.
+  /// a panel that stands on it, it goes on; not from one that was just hidden.
   bool focusNextPrevChild(bool next) override {
-    return (window()->focusWidget() != this || focusPolicy() != Qt::NoFocus) &&
-           QWidget::focusNextPrevChild(next);
+    const QWidget* has = window()->focusWidget();
+    const bool leads = has == this || has == nullptr ? focusPolicy() != Qt::NoFocus : has->isVisible();
+    return leads && QWidget::focusNextPrevChild(next);
   }
 
  private:

@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -88,16 +87,8 @@ QWidget* ExportPage::buildButtons() {
   const auto accept = [this] { onAccept(wish()); };
   connect(write, &QPushButton::clicked, this, accept);
   connect(cancel, &QPushButton::clicked, this, [this] { onCancel(); });
-  const auto enter = [this, accept] {
-    auto* focused = dynamic_cast<QPushButton*>(window()->focusWidget());
-    if (focused == nullptr) return accept();
-    focused->click();
-  };
-  for (const auto code : {Qt::Key_Return, Qt::Key_Enter})
-    connect(new QShortcut(code, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, enter);
-  connect(new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-          &QShortcut::activated, this, [this] { onCancel(); });
+  onEnter(*this, accept);
+  onEscape(*this, [this] { onCancel(); });
   return part;
 }
 

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -124,16 +123,8 @@ QWidget* PageSetupPage::buildButtons() {
   connect(more, &QPushButton::clicked, this, [this] { onMore(); });
   connect(use, &QPushButton::clicked, this, accept);
   connect(cancel, &QPushButton::clicked, this, [this] { onCancel(); });
-  const auto enter = [this, accept] {
-    auto* button = dynamic_cast<QPushButton*>(window()->focusWidget());
-    if (button == nullptr) return accept();
-    button->click();
-  };
-  for (const auto code : {Qt::Key_Return, Qt::Key_Enter})
-    connect(new QShortcut(code, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, enter);
-  connect(new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-          &QShortcut::activated, this, [this] { onCancel(); });
+  onEnter(*this, accept);
+  onEscape(*this, [this] { onCancel(); });
   return part;
 }
 

@@ -7,8 +7,10 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/swatch_button.h"
 #include "platform/qt/swatch_frame.h"
@@ -83,6 +85,21 @@ QString buttonText(ControlId id, std::string_view caption) {
   if (row == kMnemonics.end()) return text;
   const qsizetype place = text.indexOf(row->word);
   return place < 0 ? text : text.insert(place, '&');
+}
+
+void onEnter(QWidget& page, std::function<void()> accept) {
+  const auto enter = [&page, accept = std::move(accept)] {
+    auto* button = dynamic_cast<QPushButton*>(page.window()->focusWidget());
+    button == nullptr ? accept() : button->click();
+  };
+  for (const auto code : {Qt::Key_Return, Qt::Key_Enter})
+    QObject::connect(new QShortcut(code, &page, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+                     &QShortcut::activated, &page, enter);
+}
+
+void onEscape(QWidget& page, std::function<void()> cancel) {
+  QObject::connect(new QShortcut(Qt::Key_Escape, &page, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+                   &QShortcut::activated, &page, std::move(cancel));
 }
 
 PanelFrame::PanelFrame(QWidget* parent) : QFrame(parent) {

@@ -44,6 +44,11 @@ inline constexpr std::array kSwatchPanels = {
     SwatchPanel{ControlId::Label7, ControlId::Check35, false},
 };
 
+/// Enter anywhere on a page does this, but on a button what that does.
+void onEnter(QWidget& page, std::function<void()> accept);
+/// Escape anywhere on a page does this.
+void onEscape(QWidget& page, std::function<void()> cancel);
+
 /// A frame in the window's own colours that keeps mouse presses from the Canvas under it.
 class PanelFrame : public QFrame {
  public:

@@ -7,7 +7,6 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -151,14 +150,7 @@ QWidget* PreparePage::buildButtons() {
   connect(use_, &QPushButton::clicked, this, [this] { onUse(); });
   connect(asItIs_, &QPushButton::clicked, this, [this] { onAsItIs(); });
   connect(cancel_, &QPushButton::clicked, this, [this] { onCancel(); });
-  const auto enter = [this] {
-    auto* button = dynamic_cast<QPushButton*>(focusWidget());
-    if (button == nullptr) return onUse();
-    button->click();
-  };
-  for (const auto code : {Qt::Key_Return, Qt::Key_Enter})
-    connect(new QShortcut(code, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-            &QShortcut::activated, this, enter);
+  onEnter(*this, [this] { onUse(); });
   return part;
 }
 
