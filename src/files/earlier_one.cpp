@@ -28,7 +28,7 @@ FilePlace heldName(const FilePlace& target) { return buildingName(earlierName(ta
 
 bool holdEarlier(const FilePlace& target) {
   const FilePlace held = heldName(target);
-  if (!removeFile(held)) return false;  // of a save that was cut off
+  if (isThere(held) && !removeFile(held)) return false;  // of a save that was cut off
   if (!isThere(target)) return true;
   if (isNoPlainFile(earlierName(target))) return false;
   return ::linkat(target.folder(), target.name(), held.folder(), held.name(), 0) == 0 ||

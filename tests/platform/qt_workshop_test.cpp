@@ -270,7 +270,7 @@ TEST(TheSheetElsewhere, IsLookedAtOnlyWhileItIsThere) {
   const QString file = w.folder.path() + "/sheet.png";
   picture.save(file);
   w.program.workshop.elsewhere = file.toStdString();
-  w.program.workshop.mark = markOf(w.program.workshop.elsewhere);
+  w.program.workshop.mark = markOf(*w.program.workshop.elsewhere);
   ++w.program.workshop.revision;
   w.inputs([] {});
   EXPECT_TRUE(timer->isActive());

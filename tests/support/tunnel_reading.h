@@ -157,7 +157,7 @@ class TunnelReading {
   }
   /// A cell whose one opening is behind it, with carved ground before it, is a tunnel's mouth: the
   /// tunnel ends at the mouth that matches as brackets do, or stops on the way at a cell closed all
-  /// round.
+  /// round, from which it goes on where carved ground lies before that.
   void readTunnel(int mouth, int d) {
     const int back = d ^ 1;
     if (!carved(mouth) || openings(mouth) != 1 || !open(mouth, back)) return;
@@ -179,7 +179,7 @@ class TunnelReading {
       }
       join(from, cell, span);
       ++tunnels_;
-      if (depth == 0) return;
+      if (depth == 0 || beside(cell, d) == -1 || !carved(beside(cell, d))) return;
       from = cell;
       span = 0;
     }
