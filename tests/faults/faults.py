@@ -5,7 +5,7 @@ faults.py --headless PROGRAM --book PROGRAM --disk LIBRARY [--points N] [--kills
 
 A session saves, replaces, prints and keeps. It is run once as it is, which tells how often it changes anything on
 the disk, and what each file holds after each save. Then again and again, and from the n-th change on the disk is
-full, or read-only; or the n-th alone fails; or the program is killed there (or, if asked for, all files vanish). After
+full, or read-only; or the n-th alone fails; or the program is killed there; or all files of its folder vanish. After
 each the program is started once more on a sound disk, and then:
 
   what was saved before is there whole, or what was saved over it, and of a pair both;
@@ -28,6 +28,7 @@ import subprocess
 import sys
 import tempfile
 import time
+import typing
 from pathlib import Path
 
 NAVY, BLUE = 0x800000, 0xFF0000  # as a file has them: blue first
@@ -91,6 +92,9 @@ class Words:
         return self.say("menu workshop", "newsheet", f"tool rectangle size=4 colour={colour}", "press 20 20",
                         "release 90 60", "cancel")
 
+    def before_the_drawing(self):
+        return "\n".join(self.lines[:self.lines.index("menu importdrawing")]) + "\n"
+
     def text(self):
         return "\n".join(self.lines) + "\n"
 
@@ -104,7 +108,7 @@ def yesterday(words):
 def today(words):
     words.take("room").say("tick autosave").save("cat").take("two").save("dog")
     words.load_set("beta").save_set("wave").save_set("tide").sheet(5).job()
-    return words.say("key 76", "key 76", "tick autosave").save("cat")
+    return words.say("key 76", "key 76", "tick autosave").save("cat").say("close")
 
 
 def only_saves(words):
@@ -152,6 +156,14 @@ def is_whole_bitmap(data):
 
 def is_whole_document(data):
     return data.startswith(b"%PDF-") and data.rstrip().endswith(b"%%EOF") and b"startxref" in data[-100:]
+
+
+class Reference(typing.NamedTuple):
+    count: int          # changes of the disk
+    spent: float        # seconds
+    generations: dict   # what each saved name held, the oldest first
+    plain: set          # the names in the folder afterwards
+    begun: int          # changes before there was a drawing
 
 
 class Machine:
@@ -215,35 +227,39 @@ class Machine:
         shutil.copytree(self.yesterday, folder)
         return folder
 
+    def counted(self, folder, command):
+        """How often the command changes the disk, and how long it takes."""
+        begin = time.monotonic()
+        result = self.run(folder, command, "count:0")
+        spent = time.monotonic() - begin
+        hold(result.returncode == 0, f"{command}: {result.stderr.decode()}")
+        return int((folder / "count").read_text()), spent
+
     def reference(self, name):
-        """How often the session changes the disk, how long it takes, and all that its files may hold."""
+        """What the session does on a sound disk."""
         if name in self.pool:
             return self.pool[name]
         folder = self.fresh()
         if name == "book":
-            begin = time.monotonic()
-            result = self.run(folder, self.book_command(folder), "count:0")
-            spent = time.monotonic() - begin
-            hold(result.returncode == 0, f"{name}: {result.stderr.decode()}")
-            count = int((folder / "count").read_text())
+            known = Reference(*self.counted(folder, self.book_command(folder)), {}, set(), 0)
         else:
-            begin = time.monotonic()
-            result = self.run(folder, self.command(folder, SESSIONS[name](Words()).text()), "count:0")
-            spent = time.monotonic() - begin
-            hold(result.returncode == 0, f"{name}: {result.stderr.decode()}")
-            count = int((folder / "count").read_text())
+            words = SESSIONS[name](Words())
+            count, spent = self.counted(folder, self.command(folder, words.text()))
             plain = {path.name for path in (folder / "work").iterdir()}
-            words = SESSIONS[name](Words(references=True))
-            shutil.rmtree(folder)
-            shutil.copytree(self.yesterday, folder)
-            self.sound(folder, self.command(folder, words.text()))
             hold(count > 0, f"{name} changes nothing")
-            self.pool[name] = (count, spent, self.generations(folder / "work"), plain)
-            shutil.rmtree(folder)
-            return self.pool[name]
-        self.pool[name] = (count, spent, {}, set())
+            folder = self.again(folder)
+            begun, _ = self.counted(folder, self.command(folder, words.before_the_drawing()))
+            folder = self.again(folder)
+            self.sound(folder, self.command(folder, SESSIONS[name](Words(references=True)).text()))
+            known = Reference(count, spent, self.generations(folder / "work"), plain, begun)
+        self.pool[name] = known
         shutil.rmtree(folder)
-        return self.pool[name]
+        return known
+
+    def again(self, folder):
+        shutil.rmtree(folder)
+        shutil.copytree(self.yesterday, folder)
+        return folder
 
     def generations(self, work):
         """For each saved name what it held, the oldest first: yesterday's one before, yesterday's, today's."""
@@ -264,7 +280,7 @@ class Machine:
     # What must hold -----------------------------------------------------------------------------------------------
 
     def check_saved(self, work, name, vanished):
-        for base, (endings, generations) in self.reference(name)[2].items():
+        for base, (endings, generations) in self.reference(name).generations.items():
             present = tuple(self.bytes_of(work / (base + e)) for e in endings)
             before = tuple(self.bytes_of(work / (base + e + "~")) for e in endings)
             known = generations[1:]
@@ -292,7 +308,7 @@ class Machine:
                 json.loads(data)
 
     def check_names(self, folder, name):
-        plain = self.reference(name)[3]
+        plain = self.reference(name).plain
         beside = plain | PICTURES_IN_HAND | KEPT | {n + "~" for n in plain if n[0] in "cdwt" and not n.endswith("~")}
         there = {path.name for path in (folder / "work").iterdir()}
         hold(there <= beside, f"left behind: {sorted(there - beside)}")
@@ -306,6 +322,9 @@ class Machine:
     def check_day(self, folder, name, fault):
         """After a fault, and a start on a sound disk."""
         vanished = fault.startswith("vanish")
+        # What vanished before there was a drawing, or after the program had closed, could not be kept anew.
+        nothing_to_keep = vanished and (int(fault[7:]) <= self.reference(name).begun or
+                                        not any((folder / "work").iterdir()))
         script = Words().say("tick autosave", "close").text()
         if name == "job" or (folder / "out").exists():
             script = Words().take("room").say("menu printfff", "close").text()
@@ -315,7 +334,7 @@ class Machine:
         for place in (folder / "work", folder / "out", folder / DATA):
             if place.exists():
                 self.check_whole(place)
-        hold((folder / "work/last-drawing.bmp").exists() or (folder / DATA / "last-drawing.bmp").exists(),
+        hold(nothing_to_keep or any((place / "last-drawing.bmp").exists() for place in (folder / "work", folder / DATA)),
              "the drawing is lost")
 
     def check_book(self, folder):
@@ -351,7 +370,7 @@ class Machine:
 
     def kill_by_clock(self, name):
         folder = self.fresh()
-        spent = self.reference(name)[1]
+        spent = self.reference(name).spent
         command = (self.book_command(folder) if name == "book" else
                    self.command(folder, SESSIONS[name](Words()).text()))
         wait = self.chance.random() * spent
@@ -371,7 +390,7 @@ class Machine:
     def faults(self, points):
         done = {}
         for name in self.options.sessions.split(","):
-            count = self.reference(name)[0]
+            count = self.reference(name).count
             for kind in self.options.kinds.split(","):
                 if name == "book" and kind in ("vanish", "once"):
                     continue
@@ -389,7 +408,7 @@ class Machine:
         for number in range(wanted):
             name = names[number // 2 % len(names)]
             if number % 2:
-                self.under_fault(name, f"kill:{self.chance.randint(1, self.reference(name)[0])}")
+                self.under_fault(name, f"kill:{self.chance.randint(1, self.reference(name).count)}")
                 met += 1
             else:
                 met += self.kill_by_clock(name)
@@ -403,8 +422,7 @@ def main():
     words.add_argument("--points", type=int, default=0)
     words.add_argument("--kills", type=int)
     words.add_argument("--sessions", default="day,book")
-    words.add_argument("--kinds", default="full,readonly,once,kill",
-                       help="vanish is known too")
+    words.add_argument("--kinds", default="full,readonly,once,kill,vanish")
     words.add_argument("--seed", type=int, default=1)
     options = words.parse_args()
     machine = Machine(options)
