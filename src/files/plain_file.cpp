@@ -63,16 +63,6 @@ FileMark markIn(const struct stat& known) {
 /// taken it for a left-over.
 bool hasName(const OpenFile& file) { return about(file).st_nlink > 0; }
 
-/// Letters that the system draws, so that nobody knows them before; none where it gives none.
-std::string freshLetters() {
-  std::array<unsigned char, kFreshLetters> drawn{};
-  if (::getrandom(drawn.data(), drawn.size(), 0) != static_cast<ssize_t>(drawn.size())) return {};
-  std::string letters(kFreshLetters, 'a');
-  std::transform(drawn.begin(), drawn.end(), letters.begin(),
-                 [](unsigned char byte) { return kLetters[byte % kLetters.size()]; });
-  return letters;
-}
-
 /// A plain file, also one that a link leads to.
 Outcome<OpenFile> openForReading(const FilePlace& place) {
   OpenFile file(::openat(place.folder(), place.name(), O_RDONLY | kOwnWay));
@@ -150,6 +140,13 @@ bool renameFile(const FilePlace& from, const FilePlace& to) {
   return ::renameat(from.folder(), from.name(), to.folder(), to.name()) == 0;
 }
 
+bool renameToFree(const FilePlace& from, const FilePlace& to) {
+  if (::renameat2(from.folder(), from.name(), to.folder(), to.name(), RENAME_NOREPLACE) == 0) return true;
+  // Where the file system knows no such thing a second name does the same.
+  return errno == EINVAL && ::linkat(from.folder(), from.name(), to.folder(), to.name(), 0) == 0 &&
+         removeFile(from);
+}
+
 bool removeFile(const FilePlace& place) {
   return ::unlinkat(place.folder(), place.name(), 0) == 0 || errno == ENOENT ||
          ::unlinkat(place.folder(), place.name(), AT_REMOVEDIR) == 0;
@@ -218,6 +215,15 @@ Outcome<FileMark> replacePlainFile(const FilePlace& place, Pieces pieces, Overwr
   }
   removeFile(building.place);
   return notWritable(place);
+}
+
+std::string freshLetters() {
+  std::array<unsigned char, kFreshLetters> drawn{};
+  if (::getrandom(drawn.data(), drawn.size(), 0) != static_cast<ssize_t>(drawn.size())) return {};
+  std::string letters(kFreshLetters, 'a');
+  std::transform(drawn.begin(), drawn.end(), letters.begin(),
+                 [](unsigned char byte) { return kLetters[byte % kLetters.size()]; });
+  return letters;
 }
 
 FilePlace buildingName(const FilePlace& place) { return place.with(kBuilding); }

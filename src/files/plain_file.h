@@ -77,8 +77,14 @@ Outcome<FileMark> replacePlainFile(const FilePlace& place, std::string_view byte
 /// Another name for a file, or another place; what lies there gives way. \returns whether it was done.
 bool renameFile(const FilePlace& from, const FilePlace& to);
 
+/// The same where nothing bears the other name; what came there a moment ago stays. \returns whether it was done.
+bool renameToFree(const FilePlace& from, const FilePlace& to);
+
 /// Removes a name, of whatever but a folder that holds anything. \returns whether nothing bears it any more.
 bool removeFile(const FilePlace& place);
+
+/// Letters and figures that the system draws, so that nobody knows them before; none where it draws none.
+std::string freshLetters();
 
 /// What a file is called while it is not whole, as long as its name may be known.
 FilePlace buildingName(const FilePlace& place);

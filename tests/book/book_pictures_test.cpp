@@ -165,19 +165,32 @@ TEST_F(OnTheirWay, ANameThatCameMeanwhileIsNotTakenAndNothingElseIs) {
   EXPECT_EQ(folder.get("d/b"), "another's");
 }
 
+TEST_F(OnTheirWay, AFolderExchangedForALinkLeadsNoPictureElsewhere) {
+  const TempFolder elsewhere;
+  PicturesOnTheirWay pictures(folder.path() / "d");
+  ASSERT_TRUE(pictures.begin(false, kAll));
+  put(pictures, "a");
+  fs::rename(folder.path() / "d", folder.path() / "away");
+  fs::create_directory_symlink(elsewhere.path(), folder.path() / "d");
+  put(pictures, "b");
+  ASSERT_TRUE(pictures.takeNames(false));
+  EXPECT_EQ(folder.get("away/a") + folder.get("away/b"), "new anew b");
+  EXPECT_TRUE(fs::is_empty(elsewhere.path()));
+}
+
 TEST_F(OnTheirWay, WhatAKilledRunLeftGoesAndWhatLivesOrIsAnothersStays) {
   fs::create_directory(folder.path() / "d");
   PicturesOnTheirWay alive(folder.path() / "d");
   ASSERT_TRUE(alive.begin(false, kAll));
   put(alive, "a");
-  fs::create_directory(folder.path() / "d/.gridwright-pictures-AbCdEf");
-  folder.put("d/.gridwright-pictures-AbCdEf/x", "");
+  fs::create_directory(folder.path() / "d/.gridwright-pictures-abcdefgh");
+  folder.put("d/.gridwright-pictures-abcdefgh/x", "");
   fs::create_directory(folder.path() / "d/.gridwright-pictures-of-mine");
   const auto none = [](const std::string&) { return false; };
   {
     PicturesOnTheirWay later(folder.path() / "d");
     ASSERT_TRUE(later.begin(false, none));
-    EXPECT_FALSE(fs::exists(folder.path() / "d/.gridwright-pictures-AbCdEf"));
+    EXPECT_FALSE(fs::exists(folder.path() / "d/.gridwright-pictures-abcdefgh"));
     EXPECT_EQ(namesIn(folder.path() / "d").size(), 3U);
   }
   ASSERT_TRUE(alive.takeNames(false));

@@ -358,8 +358,9 @@ class Machine:
                 wrong = fault.startswith(("full", "readonly")) and result.returncode == 0
                 hold(not wrong, "the book is said to be whole")
             if fault.startswith("full"):
+                # What is whole and only waits for its name gets it at the next start.
                 left = [p.name for part in ("work", "out") for p in (folder / part).iterdir()
-                        if p.name.endswith((".building", ".ready"))]
+                        if p.name.endswith(".building") and not p.name.endswith("~.building")]
                 hold(not left, f"left behind at the end: {left}")
             self.check_whole(folder / "out") if not killed and fault.startswith("full") else None
             self.check_book(folder) if is_book else self.check_day(folder, name, fault)

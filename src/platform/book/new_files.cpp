@@ -66,23 +66,21 @@ NewFiles::NewFiles(bool mayReplace) : mayReplace_(mayReplace) {}
 NewFiles::~NewFiles() = default;
 
 Outcome<QIODevice*> NewFiles::begin(const fs::path& target) {
-  auto file = std::make_unique<GrowingFile>(target);
+  FilePlace place = FilePlace(target).held();
+  auto file = std::make_unique<GrowingFile>(place);
   if (!file->isOpen()) return notWritable(target, "can't be written");
-  begun_.push_back({target, std::move(file)});
+  begun_.push_back({target, std::move(place), std::move(file)});
   return begun_.back().file.get();
 }
 
 Outcome<Done> NewFiles::takeNames() {
   for (const Begun& begun : begun_)
-    if (!begun.file->isOnDisk()) return notWritable(begun.target, kDiskIsFull);
-  for (const Begun& begun : begun_) {
-    std::error_code failed;
-    if (!mayReplace_ && fs::exists(fs::symlink_status(begun.target, failed)))
-      return notWritable(begun.target, kIsThere);
-  }
+    if (!begun.file->isOnDisk()) return notWritable(begun.name, kDiskIsFull);
+  for (const Begun& begun : begun_)
+    if (!mayReplace_ && isThere(begun.target)) return notWritable(begun.name, kIsThere);
   const Taking how = mayReplace_ ? Taking::replaces : Taking::onlyFree;
   for (const Begun& begun : begun_)
-    if (!begun.file->takeName(begun.target, how)) return notWritable(begun.target, "can't be written");
+    if (!begun.file->takeName(begun.target, how)) return notWritable(begun.name, "can't be written");
   return Done{};
 }
 

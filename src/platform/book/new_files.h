@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "canvas/outcome.h"
+#include "files/file_place.h"
 #include "platform/book/book_record.h"
 
 class QIODevice;
@@ -47,7 +48,8 @@ class NewFiles {
 
  private:
   struct Begun {
-    std::filesystem::path target;
+    std::filesystem::path name;  ///< As it was told.
+    FilePlace target;            ///< In the folder that it led to at the beginning.
     std::unique_ptr<GrowingFile> file;
   };
   bool mayReplace_;

@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
+#include <cstdio>
 #include <system_error>
+
+#include "files/plain_file.h"
 
 namespace gridwright::book {
 
@@ -16,14 +18,16 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view kWithin = ".gridwright-pictures-";
-constexpr std::size_t kLetters = 6;  // behind it, by chance
+constexpr std::size_t kLetters = 8;   // behind it, drawn by the system
+constexpr mode_t kForUsAlone = 0700;  // until the pictures have their names
 
-OpenFile openFolder(const fs::path& path) {
-  return OpenFile(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+OpenFile openFolderIn(const HeldFolder& folder, const std::string& name) {
+  return OpenFile(
+      ::openat(folder.descriptor(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
 /// Between its making and its hold another run may have taken it for a left-over.
-bool isThere(const OpenFile& file) {
+bool isStillThere(const OpenFile& file) {
   struct stat known {};
   return ::fstat(file.descriptor(), &known) == 0 && known.st_nlink > 0;
 }
@@ -32,115 +36,108 @@ bool isLeftOver(const std::string& name) {
   return name.starts_with(kWithin) && name.size() == kWithin.size() + kLetters;
 }
 
-bool bearsName(const fs::path& path) {
-  std::error_code failed;
-  return fs::exists(fs::symlink_status(path, failed));
+/// A folder of files, with all that lies in it.
+void removeFolder(const HeldFolder& above, const std::string& name, const HeldFolder& folder) {
+  for (const std::string& file : folder.names()) removeFile({folder, file});
+  removeFile({above, name});
 }
 
-void removeLeftOvers(const fs::path& folder) {
-  std::vector<fs::path> left;
-  std::error_code failed;
-  for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end; entry.increment(failed)) {
-    if (isLeftOver(entry->path().filename().string())) left.push_back(entry->path());
-  }
-  for (const fs::path& path : left) {
-    const OpenFile file = openFolder(path);
-    if (file && hold(file)) fs::remove_all(path, failed);
+void removeLeftOvers(const HeldFolder& folder) {
+  for (const std::string& name : folder.names()) {
+    if (!isLeftOver(name)) continue;
+    const OpenFile left = openFolderIn(folder, name);
+    if (left && hold(left)) removeFolder(folder, name, HeldFolder(left, name));
   }
 }
 
 /// The file gets a name that is free, or changes places with what bears it. \returns whether it did.
 enum class Taken { no, free, exchanged };
-Taken takeName(const fs::path& from, const fs::path& to, bool mayReplace) {
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return Taken::free;
-  // Where the file system knows no such thing a second name does the same.
-  if (errno == EINVAL && ::link(from.c_str(), to.c_str()) == 0 && ::unlink(from.c_str()) == 0)
-    return Taken::free;
+Taken takeName(const FilePlace& from, const FilePlace& to, bool mayReplace) {
+  if (renameToFree(from, to)) return Taken::free;
   if (!mayReplace || isNoPlainFile(to)) return Taken::no;
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_EXCHANGE) == 0)
+  if (::renameat2(from.folder(), from.name(), to.folder(), to.name(), RENAME_EXCHANGE) == 0)
     return Taken::exchanged;
-  return ::rename(from.c_str(), to.c_str()) == 0 ? Taken::free : Taken::no;
+  return renameFile(from, to) ? Taken::free : Taken::no;
 }
 
 }  // namespace
 
 PicturesOnTheirWay::~PicturesOnTheirWay() {
-  std::error_code ignored;
-  if (!within_.empty()) fs::remove_all(within_, ignored);
-  if (made_ && named_.empty()) fs::remove(folder_, ignored);
+  if (within_) removeFolder(folder_, withinName_, within_);
+  if (made_ && named_.empty()) ::rmdir(called_.c_str());
 }
 
 Fault PicturesOnTheirWay::fault(const std::string& why) const {
-  return {Fault::Kind::notWritable, folder_.string() + " " + why};
+  return {Fault::Kind::notWritable, called_.string() + " " + why};
 }
 
 Outcome<Done> PicturesOnTheirWay::begin(bool mayReplace,
                                         const std::function<bool(const std::string&)>& isOurs) {
-  std::error_code failed;
-  if (!bearsName(folder_)) {
-    made_ = fs::create_directory(folder_, failed);
+  if (!isThere(called_)) {
+    std::error_code failed;
+    made_ = fs::create_directory(called_, failed);
     if (!made_) return fault("can't be made");
   }
-  if (!fs::is_directory(folder_, failed)) return fault("is no folder");
+  folder_ = called_;
+  if (!folder_) return fault("is no folder");
+  if (::faccessat(folder_.descriptor(), ".", R_OK, 0) != 0) return fault("can't be read");
   removeLeftOvers(folder_);
-  for (fs::directory_iterator entry(folder_, failed), end; !failed && entry != end; entry.increment(failed)) {
-    const fs::path& path = entry->path();
-    if (!isOurs(path.filename().string())) continue;
-    if (isNoPlainFile(path)) return Fault{Fault::Kind::notPlain, path.string() + " is no plain file"};
+  for (const std::string& name : folder_.names()) {
+    if (!isOurs(name)) continue;
+    const std::string path = (called_ / name).string();
+    if (isNoPlainFile({folder_, name})) return Fault{Fault::Kind::notPlain, path + " is no plain file"};
     if (!mayReplace)
-      return Fault{Fault::Kind::notWritable, path.string() + " is there already; --force writes over it"};
+      return Fault{Fault::Kind::notWritable, path + " is there already; --force writes over it"};
   }
-  if (failed) return fault("can't be read");
   return beginWithin();
 }
 
 Outcome<Done> PicturesOnTheirWay::beginWithin() {
   constexpr int kTries = 100;
-  for (int i = 0; i < kTries && !held_; ++i) {
-    std::string name = (folder_ / kWithin).string() + std::string(kLetters, 'X');
-    if (::mkdtemp(name.data()) == nullptr) return fault("takes no files");
-    within_ = name;
-    held_ = openFolder(within_);
-    if (held_ && !(hold(held_) && isThere(held_))) held_.close();
+  for (int i = 0; i < kTries && !within_; ++i) {
+    withinName_ = std::string(kWithin) + freshLetters();
+    if (!isLeftOver(withinName_)) break;  // no letters were drawn
+    if (::mkdirat(folder_.descriptor(), withinName_.c_str(), kForUsAlone) != 0) {
+      if (errno != EEXIST) break;
+      continue;
+    }
+    lock_ = openFolderIn(folder_, withinName_);
+    if (lock_ && hold(lock_) && isStillThere(lock_)) within_ = HeldFolder(lock_, called_ / withinName_);
   }
-  if (!held_) return fault("takes no files");
+  if (!within_) return fault("takes no files");
   return Done{};
 }
 
 Outcome<Done> PicturesOnTheirWay::put(const std::string& name,
                                       const std::function<bool(const TakeBytes&)>& write) const {
-  const OpenFile file(
-      ::open((within_ / name).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+  const OpenFile file(::openat(within_.descriptor(), name.c_str(),
+                               O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
   const bool written = file && write([&](std::string_view bytes) { return writeAll(file, bytes); });
   if (!written) return fault("takes no more pictures");
   return Done{};
 }
 
 Outcome<Done> PicturesOnTheirWay::takeNames(bool mayReplace) {
-  if (::syncfs(held_.descriptor()) != 0 && errno != EINVAL && errno != EROFS && errno != ENOSYS)
+  if (::syncfs(lock_.descriptor()) != 0 && errno != EINVAL && errno != EROFS && errno != ENOSYS)
     return fault("takes no more pictures");
-  std::vector<std::string> names;
-  std::error_code failed;
-  for (fs::directory_iterator entry(within_, failed), end; !failed && entry != end; entry.increment(failed))
-    names.push_back(entry->path().filename().string());
-  if (failed) return fault("can't be read");
+  std::vector<std::string> names = within_.names();
   std::sort(names.begin(), names.end());
   for (const std::string& name : names) {
-    const Taken taken = takeName(within_ / name, folder_ / name, mayReplace);
+    const Taken taken = takeName({within_, name}, {folder_, name}, mayReplace);
     if (taken == Taken::no)
-      return Fault{Fault::Kind::notWritable, (folder_ / name).string() + " can't be written"};
+      return Fault{Fault::Kind::notWritable, (called_ / name).string() + " can't be written"};
     named_.push_back({name, taken == Taken::exchanged});
   }
   return Done{};
 }
 
 void PicturesOnTheirWay::giveBack() {
-  std::error_code ignored;
   for (const Named& named : named_) {
+    const FilePlace place(folder_, named.name);
     if (named.replaced) {
-      fs::rename(within_ / named.name, folder_ / named.name, ignored);
+      renameFile({within_, named.name}, place);
     } else {
-      fs::remove(folder_ / named.name, ignored);
+      removeFile(place);
     }
   }
   named_.clear();

@@ -4,20 +4,22 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "canvas/outcome.h"
-#include "files/plain_file.h"
+#include "files/file_place.h"
 #include "platform/shared/png_writer.h"
 
 namespace gridwright::book {
 
-/// Until then they lie in a folder within that one, `.gridwright-pictures-XXXXXX`, which is held by a lock
+/// Until then they lie in a folder within that one, `.gridwright-pictures-XXXXXXXX`, which is held by a lock
 /// while its run lives: what a killed run has left of such is told by that, and goes. A million files can't
-/// be held open, as single ones are.
+/// be held open, as single ones are. Both folders are held open, so that one which is exchanged for a link
+/// meanwhile leads nothing elsewhere.
 class PicturesOnTheirWay {
  public:
-  explicit PicturesOnTheirWay(std::filesystem::path folder) : folder_(std::move(folder)) {}
+  explicit PicturesOnTheirWay(std::filesystem::path folder) : called_(std::move(folder)) {}
   /// What has no name yet goes, and the folder too where `begin` made it and nothing else lies in it.
   ~PicturesOnTheirWay();
   PicturesOnTheirWay(const PicturesOnTheirWay&) = delete;
@@ -44,8 +46,10 @@ class PicturesOnTheirWay {
   Outcome<Done> beginWithin();
   [[nodiscard]] Fault fault(const std::string& why) const;
 
-  std::filesystem::path folder_, within_;
-  OpenFile held_;
+  std::filesystem::path called_;  // as it was told
+  HeldFolder folder_, within_;
+  std::string withinName_;
+  OpenFile lock_;  // on the one within
   bool made_ = false;
   struct Named {
     std::string name;

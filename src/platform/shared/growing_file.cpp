@@ -1,10 +1,8 @@
 #include "platform/shared/growing_file.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <utility>
 
 namespace gridwright {
@@ -12,14 +10,6 @@ namespace gridwright {
 namespace {
 
 constexpr std::size_t kMostWaiting = 16384;  // bytes
-
-bool rename(const FilePlace& from, const FilePlace& to, Taking how) {
-  if (how == Taking::replaces) return renameFile(from, to);
-  if (::renameat2(from.folder(), from.name(), to.folder(), to.name(), RENAME_NOREPLACE) == 0) return true;
-  // Where the file system knows no such thing a second name does the same.
-  return errno == EINVAL && ::linkat(from.folder(), from.name(), to.folder(), to.name(), 0) == 0 &&
-         removeFile(from);
-}
 
 }  // namespace
 
@@ -61,7 +51,8 @@ bool GrowingFile::isOnDisk() {
 bool GrowingFile::takeName(const FilePlace& target, Taking how) {
   if (!isWhole()) return false;
   close();
-  const bool taken = isOnDisk() && !isNoPlainFile(target) && rename(place_, target, how);
+  const auto rename = how == Taking::replaces ? renameFile : renameToFree;
+  const bool taken = isOnDisk() && !isNoPlainFile(target) && rename(place_, target);
   if (!taken) {
     remove();
     return false;
