@@ -17,6 +17,7 @@ each the program is started once more on a sound disk, and then:
              clock, the rest amid a change of the disk
 """
 import argparse
+import itertools
 import json
 import os
 import random
@@ -93,7 +94,7 @@ class Words:
                         "release 90 60", "cancel")
 
     def before_the_drawing(self):
-        return "\n".join(self.lines[:self.lines.index("menu importdrawing")]) + "\n"
+        return "\n".join(itertools.takewhile(lambda line: line != "menu importdrawing", self.lines)) + "\n"
 
     def text(self):
         return "\n".join(self.lines) + "\n"
