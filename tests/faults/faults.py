@@ -348,12 +348,15 @@ class Machine:
     # Faults -------------------------------------------------------------------------------------------------------
 
     def under_fault(self, name, fault):
+        """Whether the fault was a kill that came before the end."""
+        ended = False
         folder = self.fresh()
         is_book = name == "book"
         command = self.book_command(folder) if is_book else self.command(folder, SESSIONS[name](Words()).text())
         try:
             result = self.run(folder, command, fault)
             killed = fault.startswith("kill")
+            ended = result.returncode == -signal.SIGKILL
             hold(result.returncode >= 0 or killed, f"it ended by signal {-result.returncode}: {result.stderr.decode()}")
             if is_book and not killed:
                 wrong = fault.startswith(("full", "readonly")) and result.returncode == 0
@@ -367,8 +370,9 @@ class Machine:
             self.check_book(folder) if is_book else self.check_day(folder, name, fault)
         except (Broken, subprocess.TimeoutExpired) as broken:
             self.broken.append(f"{name}, {fault}: {broken}\n  kept in {folder}")
-            return
+            return ended
         shutil.rmtree(folder)
+        return ended
 
     def kill_by_clock(self, name):
         folder = self.fresh()
@@ -405,16 +409,17 @@ class Machine:
         return done
 
     def kills(self, wanted):
+        """So many programs are killed before their end."""
         names = ["save", "job", "pattern", "book", "autosave"]
         met = 0
-        for number in range(wanted):
+        for number in itertools.count():
+            if met == wanted or len(self.broken) > 20:
+                return number
             name = names[number // 2 % len(names)]
             if number % 2:
-                self.under_fault(name, f"kill:{self.chance.randint(1, self.reference(name).count)}")
-                met += 1
+                met += self.under_fault(name, f"kill:{self.chance.randint(1, self.reference(name).count)}")
             else:
                 met += self.kill_by_clock(name)
-        return met
 
 
 def main():
@@ -429,7 +434,7 @@ def main():
     options = words.parse_args()
     machine = Machine(options)
     if options.kills:
-        print(f"{options.kills} kills, {machine.kills(options.kills)} of them before the end")
+        print(f"{machine.kills(options.kills)} sessions, {options.kills} of them killed")
     else:
         for what, count in machine.faults(options.points).items():
             print(f"{what}: {count} moments")
