@@ -208,9 +208,10 @@ std::string keyDeed(const Program& program, Choices& choices) {
   return choices.oneIn(3) ? line + " " + choices.numberBetween(2, 12) : line;
 }
 
-/// Until nothing more happens, which must come.
+/// Until nothing more happens, which must come. Paper is looked at long, and so is a dead end by a pattern of
+/// hundreds of steps.
 std::string restDeed(const Program& program) {
-  constexpr std::int64_t kSmallestCell = 5 * 5, kPumpsForACell = 10'000;
+  constexpr std::int64_t kSmallestCell = 5 * 5, kPumpsForACell = 50'000;
   const std::int64_t area = std::int64_t{program.canvas.scaleWidth()} * program.canvas.scaleHeight();
   return "settle " + std::to_string((area / kSmallestCell + 1) * kPumpsForACell);
 }
