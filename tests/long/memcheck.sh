@@ -30,7 +30,7 @@ open_log build/long-memcheck.log
 install_missing "${build_packages[@]}" "${test_packages[@]}" valgrind
 if [[ -z ${MEMCHECK_BUILD:-} ]]; then
   step "Configuring" cmake --preset dev -DBUILD_TESTING=ON
-  step "Building the twin" cmake --build --preset dev --target gridwright-headless journey-pictures
+  step "Building the twin" cmake --build --preset dev --target gridwright-headless gridwright-stamps journey-pictures
 fi
 watched
 for name in "${journeys[@]}"; do step "$name" journey "$name"; done
