@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <random>
 
+#include "canvas/slot_walk.h"
 #include "support/pictures.h"
 
 namespace gridwright::test {
@@ -166,6 +167,21 @@ TEST(AWholeBox, IsNotFreeWhereItLeavesTheCanvas) {
   EXPECT_FALSE(pixels.allFree(0, -1, 3, 3));
   EXPECT_FALSE(pixels.allFree(3, 3, 6, 4));
   EXPECT_FALSE(pixels.allFree(3, 3, 4, 5));
+}
+
+TEST(TheNextSlot, IsTheNearestFitOneAndTheWalkEndsAtTheFirstAndTheLast) {
+  ColourSets::Slots slots{};
+  for (int i = 0; i < kSlots; ++i) slots.at(static_cast<std::size_t>(i)) = 100 + i;
+  const auto none = [](Colour) { return false; };
+  EXPECT_EQ(nextInSlots(slots, 101, -1, none), 100);
+  EXPECT_EQ(nextInSlots(slots, 100, -1, none), std::nullopt);
+  EXPECT_EQ(nextInSlots(slots, 114, 1, none), 115);
+  EXPECT_EQ(nextInSlots(slots, 115, 1, none), std::nullopt);
+  const auto odd = [](Colour colour) { return colour % 2 != 0; };
+  EXPECT_EQ(nextInSlots(slots, 104, 1, odd), 106);
+  EXPECT_EQ(nextInSlots(slots, 102, -1, odd), 100);
+  EXPECT_EQ(nextInSlots(slots, 114, 1, odd), std::nullopt);
+  EXPECT_EQ(nextInSlots(slots, 99, 1, none), std::nullopt);
 }
 
 TEST(ACarvedBox, IsOfMazePixelsAndTheWalkersCursor) {

@@ -72,6 +72,25 @@ TEST(ANeighbourClosedAheadWithACorridorPastItsSide, CannotBeLeftIntoTheCell) {
   }
 }
 
+TEST(TheWallBesideANeighbour, IsReadAtThePixelFarFromTheCellBeforeIt) {
+  for (const auto& [dx, dy] : kSides) {
+    for (const int side : {-1, 1}) {
+      for (const bool isRead : {false, true}) {
+        Field f(dx, dy);
+        const int ex = side * (dy != 0);
+        const int ey = side * (dx != 0);
+        f.carve(f.neighbour.moved(10 * ex, 10 * ey));
+        // Two pixels lie between both; going right or down the second is read, going left or up the first.
+        const int away = side > 0 ? (isRead ? 7 + 2 : 7 + 1) : (isRead ? -1 : -2);
+        const int x = f.neighbour.left + (ex != 0 ? away : 0);
+        const int y = f.neighbour.top + (ey != 0 ? away : 0);
+        f.canvas.fill(x, y, x, y, kWhite);
+        EXPECT_EQ(f.enters(), isRead) << dx << ", " << dy << " side " << side;
+      }
+    }
+  }
+}
+
 TEST(ANeighbourOpenAhead, IsNotAskedForItsSides) {
   for (const auto& [dx, dy] : kSides) {
     Field f(dx, dy);

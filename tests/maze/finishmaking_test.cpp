@@ -15,7 +15,9 @@ void putCursorOn(World& w, int column, int row) {
 TEST(TheFillCursor, BeginsOnePitchBeforeTheFirstCell) {
   World w(drawing({"..", ".."}));
   w.state.stepX = w.state.stepY = 20;
+  w.state.walker.freeCellMetSinceStep = true;
   resetfillcursor(w.state);
+  EXPECT_FALSE(w.state.walker.freeCellMetSinceStep);
   EXPECT_EQ(w.state.scanX, -9);
   EXPECT_EQ(w.state.scanY, -9);
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "patterns/pattern_field.h"
 #include "support/world.h"
 #include "underpass/preview_pixels.h"
@@ -109,12 +112,14 @@ TEST(InTheRegularKind, OnlyTheFirstFourStepsHaveAnyEffect) {
   EXPECT_EQ(w.state.randomPatterns.randomStepsDone, 0);
 }
 
+struct Towards {
+  int code, dx, dy;
+};
+constexpr auto kTowards =
+    std::to_array<Towards>({{step::left, -1, 0}, {step::right, 1, 0}, {step::up, 0, -1}, {step::down, 0, 1}});
+
 TEST(APlainMove, CarvesOneCellIn3dAndTwoInPipes) {
-  struct Row {
-    int code, dx, dy;
-  };
-  for (const Row& row :
-       {Row{step::left, -1, 0}, Row{step::right, 1, 0}, Row{step::up, 0, -1}, Row{step::down, 0, 1}}) {
+  for (const Towards& row : kTowards) {
     for (const MazeKind kind : {MazeKind::threeD, MazeKind::pipe}) {
       Field w(kind);
       w.state.walkMode = WalkMode::back;
@@ -129,14 +134,35 @@ TEST(APlainMove, CarvesOneCellIn3dAndTwoInPipes) {
 }
 
 TEST(WalkingBackOverPath, MovesWithoutCarving) {
-  Field w(MazeKind::pipe);
-  w.path(-2, 0, 0, 0);
-  w.state.walkMode = WalkMode::back;
-  const Bitmap before = w.canvas.image();
-  w.step(step::left);
-  w.expectAt(-2, 0);
-  EXPECT_EQ(w.state.walkMode, WalkMode::back);
-  EXPECT_TRUE(samePicture(w.canvas.image(), before));
+  for (const Towards& to : kTowards) {
+    Field w(MazeKind::pipe);
+    w.path(std::min(2 * to.dx, 0), std::min(2 * to.dy, 0), std::max(2 * to.dx, 0), std::max(2 * to.dy, 0));
+    w.state.walkMode = WalkMode::back;
+    const Bitmap before = w.canvas.image();
+    w.step(to.code);
+    w.expectAt(2 * to.dx, 2 * to.dy);
+    EXPECT_EQ(w.state.walkMode, WalkMode::back);
+    EXPECT_TRUE(samePicture(w.canvas.image(), before));
+  }
+}
+
+TEST(AStepIn3d, IsRefusedBesideAPathAcrossThatEndsThere) {
+  for (const Towards& to : kTowards) {
+    for (const int side : {-1, 1}) {
+      for (const bool goesOn : {false, true}) {
+        Field w(MazeKind::threeD);
+        const int column = to.dx + side * (to.dy != 0);
+        const int row = to.dy + side * (to.dx != 0);
+        w.path(column, row, column, row);
+        // Joined to a cell further on it runs alongside.
+        if (goesOn)
+          w.path(std::min(column, column + to.dx), std::min(row, row + to.dy),
+                 std::max(column, column + to.dx), std::max(row, row + to.dy));
+        w.step(to.code);
+        w.expectAt(goesOn ? to.dx : 0, goesOn ? to.dy : 0);
+      }
+    }
+  }
 }
 
 TEST(ATunnel, PassesUnderACorridorAndIsRecordedOnce) {

@@ -17,8 +17,9 @@ const Bitmap kPicture = drawing(Text(40, std::string(60, '.')));
 
 /// A session that stands in the editor of one direction, over a drawing of one kind.
 struct Editing : World {
-  explicit Editing(MazeKind kind, Item direction = Item::editpatterns) : World(Size{610, 410}) {
-    begin(kPicture);
+  explicit Editing(MazeKind kind, Item direction = Item::editpatterns, const Bitmap& picture = kPicture)
+      : World(Size{picture.width, picture.height}) {
+    begin(picture);
     desktop.pumpsPass(2);
     desktop.look([kind](Program& p) {
       p.state.mazeKind = kind;
@@ -215,6 +216,20 @@ TEST(TheField, HasItsPlaceByTheRule) {
     EXPECT_EQ(p.canvas.point(cx + 255, cy), preview::outside);
     EXPECT_EQ(p.canvas.point(cx - 5, cy), preview::marker);
     EXPECT_EQ(p.canvas.point(cx, cy), preview::path);
+  });
+  EXPECT_EQ(w.run(), "");
+}
+
+TEST(TheFieldInATallWindow, ReachesAsFarUpAndDownAsToTheSides) {
+  Editing w(MazeKind::regular, Item::editpatterns, drawing(Text(70, std::string(40, '.'))));
+  w.desktop.look([](Program& p) {
+    // 140 lines of 5 pixels, n = 141, cy = 70 * 5 - 5.
+    const int cx = 195;
+    const int cy = 345;
+    EXPECT_EQ(p.canvas.point(cx + 20, cy - 1 - 250), preview::field);
+    EXPECT_EQ(p.canvas.point(cx + 20, cy - 2 - 250), preview::outside);
+    EXPECT_EQ(p.canvas.point(cx + 20, cy - 1 + 255), preview::field);
+    EXPECT_EQ(p.canvas.point(cx + 20, cy + 255), preview::outside);
   });
   EXPECT_EQ(w.run(), "");
 }

@@ -68,6 +68,23 @@ TEST(ACrossing, JumpsToTheExitInOneMoveInEachDirection) {
   }
 }
 
+TEST(ACrossing, BringsThePreviousCellAlongUnlessAPlayerLeavesNoTrail) {
+  for (const auto& [dx, dy] : kWays) {
+    for (const PlayMode play : {PlayMode::off, PlayMode::easy}) {
+      for (const bool trailOff : {false, true}) {
+        Tunnel t("O-O + O-O", dx, dy);
+        t.state.playMode = play;
+        t.state.trailOff = trailOff;
+        t.stand(2);
+        maze3dunderpass(t.program);
+        EXPECT_EQ(t.state.cur, t.cell(4));
+        const bool stays = play != PlayMode::off && trailOff;
+        EXPECT_EQ(t.state.prev, t.cell(stays ? 2 : 4)) << dx << ", " << dy << " trail off: " << trailOff;
+      }
+    }
+  }
+}
+
 TEST(AnExit, HasTheProbeOnePixelInAndHalfAStrokeOnTheSideOfArrival) {
   for (const auto& [dx, dy] : kWays) {
     Tunnel t("O-O + O-O", dx, dy);

@@ -63,6 +63,20 @@ TEST(AStraightWay, HasItsCellsAndNothingElse) {
   EXPECT_EQ(m.difficulty, hundredth(std::log2(5)));
 }
 
+TEST(AWall, PartsTwoCellsWhereOneOfItsTwoPixelsStands) {
+  for (const int pixel : {0, 1, 2}) {
+    for (const bool level : {false, true}) {
+      Plan plan(level ? Text{"S F"} : Text{"S", " ", "F"});
+      const Square& s = plan.start;
+      // From the start on: nothing gone, the near one, the far one.
+      if (pixel > 0 && level) pixelAt(plan.picture, s.right + pixel, s.top) = kPalette[15];
+      if (pixel > 0 && !level) pixelAt(plan.picture, s.left, s.bottom + pixel) = kPalette[15];
+      EXPECT_FALSE(plan.measure().solved) << pixel << level;
+    }
+  }
+  EXPECT_TRUE(Plan({"S-F"}).measure().solved);
+}
+
 TEST(AWay, CountsItsTurnsAndWhatBranchesFromIt) {
   const MazeMeasure m = Plan({"S-o-o-o",   //
                               "  |     ",  //

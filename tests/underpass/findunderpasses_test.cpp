@@ -105,6 +105,17 @@ const Row kGap = {"with a gap of one cell between corridors",
                    "      |   |        ",  //
                    ". . . O . O . . . ."},
                   "nynyny"};
+const Row kWideGap = {"with a gap of two cells between corridors",
+                      {". . . O . . O . . .",  //
+                       "      |     |      ",  //
+                       ". . . O . . O . . .",  //
+                       "      |     |      ",  //
+                       ". . . O . . O . . .",  //
+                       "      |     |      ",  //
+                       ". . . O . . O . . .",  //
+                       "      |     |      ",  //
+                       ". . . O . . O . . ."},
+                      "yyyyyy"};
 const Row kBeside = {"beside a side corridor that ends under it",
                      {". . . O . O . . . .",  //
                       "      |   |        ",  //
@@ -164,7 +175,7 @@ TEST(TheTrialSquare, HasItsLeadingEdgeWhereTheStepGoes) {
 }
 
 TEST(TheTableOfDifficulties, SaysForEachFieldInEachDirectionWhetherATunnelMayStart) {
-  for (const Row* row : {&kOneCorridor, &kAlong, &kGap, &kBeside, &kDeadEnd, &kWalled, &kEdge}) {
+  for (const Row* row : {&kOneCorridor, &kAlong, &kGap, &kWideGap, &kBeside, &kDeadEnd, &kWalled, &kEdge}) {
     for (const MazeKind kind : {MazeKind::pipe, MazeKind::threeD}) {
       for (const int step : {step::right, step::left, step::down, step::up}) {
         std::string answers;
