@@ -165,16 +165,17 @@ BENCHMARK(twoCores)->Arg(200)->Unit(benchmark::kMillisecond)->UseManualTime()->I
 void memory(benchmark::State& state) {
   const Shop shop;
   const int mazes = static_cast<int>(state.range(0));
+  const int fewMazes = mazes / 10;
   Spent few;
   Spent many;
   for (auto _ : state) {
-    few = shop.make(mazes / 10, 2);
+    few = shop.make(fewMazes, 2);
     many = shop.make(mazes, 2);
     if (!few.succeeded || !many.succeeded) return state.SkipWithError("a book that fails is not measured");
     state.SetIterationTime(many.milliseconds / 1000);
   }
   state.counters["MB"] = many.megabytes;
-  state.counters["KB_a_maze"] = (many.megabytes - few.megabytes) * 1024 / (mazes - mazes / 10);
+  state.counters["KB_a_maze"] = (many.megabytes - few.megabytes) * 1024 / (mazes - fewMazes);
 }
 BENCHMARK(memory)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
 

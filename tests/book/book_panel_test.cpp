@@ -38,7 +38,7 @@ struct Author : Place, DiskSession {
     desktop.seed = 77;
     desktop.menu(Item::makebook);
   }
-  void accept(BookWish wish = {}) {
+  void accept(const BookWish& wish = {}) {
     desktop.act([wish](Program& p) {
       BookWish wanted = wish;
       wanted.seed = "7";
@@ -46,7 +46,7 @@ struct Author : Place, DiskSession {
       input::bookAccepted(p, wanted);
     });
   }
-  void news(BookNews news) {
+  void news(const BookNews& news) {
     desktop.act([news](Program& p) { bookNews(p, news); });
   }
   static BookNews ended(BookEnd end) { return {3, 3, {}, std::move(end)}; }
@@ -365,7 +365,7 @@ TEST_F(AShop, StopsABookBesideAProgramAtOnceAndLeavesNoFile) {
 TEST(ASmallPicture, HasTheMeanOfWhatItCovers) {
   Bitmap picture = plainBitmap(200, 100, 0xFFFFFF);
   for (int y = 0; y < 100; ++y) {
-    for (int x = 0; x < 100; x += 2) picture.pixels[static_cast<std::size_t>(y * 200 + x)] = 0x000001;
+    for (int x = 0; x < 100; x += 2) pixelAt(picture, x, y) = 0x000001;
   }
   const Bitmap small = book::smallPicture(picture, 50);
   EXPECT_EQ(small.width, 50);

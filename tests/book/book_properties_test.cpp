@@ -147,19 +147,28 @@ class Recount {
   }
 
   /// The weight of the step to a cell, and of all beyond it that leads away from the start.
-  int weightBeyond(int cell, bool onWay) {
-    int weight = isOfKind(cell);
-    const int from = reach_[at(cell)].from;
-    if (from != -1) {
-      const int before = reach_[at(from)].from;
-      if (before != -1 && direction(before, from) != direction(from, cell)) ++weight;
-      for (const auto& way : maze_.waysFrom(from)) {
-        if (way.to == cell && way.span > 0) weight += 2;
+  int weightBeyond(int first, bool onWay) {
+    int weight = 0;
+    std::vector<int> open{first};
+    while (!open.empty()) {
+      const int cell = open.back();
+      open.pop_back();
+      weight += weightOf(cell);
+      for (const auto& way : maze_.waysFrom(cell)) {
+        if (reach_[at(way.to)].from == cell && (way_.count(way.to) != 0) == onWay) open.push_back(way.to);
       }
     }
-    for (const auto& way : maze_.waysFrom(cell)) {
-      if (reach_[at(way.to)].from != cell) continue;
-      if ((way_.count(way.to) != 0) == onWay) weight += weightBeyond(way.to, onWay);
+    return weight;
+  }
+
+  [[nodiscard]] int weightOf(int cell) const {
+    int weight = isOfKind(cell);
+    const int from = reach_[at(cell)].from;
+    if (from == -1) return weight;
+    const int before = reach_[at(from)].from;
+    if (before != -1 && direction(before, from) != direction(from, cell)) ++weight;
+    for (const auto& way : maze_.waysFrom(from)) {
+      if (way.to == cell && way.span > 0) weight += 2;
     }
     return weight;
   }

@@ -64,7 +64,7 @@ TEST(TheWordsOfABook, MeanTheDrawingWhereTheyNameNoPicture) {
 }
 
 TEST(TheWordsOfABook, AreTakenApartAsAShellDoes) {
-  const auto words = shellWords(" a  'b c'\"d \\\" \\e\"f\\ g '' ");
+  const auto words = shellWords(R"( a  'b c'"d \" \e"f\ g '' )");
   ASSERT_TRUE(words);
   EXPECT_EQ(words.value(), (Words{"a", "b cd \" \\ef g", ""}));
   EXPECT_FALSE(shellWords("a 'b"));
