@@ -132,6 +132,11 @@ void recoverSaves(const WorkFolder& folder) {
   }
   for (const auto& [base, pair] : pairs) recoverPair(pair);
   const std::string held = "~.building";
+  // Exports, and the sheet that another program has.
+  for (const std::string_view ending : {".png", ".svg", ".pdf"}) {
+    for (const std::string& name : plainFiles(folder, std::string(ending) + held))
+      recoverEarlier(folder.at(name.substr(0, name.size() - held.size())));
+  }
   for (const MazeKind kind : {MazeKind::regular, MazeKind::pipe, MazeKind::threeD}) {
     for (const std::string& name : plainFiles(folder, std::string(setEnding(kind)) + held))
       recoverEarlier(folder.at(name.substr(0, name.size() - held.size())));

@@ -4,6 +4,9 @@
 // the NAME~ of the save before is still there.
 #pragma once
 
+#include <type_traits>
+
+#include "canvas/outcome.h"
 #include "files/file_place.h"
 
 namespace gridwright {
@@ -25,6 +28,20 @@ void keepEarlier(const FilePlace& target);
 
 /// The target keeps what it has: nothing is held any more.
 void dropEarlier(const FilePlace& target);
+
+/// Writes over the target by `save`, which says by what it returns whether it did: what was there becomes
+/// NAME~. \returns what `save` did, or a notWritable Fault where what is there cannot be held.
+template <class Save>
+std::invoke_result_t<Save> saveOverEarlier(const FilePlace& target, const Save& save) {
+  if (!holdEarlier(target)) return Fault{Fault::Kind::notWritable, target.path().string()};
+  auto saved = save();
+  if (saved) {
+    keepEarlier(target);
+  } else {
+    dropEarlier(target);
+  }
+  return saved;
+}
 
 /// The target was a new file already and must not be: what is held takes its place again; where nothing is
 /// held nothing was there, and the target goes. \returns whether all is as it was.

@@ -23,6 +23,7 @@ constexpr int kOwnWay = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 constexpr std::string_view kBuilding = ".building";
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";
 constexpr std::size_t kFreshLetters = 8;
+constexpr std::uintmax_t kMostTrusted = 1 << 24;  // bytes that memory is made ready for unseen
 constexpr int kMostTries = 100;  // at a name that is not taken; the first nearly always is none
 constexpr std::ptrdiff_t kMostPieces = IOV_MAX;  // that the system takes at once
 
@@ -156,7 +157,8 @@ Outcome<std::string> readPlainFile(const FilePlace& place, std::uintmax_t most) 
   const auto file = openForReading(place);
   if (!file) return file.fault();
   std::string bytes;
-  bytes.reserve(std::min(static_cast<std::uintmax_t>(about(file.value()).st_size), most));
+  // A file says that it is as long as it likes, and need not have a byte.
+  bytes.reserve(std::min({static_cast<std::uintmax_t>(about(file.value()).st_size), most, kMostTrusted}));
   // One byte more tells that there are more.
   if (!readUpTo(file.value(), most == UINTMAX_MAX ? most : most + 1, bytes))
     return Fault{Fault::Kind::notReadable, place.path().string()};
@@ -262,7 +264,7 @@ bool hold(const OpenFile& file) {
 void removeLeftOver(const FilePlace& place) {
   if (isNoPlainFile(place)) return;
   const OpenFile file(::openat(place.folder(), place.name(), O_RDONLY | O_NOFOLLOW | kOwnWay));
-  if (file && !hold(file)) return;
+  if (!file || !hold(file)) return;  // what cannot be opened may be held too
   removeFile(place);
 }
 

@@ -77,7 +77,8 @@ Outcome<FileMark> replacePlainFile(const FilePlace& place, std::string_view byte
 /// Another name for a file, or another place; what lies there gives way. \returns whether it was done.
 bool renameFile(const FilePlace& from, const FilePlace& to);
 
-/// The same where nothing bears the other name; what came there a moment ago stays. \returns whether it was done.
+/// The same where nothing bears the other name; what came there a moment ago stays. \returns whether it was
+/// done.
 bool renameToFree(const FilePlace& from, const FilePlace& to);
 
 /// Removes a name, of whatever but a folder that holds anything. \returns whether nothing bears it any more.

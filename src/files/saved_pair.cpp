@@ -13,6 +13,8 @@ bool takeBitmapOver(const PairPaths& paths) {
 
 /// Nothing of a save is left. The building record goes last: it says that what is held was not replaced.
 void forgetSave(const PairPaths& paths) {
+  if (isThere(paths.readyRecord()))
+    renameFile(paths.readyRecord(), paths.buildingRecord());  // no promise any more
   dropEarlier(paths.record);
   dropEarlier(paths.bitmap);
   removeLeftOver(paths.buildingBitmap());
@@ -33,9 +35,10 @@ void forgetOlderOnes(const PairPaths& paths) {
   if (record && !bitmap) removeLeftOver(earlierName(paths.bitmap));
 }
 
-/// The record's ready name is the promise that both are whole; it goes last.
+/// The record's ready name is the promise that both are whole; it goes last. A link of that name is none.
 bool finishTakingOver(const PairPaths& paths) {
-  return takeBitmapOver(paths) && renameFile(paths.readyRecord(), paths.record);
+  return takeBitmapOver(paths) && !isNoPlainFile(paths.readyRecord()) &&
+         renameFile(paths.readyRecord(), paths.record);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ namespace {
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 constexpr std::string_view kBuilding = ".building";
+constexpr std::uintmax_t kMostText = 1 << 26;       // bytes; no drawing, set or step file comes near it
 constexpr std::string_view kTrial = ".gridwright";  // the name towards which a trial grows
 
 bool endsWith(std::string_view name, std::string_view ending) {
@@ -66,7 +67,7 @@ FilePlace WorkFolder::resolve(std::string_view name) const {
 }
 
 Outcome<std::string> WorkFolder::readText(std::string_view name) const {
-  return readPlainFile(resolve(name));
+  return readPlainFile(resolve(name), kMostText);
 }
 
 Outcome<Done> WorkFolder::writeText(std::string_view name, std::string_view text, Overwrite how) {
@@ -84,7 +85,8 @@ bool WorkFolder::takesFiles() const {
 }
 
 void WorkFolder::removeLeftOvers() const {
-  constexpr std::array<std::string_view, 6> kEndings = {".bmp", ".maze", "pat", ".pdf", ".png", ".pt"};
+  constexpr std::array<std::string_view, 8> kEndings = {".bmp", ".maze", ".pat", "-pat",
+                                                        ".pdf", ".png",  ".pt",  ".svg"};
   for (const std::string& name : list(kBuilding)) {
     const std::string target = wholeName(name);
     const bool own = target == kTrial || std::any_of(kEndings.begin(), kEndings.end(),

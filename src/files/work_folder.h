@@ -35,7 +35,8 @@ class WorkFolder {
   /// Where a name leads: an existing file, or where a new one will be written.
   [[nodiscard]] virtual FilePlace resolve(std::string_view name) const;
 
-  /// The whole text of a plain file, also of one that a link leads to.
+  /// The whole text of a plain file, also of one that a link leads to; a Fault too for one of more than
+  /// 64 MiB.
   [[nodiscard]] virtual Outcome<std::string> readText(std::string_view name) const;
 
   /// Writes the whole text by way of a temporary file beside it that is renamed: the old text or the new one

@@ -25,13 +25,11 @@ PatternSet presentSet(Program& program) {
 Outcome<Done> saveSet(Program& program, const std::string& name) {
   const FilePlace target = program.files->resolve(name);
   if (isNoPlainFile(target)) return Fault{Fault::Kind::notPlain, target.path().string()};
-  if (!holdEarlier(target)) return Fault{Fault::Kind::notWritable, target.path().string()};
-  const bool over = isHeld(target);
-  auto written = program.files->writeText(name, formatSet(presentSet(program)), Overwrite::atOnce);
-  if (!written) {
-    dropEarlier(target);
-  } else if (over) {
-    keepEarlier(target);
+  const bool over = isThere(target);
+  auto written = saveOverEarlier(target, [&] {
+    return program.files->writeText(name, formatSet(presentSet(program)), Overwrite::atOnce);
+  });
+  if (written && over) {
     program.notices.tell(target.filename() + " is saved; the one before it stays as " +
                          earlierName(target).filename());
   }

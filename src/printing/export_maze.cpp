@@ -113,14 +113,11 @@ Outcome<Done> write(Program& program, const ExportWish& wish, const FilePlace& p
 /// \returns why the file is not there; empty when it is.
 std::string exported(Program& program, const ExportWish& wish, const FilePlace& place) {
   if (std::string why = whyNoFile(program, wish, place); !why.empty()) return why;
-  std::string refused = "Nothing is exported: " + place.path().string() + " can't be written";
-  if (!holdEarlier(place)) return refused;
-  if (!write(program, wish, place)) {
-    dropEarlier(place);
-    return refused;
-  }
-  keepEarlier(place);
-  return "";
+  const std::string refused = "Nothing is exported: " + place.path().string() + " can't be written";
+  // What a killed program left of it, also where it does not work.
+  if (isHeld(place)) recoverEarlier(place);
+  removeLeftOversOf(place);
+  return saveOverEarlier(place, [&] { return write(program, wish, place); }) ? "" : refused;
 }
 
 void tell(Program& program, const std::string& words, const fs::path& opens = {}) {

@@ -58,30 +58,32 @@ void closePanelOf(Program& program) {
   releaseWindow(program);
 }
 
-void removeAll(std::vector<FilePlace>& files) {
-  for (const FilePlace& file : files) removeFile(file);
+void removeAll(std::vector<SavedForBook>& files) {
+  for (const SavedForBook& file : files)
+    if (markOf(file.place) == file.mark) removeFile(file.place);
   files.clear();
 }
 
 /// What of the book's own pictures is on the disk; all of it goes again where one cannot be written.
-Outcome<std::vector<FilePlace>> savePictures(Program& program, const BookWish& wish) {
+Outcome<std::vector<SavedForBook>> savePictures(Program& program, const BookWish& wish) {
   const BookPanel& panel = program.book;
-  std::vector<FilePlace> saved;
+  std::vector<SavedForBook> saved;
+  const auto note = [&](const FilePlace& place) { saved.push_back({place, markOf(place)}); };
   const auto fail = [&](const std::string& name) {
     removeAll(saved);
     return Fault{Fault::Kind::notWritable, name + " can't be written; no book is made"};
   };
   if (wish.drawing && !panel.drawingIsSaved) {
     const std::string base = fs::path(panel.files.drawing).stem().string();
-    for (const std::string_view ending : {kRecord, kBitmap})
-      saved.push_back(program.files->at(base + std::string(ending)));
     if (!saveDrawing(program, base)) return fail(panel.files.drawing);
+    for (const std::string_view ending : {kRecord, kBitmap})
+      note(program.files->at(base + std::string(ending)));
   }
   if (wish.sheet && program.workshop.sheet && !panel.sheetIsSaved) {
     const FilePlace file = program.files->at(panel.files.sheet);
     if (!program.platform.saveBitmap(program.workshop.sheet->picture(), file, Overwrite::atOnce))
       return fail(panel.files.sheet);
-    saved.push_back(file);
+    note(file);
   }
   return saved;
 }

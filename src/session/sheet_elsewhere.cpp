@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "files/earlier_one.h"
 #include "files/plain_file.h"
 #include "pictures/on_paper.h"
 #include "session/prepare_panel.h"
@@ -38,7 +39,10 @@ void editelsewhere(Program& program) {
   if (!w.open) return;
   w.sheet->endStroke();
   const FilePlace file = program.files->resolve(kSheetFile);
-  if (const auto saved = program.platform.savePng(w.sheet->picture(), file); !saved) {
+  // What this sheet or the other program left there gives way; a picture of somebody's own stays beside it.
+  const bool isOurs = w.elsewhere && markOf(file) == w.mark;
+  const auto save = [&] { return program.platform.savePng(w.sheet->picture(), file); };
+  if (const auto saved = isOurs ? save() : saveOverEarlier(file, save); !saved) {
     program.notices.tell("sheet.png could not be written: " + saved.fault().words);
     return;
   }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "canvas/bitmap.h"
+#include "files/file_mark.h"
 #include "files/file_place.h"
 #include "state/book_wish.h"
 
@@ -29,6 +30,13 @@ inline constexpr int kSmallPageSide = 96;           ///< Pixels of the longer si
 struct SmallPage {
   int number = 0;  ///< Of its maze, from 1.
   Bitmap picture;
+};
+
+/// A file that was written for a book alone.
+struct SavedForBook {
+  FilePlace place;
+  std::optional<FileMark>
+      mark;  ///< As it was written: one that a person has saved over since is the person's.
 };
 
 /// How a book ended.
@@ -50,10 +58,10 @@ struct BookMaking {
   bool stopping = false;  ///< A person wants it to end.
   bool pagesShown = false;
   std::size_t done = 0, all = 0;
-  std::deque<SmallPage> pages;   ///< They stay when it is done, until the next book.
-  std::filesystem::path file;    ///< The book.
-  std::vector<FilePlace> saved;  ///< What was written for it alone, and goes where it is not made.
-  std::uint64_t revision = 1;    ///< Grows with every change of this.
+  std::deque<SmallPage> pages;      ///< They stay when it is done, until the next book.
+  std::filesystem::path file;       ///< The book.
+  std::vector<SavedForBook> saved;  ///< These go where it is not made.
+  std::uint64_t revision = 1;       ///< Grows with every change of this.
 };
 
 struct BookPanel {

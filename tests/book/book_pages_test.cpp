@@ -67,7 +67,7 @@ class ARun : public ::testing::Test {
     BookList list = emptyList(run.part);
     const int first = run.part ? run.part->number : 1;
     const int step = run.part ? run.part->of : 1;
-    BookPages pages(plan_, run.output.parent_path());
+    BookPages pages(plan_, run);
     std::vector<int> numbers;
     for (int i = first; i <= kMazes; i += step) numbers.push_back(i);
     std::vector<std::jthread> workers;
@@ -127,6 +127,27 @@ class ARun : public ::testing::Test {
 
 using Names = std::vector<std::string>;
 
+TEST_F(ARun, LeavesItsFilesInTheFolderThatItBeganIn) {
+  const TempFolder elsewhere;
+  const fs::path folder = temp_.path() / "books";
+  const fs::path away = temp_.path() / "away";
+  fs::create_directory(folder);
+  BookRun run = run_;
+  run.output = folder / "book.pdf";
+  run.list = folder / "book.json";
+  BookList list = emptyList({});
+  BookPages pages(plan_, run);
+  for (int number = 1; number <= kMazes; ++number) {
+    EXPECT_TRUE(pages.take(maze(number)));
+    list.mazes.push_back(maze(number).record);
+  }
+  fs::rename(folder, away);
+  fs::create_directory_symlink(elsewhere.path(), folder);
+  EXPECT_TRUE(pages.finish(list, run, {}));
+  EXPECT_TRUE(fs::exists(away / "book.pdf") && fs::exists(away / "book.json"));
+  EXPECT_TRUE(fs::is_empty(elsewhere.path()));
+}
+
 TEST_F(ARun, LeavesTheBookAloneWhereNothingElseIsAskedFor) {
   ASSERT_TRUE(make(run_));
   EXPECT_EQ(files(), Names({"book.pdf"}));
@@ -177,14 +198,14 @@ TEST_F(ARun, CanHaveItsAnswersInAFileOfTheirOwn) {
 }
 
 TEST_F(ARun, OfWhichNoMazeCouldBeMadeLeavesNothing) {
-  BookPages pages(plan_, temp_.path());
+  BookPages pages(plan_, run_);
   BookList list = emptyList();
   EXPECT_FALSE(pages.finish(list, run_, {}));
   EXPECT_EQ(files(), Names());
 }
 
 TEST_F(ARun, ThatIsStoppedLeavesNothing) {
-  BookPages pages(plan_, temp_.path());
+  BookPages pages(plan_, run_);
   BookList list = emptyList();
   ASSERT_TRUE(pages.take(maze(1)));
   list.mazes = {maze(1).record};
@@ -356,7 +377,7 @@ TEST_F(FilesOfARun, StayAsTheyWereWhenTheDiskIsFull) {
   // The bare pages are refused, or the book is that comes of them.
   for (const auto bytes : {whole / 3, whole - 100}) {
     const FullDisk full(bytes);
-    BookPages pages(plan_, temp_.path());
+    BookPages pages(plan_, run_);
     BookList list = emptyList();
     bool refused = false;
     for (int i = 1; i <= kMazes; ++i) {
@@ -381,7 +402,7 @@ TEST_F(FilesOfARun, StayAsTheyWereOnADiskThatFillsUp) {
   const auto outcome = onSmallDisk(temp_.path(), 64, [&] {
     temp_.put("book.pdf", "old");
     run_.mayReplace = true;
-    BookPages pages(plan_, temp_.path());
+    BookPages pages(plan_, run_);
     BookList list = emptyList();
     bool refused = false;
     for (int i = 1; i <= kMazes && !refused; ++i) {

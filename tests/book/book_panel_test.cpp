@@ -184,6 +184,16 @@ TEST(ABookThatIsNotMade, LeavesNothingAndSaysWhy) {
   }
 }
 
+TEST(ABookThatIsNotMade, LeavesADrawingThatAPersonHasSavedOverItsOwn) {
+  Author a;
+  a.accept();
+  a.desktop.look([&a](Program&) { a.temp.put("book-1.maze", "a person's"); });
+  a.news(Author::ended({0, true, {}}));
+  a.run();
+  EXPECT_EQ(a.temp.get("book-1.maze"), "a person's");
+  EXPECT_FALSE(a.has("book-1.bmp"));
+}
+
 TEST(ABookWithMazesThatAreMissing, SaysWhichIsTheFirst) {
   Author a;
   a.accept();

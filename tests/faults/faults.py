@@ -103,12 +103,12 @@ class Words:
 def yesterday(words):
     words.take("room").save("cat").take("two").save("cat")
     words.load_set("alpha").save_set("wave").load_set("beta").save_set("wave").load_set("alpha")
-    return words.say("tick autosave").sheet(3)
+    return words.say("tick autosave").sheet(3).say('export "tide.png"')
 
 
 def today(words):
     words.take("room").say("tick autosave").save("cat").take("two").save("dog")
-    words.load_set("beta").save_set("wave").save_set("tide").sheet(5).job()
+    words.load_set("beta").save_set("wave").save_set("tide").sheet(5).job().say('export "tide.png"')
     return words.say("key 76", "key 76", "tick autosave").save("cat").say("close")
 
 
@@ -153,6 +153,10 @@ def is_whole_bitmap(data):
     size, = struct.unpack_from("<I", data, 2)
     width, height = struct.unpack_from("<ii", data, 18)
     return size == len(data) == 54 + (3 * width + 3) // 4 * 4 * height
+
+
+def is_whole_png(data):
+    return data.startswith(b"\x89PNG\r\n\x1a\n") and data.endswith(b"IEND\xaeB`\x82")
 
 
 def is_whole_document(data):
@@ -285,6 +289,8 @@ class Machine:
             present = tuple(self.bytes_of(work / (base + e)) for e in endings)
             before = tuple(self.bytes_of(work / (base + e + "~")) for e in endings)
             known = generations[1:]
+            if base == "cat":
+                hold(vanished or (work / "tide.png").exists(), "the export is lost")
             if vanished:
                 # What is saved later is another drawing, of what was left: it is whole all the same.
                 records = [data for e, data in zip(endings * 2, present + before) if e != ".bmp" and data is not None]
@@ -301,12 +307,14 @@ class Machine:
             name = path.name.rstrip("~")
             if name.endswith(".bmp"):
                 hold(is_whole_bitmap(data), f"{path.name} is no whole picture: {len(data)} bytes")
+            elif name.endswith(".png"):
+                hold(is_whole_png(data), f"{path.name} is no whole picture: {len(data)} bytes")
             elif name.endswith(".pt"):
                 hold(re.fullmatch(rb"(\d\r\n|\d,)+9999,88\r\n", data), f"{path.name} is no whole pattern: {data!r}")
             elif name.endswith(".pdf"):
                 hold(is_whole_document(data), f"{path.name} is no whole document: {len(data)} bytes")
             elif name.endswith(".json"):
-                json.loads(data)
+                hold(data.rstrip().endswith(b"}") and json.loads(data), f"{path.name} is no whole list")
 
     def check_names(self, folder, name):
         plain = self.reference(name).plain
@@ -341,6 +349,7 @@ class Machine:
     def check_book(self, folder):
         for name in ("book.pdf", "book.json"):
             hold((folder / "out" / name).exists(), f"{name} is lost")
+        self.check_whole(folder / "out")
         self.sound(folder, self.book_command(folder))
         names = {path.name for path in (folder / "out").iterdir()}
         hold(names == {"mazes.pdf", "book.pdf", "book.json"}, f"left behind: {sorted(names)}")

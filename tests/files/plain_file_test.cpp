@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -232,6 +233,18 @@ TEST(AFileThatGrows, IsNoLeftOverAsLongAsSomebodyWritesIt) {
   removeLeftOversOf(target);
   EXPECT_TRUE(growingTowards(target).empty()) << "nobody does any more";
   EXPECT_EQ(temp.get("a.bmp"), "other");
+}
+
+TEST(AFileThatCannotBeOpened, IsNoLeftOver) {
+  const TempFolder temp;
+  temp.put("cat.bmp.building", "of another person");
+  rlimit before{};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+  const rlimit none{0, before.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+  removeLeftOver(temp.path() / "cat.bmp.building");
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+  EXPECT_EQ(temp.get("cat.bmp.building"), "of another person");
 }
 
 TEST(AReplacedFile, IsWholeHoweverManyReplaceIt) {

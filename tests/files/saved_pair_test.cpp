@@ -166,6 +166,31 @@ TEST(ARecovery, TouchesNoFilesThatAreNotTheProgrammes) {
   for (const std::string& name : links) EXPECT_TRUE(fs::is_symlink(temp.path() / name)) << name;
 }
 
+TEST(ALinkCalledAsARecordThatIsReady, TakesNoDrawingsPlace) {
+  Pair p;
+  const TempFolder elsewhere;
+  elsewhere.put("mine", "precious");
+  p.oldPair();
+  fs::create_symlink(elsewhere.path() / "mine", p.paths.readyRecord().path());
+  recoverPair(p.paths);
+  p.expect("old record", "old bitmap");
+  EXPECT_EQ(elsewhere.get("mine"), "precious");
+}
+
+TEST(AnExportThatWasKilled, KeepsTheOneBeforeAndLeavesNothingElse) {
+  const TempFolder temp;
+  temp.put("a.png", "new");
+  temp.put("a.png~.building", "old");
+  temp.put("b.svg", "kept");
+  temp.put("b.svg.abcdefgh.building", "half");
+  const WorkFolder folder(temp.path());
+  recoverSaves(folder);
+  folder.removeLeftOvers();
+  EXPECT_EQ(temp.get("a.png") + temp.get("a.png~") + temp.get("b.svg"), "newoldkept");
+  for (const char* name : {"a.png~.building", "b.svg.abcdefgh.building"})
+    EXPECT_FALSE(fs::exists(temp.path() / name)) << name;
+}
+
 TEST(ARecovery, KeepsTheSetThatWasReplaced) {
   for (const std::string name : {"wave.pat", "wave.3d-pat", "WAVE.3D-PIPE-PAT"}) {
     const TempFolder temp;

@@ -14,6 +14,15 @@
 namespace gridwright::test {
 namespace {
 
+TEST(ATextThatSaysItIsWithoutEnd, IsRefusedAndTakesNoMemoryForIt) {
+  const TempFolder temp;
+  temp.put("Left.pt", "1");
+  std::filesystem::resize_file(temp.path() / "Left.pt", std::uintmax_t{1} << 40);
+  const auto text = WorkFolder(temp.path()).readText("Left.pt");
+  ASSERT_FALSE(text);
+  EXPECT_EQ(text.fault().kind, Fault::Kind::malformed);
+}
+
 TEST(AName, LeadsToItsExactSpellingFirst) {
   const TempFolder temp;
   temp.put("left.pt", "1");

@@ -4,6 +4,7 @@
 
 #include "session/input.h"
 #include "session/prepare_panel.h"
+#include "support/disk_session.h"
 #include "support/world.h"
 
 namespace gridwright::test {
@@ -564,6 +565,19 @@ TEST(TheSheetInAnotherProgram, IsWrittenAndOpenedAndWhereThereIsNoneALineSaysSo)
   s.desktop.look(
       [](Program& p) { EXPECT_TRUE(p.notices.words().starts_with("sheet.png could not be written")); });
   s.finish();
+}
+
+TEST(ASheetForAnotherProgram, LeavesWhatSomebodyCalledSoBesideItAndGivesWayToItselfAlone) {
+  const TempFolder temp;
+  temp.put("sheet.png", "a person's");
+  DiskSession s(temp.path(), plainBitmap(70, 50, kNavy));
+  for (const auto& action : {&workshop, &editelsewhere, &editelsewhere}) {
+    s.desktop.act([action](Program& p) { action(p); });
+    s.desktop.pumpsPass(2);
+  }
+  s.run();
+  EXPECT_EQ(temp.get("sheet.png~"), "a person's");
+  EXPECT_NE(temp.get("sheet.png"), "a person's");
 }
 
 TEST(AWindowClosedInMidStroke, KeepsTheSheetAsLastSheet) {

@@ -100,8 +100,11 @@ class Writing {
 
 }  // namespace
 
-BookPages::BookPages(BookPlan plan, const fs::path& folder, BookPictures* pictures)
-    : plan_(std::move(plan)), store_(folder), pictures_(pictures) {}
+BookPages::BookPages(BookPlan plan, const BookRun& run, BookPictures* pictures)
+    : plan_(std::move(plan)),
+      places_(holdFiles(run)),
+      store_(run.output.parent_path()),
+      pictures_(pictures) {}
 
 Outcome<Done> BookPages::take(const MadeMaze& made) {
   if (pictures_ != nullptr) {
@@ -123,7 +126,7 @@ Outcome<Done> BookPages::finish(BookList& list, const BookRun& run, const IsStop
     planned = planPages(plan_, list.mazes);
   }
   const Writing writing(list, store_, run, isStopped);
-  NewFiles files(run.mayReplace);
+  NewFiles files(places_, run.mayReplace);
   Outcome<Done> done = list.part ? writing.part(files) : writing.book(files, planned);
   if (done && !run.list.empty()) done = writing.list(files);
   if (!done) return done;
@@ -149,7 +152,7 @@ Outcome<BookList> joinBook(const BookRun& run, const IsStopped& isStopped) {
   if (!list) return list.fault();
   if (auto why = whyNotAnswersFile(list.value().plan, run))
     return Fault{Fault::Kind::malformed, *std::move(why)};
-  BookPages pages(list.value().plan, run.output.parent_path());
+  BookPages pages(list.value().plan, run);
   for (const PartDocument& part : parts) {
     const auto taken = pages.take(part);
     if (!taken) return taken.fault();

@@ -1,16 +1,15 @@
 // From made mazes to the files of a book.
 //
-//   BookPages pages(plan, folder);
+//   BookPages pages(plan, run);
 //   pages.take(made);                // by any thread, whenever a maze is made
 //   pages.finish(list, run, stop);   // once, when all are
 #pragma once
-
-#include <filesystem>
 
 #include "canvas/outcome.h"
 #include "platform/book/bare_store.h"
 #include "platform/book/book_document.h"
 #include "platform/book/book_record.h"
+#include "platform/book/new_files.h"
 
 namespace gridwright::book {
 
@@ -19,9 +18,10 @@ class PartDocument;
 
 class BookPages {
  public:
-  /// Bare pages wait in a file without a name in `folder`, which is that of the book.
+  /// Bare pages wait in a file without a name in the folder of the run's book. The folders of all its files
+  /// are held from now on.
   /// \param pictures take each maze too, and their names with the files of the book; null for none.
-  BookPages(BookPlan plan, const std::filesystem::path& folder, BookPictures* pictures = nullptr);
+  BookPages(BookPlan plan, const BookRun& run, BookPictures* pictures = nullptr);
 
   /// Turns a maze into its bare page and keeps that. Threads may do so at once, and do the work beside each
   /// other. \returns a Fault where the disk takes no more.
@@ -36,6 +36,7 @@ class BookPages {
 
  private:
   const BookPlan plan_;
+  const HeldFiles places_;
   BareStore store_;
   BookPictures* pictures_;
 };

@@ -62,14 +62,20 @@ Outcome<Done> mayWrite(const BookRun& run) {
   return Done{};
 }
 
-NewFiles::NewFiles(bool mayReplace) : mayReplace_(mayReplace) {}
+HeldFiles holdFiles(const BookRun& run) {
+  HeldFiles places;
+  for (const fs::path& path : filesOf(run)) places.emplace(path, FilePlace(path).held());
+  return places;
+}
+
+NewFiles::NewFiles(const HeldFiles& places, bool mayReplace) : places_(places), mayReplace_(mayReplace) {}
 NewFiles::~NewFiles() = default;
 
 Outcome<QIODevice*> NewFiles::begin(const fs::path& target) {
-  FilePlace place = FilePlace(target).held();
+  const FilePlace& place = places_.at(target);
   auto file = std::make_unique<GrowingFile>(place);
   if (!file->isOpen()) return notWritable(target, "can't be written");
-  begun_.push_back({target, std::move(place), std::move(file)});
+  begun_.push_back({target, place, std::move(file)});
   return begun_.back().file.get();
 }
 

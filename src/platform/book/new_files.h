@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,10 +32,16 @@ std::optional<std::string> whyOneFile(const BookRun& run);
 /// folder is not there or takes no files.
 Outcome<Done> mayWrite(const BookRun& run);
 
+/// Where a run's files will lie, by their names: each in the folder that the name leads to now, which is
+/// held.
+using HeldFiles = std::map<std::filesystem::path, FilePlace>;
+HeldFiles holdFiles(const BookRun& run);
+
 class NewFiles {
  public:
+  /// \param places of all that will be begun; they stay as long as this.
   /// \param mayReplace whether a file that is there may give way.
-  explicit NewFiles(bool mayReplace);
+  NewFiles(const HeldFiles& places, bool mayReplace);
   ~NewFiles();
   NewFiles(const NewFiles&) = delete;
   NewFiles& operator=(const NewFiles&) = delete;
@@ -52,6 +59,7 @@ class NewFiles {
     FilePlace target;            ///< In the folder that it led to at the beginning.
     std::unique_ptr<GrowingFile> file;
   };
+  const HeldFiles& places_;
   bool mayReplace_;
   std::vector<Begun> begun_;
 };

@@ -114,7 +114,7 @@ class Run {
     BookPictures pictures(line_.plan, line_.run);
     if (const auto begun = pictures.begin(mazesAsked(line_.plan, sources.count())); !begun)
       return complain(begun.fault().words);
-    BookPages pages(line_.plan, line_.run.output.parent_path(), &pictures);
+    BookPages pages(line_.plan, line_.run, &pictures);
     MadeMazes made =
         makeMazes(line_.plan, line_.run, sources, pages, ears_.progress, ears_.mazeTaken, ears_.isStopped);
     ears_.mazesEnd();

@@ -72,8 +72,10 @@ Outcome<Done> Printing::page(const BitmapView& picture, const PageLook& look) {
   printer_.reset();  // once it has refused, the rest of the document follows into the PDF
   if (document_ == nullptr) {
     const auto place = freePlace(folder_);
-    if (!place) documentFailed_ = true;
-    if (!place) return Fault{Fault::Kind::notWritable, folder_.presentPath().string()};
+    if (!place) {
+      documentFailed_ = true;
+      return Fault{Fault::Kind::notWritable, folder_.presentPath().string()};
+    }
     document_ = std::make_unique<PdfDocument>(*place, pdfPaper_);
   }
   auto added = document_->addPage(picture, look);

@@ -176,7 +176,7 @@ bool WorkshopPanel::isBehind(const Program& program) const {
 }
 
 void WorkshopPanel::mirror(Program& program) {
-  Workshop& w = program.workshop;
+  const Workshop& w = program.workshop;
   prepareShown_ = program.prepare.revision;
   prepare_->mirror(program.prepare);
   mirroring_ = true;

@@ -100,7 +100,7 @@ struct PdfDocument::Writer {
   QPainter painter;  // ends before the writer and the file do
 };
 
-PdfDocument::PdfDocument(FilePlace place, const UsualPaper& paper)
+PdfDocument::PdfDocument(const FilePlace& place, const UsualPaper& paper)
     : place_(place.held()),
       writer_(isNoPlainFile(place_) ? nullptr : std::make_unique<Writer>(place_, paper)) {}
 

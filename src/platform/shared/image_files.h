@@ -33,7 +33,7 @@ class PdfDocument {
  public:
   /// Nothing but a plain file, or a free name, is taken: else there is a Fault from the first page on.
   /// \param paper of pages for which nobody has set another.
-  explicit PdfDocument(FilePlace place, const UsualPaper& paper = {});
+  explicit PdfDocument(const FilePlace& place, const UsualPaper& paper = {});
   ~PdfDocument();
   PdfDocument(const PdfDocument&) = delete;
   PdfDocument& operator=(const PdfDocument&) = delete;
