@@ -13,8 +13,9 @@ bool takeBitmapOver(const PairPaths& paths) {
 
 /// Nothing of a save is left. The building record goes last: it says that what is held was not replaced.
 void forgetSave(const PairPaths& paths) {
-  if (isThere(paths.readyRecord()))
-    renameFile(paths.readyRecord(), paths.buildingRecord());  // no promise any more
+  // No promise any more, before anything goes.
+  if (isThere(paths.readyRecord()) && !isNoPlainFile(paths.readyRecord()))
+    renameFile(paths.readyRecord(), paths.buildingRecord());
   dropEarlier(paths.record);
   dropEarlier(paths.bitmap);
   removeLeftOver(paths.buildingBitmap());
