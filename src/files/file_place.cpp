@@ -75,7 +75,7 @@ std::vector<std::string> HeldFolder::names() const {
   return names;
 }
 
-FilePlace::FilePlace(fs::path path, ByPath /*by*/) : byPath_(true), name_(std::move(path).native()) {}
+FilePlace::FilePlace(const fs::path& path, ByPath /*by*/) : byPath_(true), name_(path.native()) {}
 
 FilePlace::FilePlace(HeldFolder folder, std::string name)
     : folder_(std::move(folder)), byPath_(false), name_(std::move(name)) {}

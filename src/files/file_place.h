@@ -75,7 +75,7 @@ class FilePlace {
 
  private:
   struct ByPath {};
-  FilePlace(std::filesystem::path path, ByPath);
+  FilePlace(const std::filesystem::path& path, ByPath);
 
   HeldFolder folder_;
   bool byPath_;
