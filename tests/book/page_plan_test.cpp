@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -33,8 +34,9 @@ std::vector<MazeRecord> mazes(int count, int width = 400, int height = 400) {
 }
 
 std::vector<int> pagesOf(const std::vector<MazeRecord>& records, int MazeRecord::*page) {
-  std::vector<int> pages;
-  for (const MazeRecord& record : records) pages.push_back(record.*page);
+  std::vector<int> pages(records.size());
+  std::transform(records.begin(), records.end(), pages.begin(),
+                 [page](const MazeRecord& record) { return record.*page; });
   return pages;
 }
 

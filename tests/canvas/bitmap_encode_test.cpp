@@ -48,7 +48,7 @@ TEST(AnEncodedPicture, IsReadAgainAsItWas) {
 
 TEST(AnEncodedPicture, HoldsRowsThatAreAlikeInMemoryOnce) {
   Bitmap picture = motleyPicture(5, 6);
-  for (const int y : {1, 2, 4}) std::copy_n(picture.row(0), 5, picture.pixels.data() + y * 5);
+  for (const int y : {1, 2, 4}) std::copy_n(picture.row(0), 5, &pixelAt(picture, 0, y));
   const BitmapFilePieces file(picture);
   const auto& pieces = file.pieces();  // the header, then the rows from the bottom
   ASSERT_EQ(pieces.size(), 7U);
@@ -57,7 +57,7 @@ TEST(AnEncodedPicture, HoldsRowsThatAreAlikeInMemoryOnce) {
   EXPECT_NE(pieces[3].data(), pieces[4].data());
   EXPECT_EQ(pieces[2], pieces[4]) << "another row lies between them";
   const std::string whole = encodeBitmapFile(picture);
-  EXPECT_EQ(whole.size(), kHeaders + 6 * 16);
+  EXPECT_EQ(whole.size(), kHeaders + std::size_t{6} * 16);
   EXPECT_TRUE(samePicture(decodeBitmapFile(whole, 1000).value(), picture));
 }
 

@@ -197,9 +197,9 @@ TEST(ALargePicture, TakesItsPixelsAndLittleMore) {
     std::string head = fileOf(motley(8, 1, 2), {bits});
     poke(head, 18, 4000);
     poke(head, 22, 3000);
-    const auto row = static_cast<std::uintmax_t>((4000 * bits + 31) / 32 * 4);
+    const auto row = (std::uintmax_t{4000} * static_cast<unsigned>(bits) + 31) / 32 * 4;
     putLong(path, head, 200 + row * 3000);
-    EXPECT_LE(heldForReading(path, true), 4000U * 3000U * sizeof(Colour) + kBesidesPixels) << bits;
+    EXPECT_LE(heldForReading(path, true), std::size_t{4000} * 3000 * sizeof(Colour) + kBesidesPixels) << bits;
   }
 }
 

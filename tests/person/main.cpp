@@ -28,7 +28,7 @@ constexpr std::string_view kUsage =
 struct Wishes {
   int sessions = 10, inputs = 1000, seed = 1;
   int patience = 300;  ///< Seconds that one input may take.
-  int tries = 2000;   ///< To cut a script down.
+  int tries = 2000;    ///< To cut a script down.
   std::string replay;
   bool shorten = false;
 };
