@@ -89,7 +89,10 @@ std::string inQuotes(std::string_view text) { return "\"" + std::string(text) + 
 
 std::string textFor(ControlId box, Choices& choices) {
   const bool isNumber = box == ControlId::Text2 || box == ControlId::Text3 || box == ControlId::Text7;
-  if (choices.oneIn(12)) return std::string(static_cast<std::size_t>(choices.between(1, 300)), 'n');
+  if (choices.oneIn(12)) {
+    std::string longOne(static_cast<std::size_t>(choices.between(1, 300)), 'n');
+    return longOne;
+  }
   if (isNumber && !choices.oneIn(10))
     return box == ControlId::Text3 && !choices.oneIn(4) ? choices.numberBetween(1, 3)
                                                         : std::string(choices.oneOf(kNumbers));
@@ -211,7 +214,7 @@ std::string keyDeed(const Program& program, Choices& choices) {
 /// Until nothing more happens, which must come. Paper is looked at long, and so is a dead end by a pattern of
 /// hundreds of steps.
 std::string restDeed(const Program& program) {
-  constexpr std::int64_t kSmallestCell = 5 * 5, kPumpsForACell = 50'000;
+  constexpr std::int64_t kSmallestCell = 25, kPumpsForACell = 50'000;
   const std::int64_t area = std::int64_t{program.canvas.scaleWidth()} * program.canvas.scaleHeight();
   return "settle " + std::to_string((area / kSmallestCell + 1) * kPumpsForACell);
 }

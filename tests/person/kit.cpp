@@ -36,7 +36,8 @@ std::string bytesOf(const fs::path& path) {
 void fillBox(Bitmap& picture, int left, int top, Size size, Colour colour) {
   for (int y = std::max(top, 0); y < std::min(top + size.height, picture.height); ++y) {
     for (int x = std::max(left, 0); x < std::min(left + size.width, picture.width); ++x) {
-      picture.pixels[static_cast<std::size_t>(y * picture.width + x)] = colour;
+      picture.pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
+                     static_cast<std::size_t>(x)] = colour;
     }
   }
 }

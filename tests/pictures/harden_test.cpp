@@ -63,15 +63,17 @@ TEST(APictureWithoutAPart, IsPaperAndStays) {
 /// The mask without the pixels that stand alone, found one by one.
 Mask withoutLonely(const Mask& mask, Size size) {
   Mask kept = mask;
+  const auto at = [&](int x, int y) {
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(size.width) + static_cast<std::size_t>(x);
+  };
   const auto holds = [&](int x, int y) {
-    return x >= 0 && y >= 0 && x < size.width && y < size.height &&
-           mask[static_cast<std::size_t>(y * size.width + x)] != 0;
+    return x >= 0 && y >= 0 && x < size.width && y < size.height && mask[at(x, y)] != 0;
   };
   for (int y = 0; y < size.height; ++y) {
     for (int x = 0; x < size.width; ++x) {
       bool isLonely = true;
       for (int i = 0; i < 9; ++i) isLonely = isLonely && (i == 4 || !holds(x - 1 + i % 3, y - 1 + i / 3));
-      if (isLonely) kept[static_cast<std::size_t>(y * size.width + x)] = 0;
+      if (isLonely) kept[at(x, y)] = 0;
     }
   }
   return kept;

@@ -162,8 +162,10 @@ TEST_F(AWord, StandsWhereItIsWanted) {
     }
   }
   const WordInk middle = makeWords(wordsOf("Lea"), groundOf({900, 400}, 10), ink);
-  EXPECT_NEAR(middle.at.x, (900 - middle.picture.width) / 2, 1);
-  EXPECT_NEAR(middle.at.y, (400 - middle.picture.height) / 2, 1);
+  const int left = (900 - middle.picture.width) / 2;
+  const int top = (400 - middle.picture.height) / 2;
+  EXPECT_NEAR(middle.at.x, left, 1);
+  EXPECT_NEAR(middle.at.y, top, 1);
 }
 
 TEST_F(AWord, HasCapitalsAsHighAsAskedFor) {
@@ -263,7 +265,7 @@ TEST_F(AWord, WrittenFromTheRightBeginsThere) {
   double first = 0;
   double second = 0;
   for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-    const double x = static_cast<double>(i % static_cast<std::size_t>(picture.width));
+    const auto x = static_cast<double>(i % static_cast<std::size_t>(picture.width));
     if (picture.pixels[i] == kPalette[4]) first += x / static_cast<double>(inkIn(picture, kPalette[4]));
     if (picture.pixels[i] == kPalette[2]) second += x / static_cast<double>(inkIn(picture, kPalette[2]));
   }

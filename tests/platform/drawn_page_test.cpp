@@ -102,7 +102,7 @@ std::string labelsOf(const std::string& json) {
                  : line.substr(at + key.size(), line.find_last_not_of("\",") + 1 - at - key.size());
     };
     if (const auto page = value("\"index\": "); !page.empty()) labels += page + " ";
-    labels += value("\"/P\": \"u:");
+    labels += value(R"("/P": "u:)");
     if (const auto number = value("\"/St\": "); !number.empty()) labels += number + "|";
   }
   return labels;
@@ -159,9 +159,10 @@ class APoster : public PagePrinter {
   static Colour joined(const std::vector<Bitmap>& sheets, double x, double y) {
     const int column = std::min(kColumns - 1, static_cast<int>(x / kWide));
     const int row = std::min(kRows - 1, static_cast<int>(y / kHigh));
-    return sheets[static_cast<std::size_t>(row * kColumns + column)].at(
-        static_cast<int>((kEdge + x - column * kWide) * kDotsAMillimetre),
-        static_cast<int>((kEdge + y - row * kHigh) * kDotsAMillimetre));
+    return sheets[static_cast<std::size_t>(row) * static_cast<std::size_t>(kColumns) +
+                  static_cast<std::size_t>(column)]
+        .at(static_cast<int>((kEdge + x - column * kWide) * kDotsAMillimetre),
+            static_cast<int>((kEdge + y - row * kHigh) * kDotsAMillimetre));
   }
 };
 

@@ -52,7 +52,8 @@ Bitmap cleared(Bitmap picture, Colour hole) {
 std::string exportsOf(const std::string& name) {
   std::string lines = "snapshot " + name + ".bmp\n";
   for (const char* ending : {"png", "svg", "pdf"}) {
-    lines += "export " + name + "." + ending + "\nexport " + name + "-clear." + ending + " clear=1\n";
+    lines.append("export ").append(name).append(".").append(ending);
+    lines.append("\nexport ").append(name).append("-clear.").append(ending).append(" clear=1\n");
   }
   return lines;
 }
@@ -189,16 +190,19 @@ TEST(AnExportOverAFile, KeepsTheOneBefore) {
   }
 }
 
+/// Behind these lines an export that cannot be written, and what is said of it.
+std::string refusedExport(const std::string& before, const fs::path& file, const std::string& name) {
+  return before + "pumps 2\nexport " + name + "\nexpect notice \"Nothing is exported: " + file.string() +
+         " can't be written\"\n";
+}
+
 TEST(AFolderThatTakesNoFiles, GetsNoExport) {
   Exports twin;
   fs::create_directory(twin.at("locked"));
   ReadOnly::giveAway(twin.temp.path());
   const ReadOnly locked(twin.at("locked"));
   for (const std::string name : {"locked/a.png", "locked/a.svg", "locked/a.pdf"}) {
-    EXPECT_EQ(twin.run(kDrawing + "pumps 2\nexport " + name + "\nexpect notice \"Nothing is exported: " +
-                       twin.at(name).string() + " can't be written\"\n")
-                  .words,
-              "");
+    EXPECT_EQ(twin.run(refusedExport(kDrawing, twin.at(name), name)).words, "");
     EXPECT_FALSE(twin.has(name));
   }
 }
@@ -207,13 +211,9 @@ TEST(AFullDisk, TakesNoExportAndLeavesWhatWasThere) {
   for (const std::string name : {"a.png", "a.svg", "a.pdf"}) {
     Exports twin;
     twin.temp.put(name, "before");
-    const std::string words = twin.temp.path().string() + "/" + name + " can't be written\"\n";
     {
       const FullDisk full(100);  // bytes a file; pictures in progress are kept in memory
-      EXPECT_EQ(twin.run("click Command2\npumps 2\nexport " + name +
-                         "\nexpect notice \"Nothing is exported: " + words)
-                    .words,
-                "");
+      EXPECT_EQ(twin.run(refusedExport("click Command2\n", twin.at(name), name)).words, "");
     }
     EXPECT_EQ(twin.temp.get(name), "before");
     for (const auto& entry : fs::directory_iterator(twin.temp.path())) {
