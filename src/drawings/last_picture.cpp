@@ -35,16 +35,7 @@ void tellIfUnwritable(Program& program) {
 /// before, and where it cannot nothing is written.
 template <class Save>
 bool saveOver(const FilePlace& place, bool isFirst, const Save& save) {
-  const bool holds = isFirst && !isNoPlainFile(place);
-  if (holds && !holdEarlier(place)) return false;
-  const bool saved = save();
-  if (!holds) return saved;
-  if (saved) {
-    keepEarlier(place);
-  } else {
-    dropEarlier(place);
-  }
-  return saved;
+  return isFirst && !isNoPlainFile(place) ? saveOverEarlier(place, save, false) : save();
 }
 
 /// \param place the folder where the name holds an earlier state of the same drawing; empty for none.

@@ -6,7 +6,6 @@
 
 #include <type_traits>
 
-#include "canvas/outcome.h"
 #include "files/file_place.h"
 
 namespace gridwright {
@@ -30,10 +29,12 @@ void keepEarlier(const FilePlace& target);
 void dropEarlier(const FilePlace& target);
 
 /// Writes over the target by `save`, which says by what it returns whether it did: what was there becomes
-/// NAME~. \returns what `save` did, or a notWritable Fault where what is there cannot be held.
+/// NAME~. \returns what `save` does, or `refused` where what is there cannot be held; nothing is written
+/// then.
 template <class Save>
-std::invoke_result_t<Save> saveOverEarlier(const FilePlace& target, const Save& save) {
-  if (!holdEarlier(target)) return Fault{Fault::Kind::notWritable, target.path().string()};
+std::invoke_result_t<Save> saveOverEarlier(const FilePlace& target, const Save& save,
+                                           std::invoke_result_t<Save> refused) {
+  if (!holdEarlier(target)) return refused;
   auto saved = save();
   if (saved) {
     keepEarlier(target);

@@ -26,9 +26,10 @@ Outcome<Done> saveSet(Program& program, const std::string& name) {
   const FilePlace target = program.files->resolve(name);
   if (isNoPlainFile(target)) return Fault{Fault::Kind::notPlain, target.path().string()};
   const bool over = isThere(target);
-  auto written = saveOverEarlier(target, [&] {
-    return program.files->writeText(name, formatSet(presentSet(program)), Overwrite::atOnce);
-  });
+  auto written = saveOverEarlier(
+      target,
+      [&] { return program.files->writeText(name, formatSet(presentSet(program)), Overwrite::atOnce); },
+      Fault{Fault::Kind::notWritable, target.path().string()});
   if (written && over) {
     program.notices.tell(target.filename() + " is saved; the one before it stays as " +
                          earlierName(target).filename());

@@ -96,6 +96,7 @@ Outcome<Done> write(Program& program, const ExportWish& wish, const FilePlace& p
   const Bitmap picture = takenPicture(program, wish.answer == false, wish.clear);
   const PictureFormat format = *formatOf(place.filename());
   if (format == PictureFormat::svg) {
+    removeLeftOversOf(place);  // the others' way of growing does that itself
     const auto written = replacePlainFile(place, svgOfTaken(program, picture));
     if (!written) return written.fault();
     return Done{};
@@ -116,8 +117,9 @@ std::string exported(Program& program, const ExportWish& wish, const FilePlace& 
   const std::string refused = "Nothing is exported: " + place.path().string() + " can't be written";
   // What a killed program left of it, also where it does not work.
   if (isHeld(place)) recoverEarlier(place);
-  removeLeftOversOf(place);
-  return saveOverEarlier(place, [&] { return write(program, wish, place); }) ? "" : refused;
+  const bool saved = saveOverEarlier(
+      place, [&] { return static_cast<bool>(write(program, wish, place)); }, false);
+  return saved ? "" : refused;
 }
 
 void tell(Program& program, const std::string& words, const fs::path& opens = {}) {

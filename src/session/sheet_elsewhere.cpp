@@ -42,7 +42,8 @@ void editelsewhere(Program& program) {
   // What this sheet or the other program left there gives way; a picture of somebody's own stays beside it.
   const bool isOurs = w.elsewhere && markOf(file) == w.mark;
   const auto save = [&] { return program.platform.savePng(w.sheet->picture(), file); };
-  if (const auto saved = isOurs ? save() : saveOverEarlier(file, save); !saved) {
+  const Fault refused{Fault::Kind::notWritable, file.path().string()};
+  if (const auto saved = isOurs ? save() : saveOverEarlier(file, save, refused); !saved) {
     program.notices.tell("sheet.png could not be written: " + saved.fault().words);
     return;
   }

@@ -146,7 +146,8 @@ TEST_F(AWordyPage, KeepsTheMarginsThatAreSet) {
   const Bitmap sheet = printed(plainBitmap(800, 600, kPalette[1]), look);
   const Square picture = boxOf(sheet, kPalette[1]);
   EXPECT_GE(picture.left, 84);
-  EXPECT_NEAR((picture.left + picture.right) / 2, (85 + 842 - 57) / 2, 2) << "in the middle of what is left";
+  const int middle = (picture.left + picture.right) / 2;
+  EXPECT_NEAR(middle, (85 + 842 - 57) / 2, 2) << "in the middle of what is left";
 }
 
 }  // namespace

@@ -50,7 +50,8 @@ struct Book : Session {
   void putPicture() const {
     Bitmap picture = plainBitmap(120, 120, kPalette[14]);
     for (int y = 20; y < 100; ++y) {
-      for (int x = 20; x < 100; ++x) picture.pixels[static_cast<std::size_t>(y * 120 + x)] = kPalette[1];
+      for (int x = 20; x < 100; ++x)
+        picture.pixels[static_cast<std::size_t>(y) * 120 + static_cast<std::size_t>(x)] = kPalette[1];
     }
     ASSERT_TRUE(writeBitmapFile(picture, fs::path(folder.path().toStdString()) / "free.bmp"));
   }

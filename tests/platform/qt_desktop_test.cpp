@@ -23,6 +23,7 @@
 #include "platform/shared/image_files.h"
 #include "qt_session.h"
 #include "session/input.h"
+#include "support/as_nobody.h"
 
 namespace gridwright {
 namespace {
@@ -235,8 +236,13 @@ std::string messageDuring(const std::function<void()>& action) {
 TEST(PagesThatCannotBeKept, AreToldOnceInTheWindow) {
   Session session;
   const std::string folder = session.folder.path().toStdString();
-  std::filesystem::remove_all(folder);
   const Bitmap page = plainBitmap(80, 60, kPalette[1]);
+  {
+    const test::ReadOnly locked(folder);
+    EXPECT_EQ(messageDuring([&] { session.desktop.printAlone(page, {}); }), kPagesLost);
+  }
+  EXPECT_EQ(messageDuring([&] { session.desktop.printAlone(page, {}); }), "");
+  std::filesystem::remove_all(folder);
   EXPECT_EQ(messageDuring([&] { session.desktop.printAlone(page, {}); }), kPagesLost);
   EXPECT_EQ(messageDuring([&] { EXPECT_FALSE(session.desktop.printForm(page, {})); }), "")
       << "the end tells it";

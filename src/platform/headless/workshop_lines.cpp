@@ -225,7 +225,7 @@ HeadlessDesktop::Turn HeadlessDesktop::copyfile(Program& program, const ScriptLi
 // As another program, or a person, takes a file away.
 HeadlessDesktop::Turn HeadlessDesktop::removefile(Program& program, const ScriptLine&) {
   std::error_code failed;
-  if (!std::filesystem::remove(program.files->path() / word(1), failed))
+  if (!std::filesystem::remove(program.files->presentPath() / word(1), failed))
     refuse("could not be removed: " + word(1));
   return Turn::again;
 }
